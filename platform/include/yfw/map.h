@@ -1,0 +1,129 @@
+/*
+ * The mapping framework: classification of requests, position in the tree, and the output.
+ *
+ * Conventions
+ * 1. Every text and node is borrowed for the call; what the framework keeps it copies.
+ * 2. Operations that answer a `cerrno` may fail; the module passes the code up unchanged unless stated. The others
+ *    cannot fail.
+ * 3. Called on the request's thread, with the context of that request.
+ */
+#ifndef YFW_MAP_H
+#define YFW_MAP_H
+
+#include <stdint.h>
+
+#include "yfw/context.h"
+#include "yfw/datatree.h"
+#include "yfw/status.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* ---- Classification ---------------------------------------------------------------------------------------------- */
+
+/* Whether two tags or two namespaces match. Non-zero: they do. A null text matches nothing. */
+int yfw_map_do_these_match(const char* one, const char* other);
+
+/* Whether the node, or the request around it, deletes. Non-zero: it does. */
+int yfw_map_is_request_delete(const yfw_datatree* node);
+
+/* Whether the node creates or merges something in an edit. Non-zero: it does. Zero in reads and deletes. */
+int yfw_map_is_request_add(yfw_map_ctx ctx, const yfw_datatree* node);
+
+/*
+ * Tells the framework that the request failed at the current node. Called once, by the handler that finds the error,
+ * for the codes YFW_INVALID_ARGUMENTS (null arguments only), YFW_UNSUPPORTED_NODE, YFW_BAD_LIST_KEY,
+ * YFW_LIST_KEY_DELETED, YFW_UNKNOWN_AUGMENT, YFW_UNSUPPORTED_INTERVAL and YFW_NOTHING_TO_DELETE. A whole-subtree
+ * expansion ignores the results of what it calls, so a call may be followed by a walk that succeeds: only the entry
+ * walker's status says whether the request failed.
+ */
+void yfw_oc_error_path(yfw_map_ctx ctx);
+
+/* ---- Position in the request ------------------------------------------------------------------------------------- */
+
+/* Kinds of nodes on the hierarchy. */
+enum { YFW_HIERARCHY_CONTAINER = 1, YFW_HIERARCHY_LIST = 2 };
+
+/* Makes a node the current position. `kind` is YFW_HIERARCHY_*. Balanced by yfw_map_remove_from_node_hierarchy(). */
+void yfw_map_add_to_node_hierarchy(yfw_map_ctx ctx, const yfw_datatree* node, int kind);
+
+/* Undoes the former when the walker leaves the node. */
+void yfw_map_remove_from_node_hierarchy(yfw_map_ctx ctx, const yfw_datatree* node);
+
+/* Tells which list, by its absolute path without keys, the keys that follow belong to. */
+cerrno yfw_map_update_current_list_node(yfw_map_ctx ctx, const char* list_path);
+
+/*
+ * Checks that the target of a list key's leafref exists. `list_path` is the list, `container` the child ("config") that
+ * holds the target, `key` the key leaf's tag, `entry` the list entry. 0 when it exists; a module reports any other
+ * answer and ends its walk with it.
+ */
+cerrno yfw_map_check_oc_leafref(yfw_map_ctx ctx, const char* list_path, const char* container, const char* key,
+                                const yfw_datatree* entry);
+
+/*
+ * Looks up a leaf of an enclosing list entry of the request. `path` is the list, `leaf` the leaf's name, `value` the
+ * place for the answer, which the framework owns; null when there is none.
+ */
+cerrno yfw_map_get_node_info(yfw_map_ctx ctx, const char* path, const char* leaf, const char** value);
+
+/* ---- Output ------------------------------------------------------------------------------------------------------ */
+
+/*
+ * Adds one node to the output. `path` is absolute and without keys; a list flag of 1 with a path that ends at a list (a
+ * trailing slash is the same) opens an entry, and the key leaves that follow give it its keys. `ns` is the namespace of
+ * the target. `value` is null for a list, a container or a delete. `source` is the input node whose edit operation the
+ * new node takes; null in reads. `word` is 0, except for one native list handler that passes the address of the
+ * request's current-list slot. `list_flag` is 1 for a list entry and for the keys that the interface key adds.
+ * `last_flag` is 1 where a converter computed the value and 0 where it was copied; list-key handlers pass their own.
+ */
+cerrno yfw_map_datatree_add_path_flagged(yfw_map_ctx ctx, yfw_datatree* output, const char* path, const char* ns,
+                                         const char* value, const yfw_datatree* source, uintptr_t word, int list_flag,
+                                         int last_flag);
+
+/*
+ * Finds the output list entry whose key leaf `key_name` has the value `key_value`, or creates it, and stores it in
+ * `*entry`.
+ */
+cerrno yfw_map_search_or_add_list(yfw_map_ctx ctx, yfw_datatree* output, yfw_datatree** entry, const char* list_path,
+                                  const char* key_value, const char* key_name, const char* ns);
+
+/* The output path list, kept by the native walkers around the children of a list entry. */
+void yfw_add_to_output_list_ctx(yfw_map_ctx ctx, yfw_datatree* output);
+void yfw_remove_from_output_list_ctx(yfw_map_ctx ctx, yfw_datatree* output);
+
+/* Cuts the output path list back to a list's path. */
+void yfw_map_copy_trim_path_list_ctx(yfw_map_ctx ctx, const char* list_path);
+
+/* ---- The itree stack --------------------------------------------------------------------------------------------- */
+
+/* Called by the list walker for one further entry; answers as a list-key handler does. */
+typedef cerrno (*yfw_itree_callback)(yfw_map_ctx ctx, const yfw_datatree* entry, yfw_datatree* output);
+
+/*
+ * One entry of the stack. With a null callback it holds the children of a node that is walked as a whole. With a
+ * callback it is an iterator: a list-key handler pushes it when one list entry of the request stands for more, and
+ * `children` are the further entries. The list walker walks each after the first and takes the iterator off again.
+ */
+typedef struct yfw_itree_entry {
+  yfw_datatree* children;
+  unsigned int child_count;
+  yfw_itree_callback callback;
+} yfw_itree_entry;
+
+void yfw_map_util_itree_stack_push(yfw_map_ctx ctx, yfw_datatree* children, unsigned int child_count,
+                                   yfw_itree_callback callback);
+void yfw_map_util_itree_stack_pop(yfw_map_ctx ctx);
+
+/* The depth of the stack. */
+uint16_t yfw_map_util_itree_stack_size(yfw_map_ctx ctx);
+
+/* Reads the top entry without taking it off; the stack is not empty. */
+void yfw_map_util_itree_stack_peak(yfw_map_ctx ctx, yfw_itree_entry* top);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif
