@@ -1,0 +1,185 @@
+// The handler frame: how every exported function of a mapping module records that it ran, what went wrong and how it
+// ended. Only the frame writes records.
+//
+// Each record goes to two sinks: the framework's debug log, when its filter lets the level pass, and the trace buffer,
+// when tracing is on. With both off nothing is formatted.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "yfw/context.h"
+#include "yfw/datatree.h"
+#include "yfw/status.h"
+
+namespace ymap {
+
+// The functions that the frame runs and the engines dispatch to.
+using NodeHandler = cerrno(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+using ContainerHandler = cerrno(yfw_map_ctx ctx, const yfw_datatree* in, unsigned int child_count, yfw_datatree* out);
+
+// Every message of the module. Those of the same group of handlers stand together, so that a handler's site words cover
+// a prefix of the list.
+enum class Message : std::uint8_t {
+  // every handler
+  kStart,
+  kEnd,
+  kInvalidArguments,
+  // walkers
+  kSubtreesMissing,
+  kTagMissing,
+  kUnsupportedTag,
+  kDeleteWithSubtree,
+  kKeysMissing,
+  kKeyEmpty,
+  kKeyInvalid,
+  kKeyDeleted,
+  kLeafrefRefused,
+  kProcessingTag,
+  kTagIgnored,
+  kXpathErrorNode,
+  // hand-written handlers
+  kNothingToEvaluate,
+  kInterfaceNameMissing,
+  kBindFailed,
+  kFindFailed,
+  kIterationFailed,
+  kIntervalRefused,
+  kCopyFailed,
+  kIntervalCopyFailed,
+  kBoundedCopyFailed,
+  kCompareFailed,
+  kBundleNameMissing,
+  kBundleNameFailed,
+  kModeIsOn,
+  kCount
+};
+
+// How many site words a handler needs: one for each message that it may record.
+inline constexpr std::size_t kFrameSites = static_cast<std::size_t>(Message::kInvalidArguments) + 1;
+inline constexpr std::size_t kWalkerSites = static_cast<std::size_t>(Message::kXpathErrorNode) + 1;
+inline constexpr std::size_t kAllSites = static_cast<std::size_t>(Message::kCount);
+
+// The log facility's words, one for each place that emits a debug-log line. They start as all ones; the module only
+// hands out their addresses.
+template <std::size_t Sites>
+struct SiteWords {
+  std::uint32_t word[Sites];
+};
+
+template <std::size_t Sites>
+consteval SiteWords<Sites> unset_words() {
+  SiteWords<Sites> words{};
+  for (std::uint32_t& word : words.word) word = 0xFFFFFFFF;
+  return words;
+}
+
+// The identity of a handler, under which it records.
+struct Handler {
+  const char* name;
+  const char* file;
+  int line;  // where the handler's row or function stands
+  const char* prototype;
+  std::uint32_t* words;  // indexed by Message
+};
+
+// Ends the process through __assert_fail() when the context is null: that is a programming error of the framework.
+void assert_context(const Handler& handler, yfw_map_ctx ctx);
+
+// Writes one record. `texts` are the message's arguments, all of them texts.
+template <typename... Texts>
+void record(const Handler& handler, yfw_map_ctx ctx, Message message, Texts... texts);
+
+extern template void record(const Handler&, yfw_map_ctx, Message);
+extern template void record(const Handler&, yfw_map_ctx, Message, const char*);
+extern template void record(const Handler&, yfw_map_ctx, Message, const char*, const char*);
+
+// The line number that a handler's records of one message carry: the line of the handler's row and the message's
+// ordinal as two digits, so that Start, each error and End differ and the row is found by dropping the last two.
+int record_line(const Handler& handler, Message message);
+
+// One run of a handler, from Start to End.
+class Activation {
+ public:
+  // Checks the context and records Start.
+  Activation(const Handler& handler, yfw_map_ctx ctx) : handler_(handler), ctx_(ctx) {
+    assert_context(handler, ctx);
+    record(Message::kStart);
+  }
+
+  // Whether the input node and the output tree are there. If not, that is recorded and the error path is marked, and
+  // the handler leaves with YFW_INVALID_ARGUMENTS and without End.
+  [[nodiscard]] bool has_arguments(const void* in, const void* out) const;
+
+  void record(Message message) const { ymap::record(handler_, ctx_, message); }
+  void record(Message message, const char* text) const { ymap::record(handler_, ctx_, message, text); }
+  void record(Message message, const char* text, const char* other) const {
+    ymap::record(handler_, ctx_, message, text, other);
+  }
+
+  // Records a failed platform call with the handler's name and the text of its code.
+  void record_failed_call(Message message, cerrno status) const;
+
+  // Records End and answers `status`.
+  [[nodiscard]] cerrno end(cerrno status) const {
+    record(Message::kEnd);
+    return status;
+  }
+
+  // Records an error or event, then End, and answers `status`.
+  [[nodiscard]] cerrno end_with(Message message, cerrno status) const {
+    record(message);
+    return end(status);
+  }
+
+  [[nodiscard]] const char* name() const { return handler_.name; }
+
+ private:
+  const Handler& handler_;
+  yfw_map_ctx ctx_;
+};
+
+// Runs `work` in the frame of a handler that takes an input node and an output tree. `work` gets the activation and
+// answers the status.
+template <typename Work>
+cerrno run_in_frame(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, const yfw_datatree* out,
+                    Work work) {
+  const Activation run(handler, ctx);
+  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
+  return run.end(work(run));
+}
+
+}  // namespace ymap
+
+// Defines the identity of the function it stands in, as the local `handler`.
+#define YMAP_HANDLER_IDENTITY(NAME, PROTOTYPE, SITES)                                                   \
+  static constinit auto site_words = ymap::unset_words<SITES>();                                        \
+  static constexpr ymap::Handler handler {                                                              \
+    .name = #NAME, .file = __FILE__, .line = __LINE__, .prototype = PROTOTYPE, .words = site_words.word \
+  }
+
+#define YMAP_NODE_PROTOTYPE(NAME) "cerrno " #NAME "(yfw_map_ctx, const yfw_datatree *, yfw_datatree *)"
+#define YMAP_CONTAINER_PROTOTYPE(NAME) \
+  "cerrno " #NAME "(yfw_map_ctx, const yfw_datatree *, unsigned int, yfw_datatree *)"
+
+// Stamps an exported function out of a row: its body is one call of an engine function with the row as data. The row is
+// what stands behind the engine function's name.
+#define YMAP_STAMP_NODE(NAME, SITES, RUN, ...)                              \
+  cerrno NAME(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) { \
+    YMAP_HANDLER_IDENTITY(NAME, YMAP_NODE_PROTOTYPE(NAME), SITES);          \
+    static constexpr auto row = __VA_ARGS__;                                \
+    return RUN(handler, row, ctx, in, out);                                 \
+  }
+
+// The same for a function that needs no row.
+#define YMAP_STAMP_PLAIN_NODE(NAME, SITES, RUN)                             \
+  cerrno NAME(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) { \
+    YMAP_HANDLER_IDENTITY(NAME, YMAP_NODE_PROTOTYPE(NAME), SITES);          \
+    return RUN(handler, ctx, in, out);                                      \
+  }
+
+#define YMAP_STAMP_CONTAINER(NAME, RUN)                                                                     \
+  cerrno NAME(yfw_map_ctx ctx, const yfw_datatree* in, unsigned int /* child_count */, yfw_datatree* out) { \
+    YMAP_HANDLER_IDENTITY(NAME, YMAP_CONTAINER_PROTOTYPE(NAME), ymap::kFrameSites);                         \
+    return RUN(handler, ctx, in, out);                                                                      \
+  }

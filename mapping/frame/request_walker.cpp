@@ -1,0 +1,393 @@
+#include "frame/request_walker.h"
+
+#include <optional>
+
+#include "frame/request.h"
+#include "yfw/map.h"
+
+namespace ymap {
+namespace {
+
+constexpr std::uint32_t kLeafFilters = YFW_FILTER_CONTENT_MATCH | YFW_FILTER_SELECTION;
+
+bool replace_is_running(const yfw_request_state& request) {
+  return (request.replace_flags & (YFW_REPLACE_FIRST_PASS | YFW_REPLACE_SECOND_PASS)) != 0;
+}
+
+// List keys are checked under the operation codes 1, 8 and 15.
+bool checks_keys(std::uint32_t operation) {
+  constexpr std::uint32_t kChecking = 0x8102;
+  return operation < 16 && (kChecking >> operation & 1) != 0;
+}
+
+// A replace of one node: the first pass deletes with the children hidden, the second merges what is named. Everything
+// is put back as it was found, so a replace may stand inside another.
+class Replace {
+ public:
+  Replace(yfw_request_state& request, yfw_datatree& node)
+      : request_(request),
+        node_(node),
+        operation_(node),
+        children_(node),
+        flags_(request.replace_flags, request.replace_flags | YFW_REPLACE_FIRST_PASS),
+        restore_(request.replace_restore, 1) {
+    work_with(YFW_OPERATION_REMOVE);
+  }
+
+  void begin_second_pass() {
+    work_with(YFW_OPERATION_NONE);
+    request_.replace_flags |= YFW_REPLACE_SECOND_PASS;
+    request_.replace_flags &= ~std::uint32_t{YFW_REPLACE_FIRST_PASS};
+    children_.show();
+  }
+
+ private:
+  void work_with(std::uint32_t operation) {
+    node_.operation = operation;
+    node_.flags |= YFW_FLAG_OPERATION_CHANGED;
+  }
+
+  yfw_request_state& request_;
+  yfw_datatree& node_;
+  OperationScope operation_;
+  HiddenChildren children_;
+  MarkScope flags_;
+  MarkScope restore_;
+};
+
+// What the walks of a container and of a list entry share.
+class Walk {
+ public:
+  Walk(const Activation& run, const RequestNode& table, yfw_map_ctx ctx, yfw_datatree& node, yfw_datatree* out)
+      : run_(run), table_(table), ctx_(ctx), request_(*ctx->request), node_(node), out_(out) {}
+
+  // The walk leaves without an End record: its handler answered "skip" outside of a replace.
+  [[nodiscard]] bool left_at_skip() const { return left_at_skip_; }
+
+ protected:
+  [[nodiscard]] bool expanding() const { return request_.whole_subtree == 1; }
+
+  // Makes a node the current position. Under an expansion the position is that of the node that is expanded.
+  void enter(std::optional<HierarchyEntry>& entry, yfw_datatree& node, int kind, std::uint32_t node_kind) const {
+    if (expanding()) return;
+    entry.emplace(ctx_, node, kind, node_kind);
+    if (is_read(ctx_)) request_.filter_bits &= YFW_FILTER_ENTRY_MASK;
+  }
+
+  // The children that this walk visits. While a container is expanded because of its content matches, the node still
+  // names children, but they are the container's and not this walk's.
+  [[nodiscard]] unsigned int visited(unsigned int named) const {
+    return expanding() && (request_.filter_bits & YFW_FILTER_EXPAND) != 0 ? 0 : named;
+  }
+
+  // A handler's "skip" ends the walk at once, except in a replace, which goes on to the end of its pass.
+  cerrno skip() {
+    left_at_skip_ = !replace_is_running(request_);
+    return YFW_OK;
+  }
+
+  // Whether the request asks for, or deletes, all of the node.
+  [[nodiscard]] bool takes_whole_node() const { return is_read(ctx_) || yfw_map_is_request_delete(&node_) != 0; }
+
+  [[nodiscard]] bool passes(Gate gate) const {
+    return gate == Gate::kAlways || operation_of(ctx_) == YFW_REQUEST_READ_STATE;
+  }
+
+  cerrno dispatch(const yfw_datatree& child) const {
+    for (const RequestChild& known : table_.children) {
+      if (yfw_map_do_these_match(child.tag, known.tag) != 0 && passes(known.gate)) {
+        return known.walk(ctx_, &child, out_);
+      }
+    }
+    if (yfw_map_do_these_match(child.ns, table_.ns) == 0) return table_.parse_augments(ctx_, &child, out_);
+    if (is_read(ctx_)) return YFW_OK;
+    return refuse(Message::kUnsupportedTag, child.tag, YFW_UNSUPPORTED_NODE);
+  }
+
+  cerrno refuse(Message message, const char* tag, cerrno status) const {
+    run_.record(message);
+    store_error_tag(ctx_, tag);
+    yfw_oc_error_path(ctx_);
+    return status;
+  }
+
+  // Calls every child walker on the node itself, whatever they answer.
+  void walk_every_child() const {
+    for (const RequestChild& known : table_.children) {
+      if (passes(known.gate)) known.walk(ctx_, &node_, out_);
+    }
+    table_.parse_augments(ctx_, &node_, out_);
+  }
+
+  const Activation& run_;
+  const RequestNode& table_;
+  yfw_map_ctx ctx_;
+  yfw_request_state& request_;
+  yfw_datatree& node_;
+  yfw_datatree* out_;
+
+ private:
+  bool left_at_skip_ = false;
+};
+
+class ContainerWalk : public Walk {
+ public:
+  ContainerWalk(const Activation& run, const RequestContainer& row, yfw_map_ctx ctx, yfw_datatree& node,
+                yfw_datatree* out)
+      : Walk(run, row.node, ctx, node, out), row_(row) {}
+
+  cerrno walk(unsigned int named) {
+    std::optional<HierarchyEntry> entry;
+    enter(entry, node_, YFW_HIERARCHY_CONTAINER, YFW_NODE_CONTAINER);
+    if (node_.operation != YFW_OPERATION_REPLACE) return pass(visited(named));
+    Replace replace(request_, node_);
+    if (const cerrno status = pass(0); status != YFW_OK) return status;
+    replace.begin_second_pass();
+    return pass(visited(named));
+  }
+
+ private:
+  cerrno pass(unsigned int count) {
+    cerrno status = row_.handler(ctx_, &node_, count, out_);
+    if (status == YFW_SKIP_SUBTREE) return skip();
+    if (status != YFW_OK) return status;
+    for (unsigned int i = 0; i < count && status == YFW_OK; ++i) status = dispatch_tagged(node_.children[i]);
+    expand_on_content_matches();
+    if (count == 0 || (request_.filter_bits & YFW_FILTER_EXPAND) != 0) {
+      if (takes_whole_node()) expand();
+    }
+    return status;
+  }
+
+  cerrno dispatch_tagged(const yfw_datatree& child) const {
+    if (child.tag != nullptr) return dispatch(child);
+    run_.record(Message::kTagMissing);
+    return YFW_MALFORMED_TREE;
+  }
+
+  // A container that names content matches and no selection is asked for as a whole.
+  void expand_on_content_matches() const {
+    if ((request_.filter_bits & kLeafFilters) != YFW_FILTER_CONTENT_MATCH) return;
+    request_.filter_bits = (request_.filter_bits & ~kLeafFilters) | YFW_FILTER_EXPAND;
+  }
+
+  void expand() const {
+    {
+      const MarkScope whole(request_.whole_subtree, 1);
+      const OperationScope operation(node_);
+      if (node_.operation == YFW_OPERATION_DELETE) node_.operation = YFW_OPERATION_REMOVE;
+      walk_every_child();
+    }
+    request_.filter_bits &= YFW_FILTER_ENTRY_MASK & ~kLeafFilters;
+  }
+
+  const RequestContainer& row_;
+};
+
+class ListWalk : public Walk {
+ public:
+  ListWalk(const Activation& run, const RequestList& row, yfw_map_ctx ctx, yfw_datatree& node, yfw_datatree* out)
+      : Walk(run, row.node, ctx, node, out), row_(row) {}
+
+  cerrno walk(unsigned int named) {
+    std::optional<HierarchyEntry> entry;
+    enter(entry, node_, YFW_HIERARCHY_LIST, YFW_NODE_LIST_ENTRY);
+    if (const cerrno status = yfw_map_update_current_list_node(ctx_, row_.path); status != YFW_OK) return status;
+    const unsigned int count = visited(named);
+    if (const cerrno status = scan_keys(count); status != YFW_OK) return status;
+    if (node_.operation != YFW_OPERATION_REPLACE) return pass(count);
+    Replace replace(request_, node_);
+    if (const cerrno status = pass(0); status != YFW_OK) return status;
+    replace.begin_second_pass();
+    return pass(count);
+  }
+
+ private:
+  // What the entry names of its key.
+  struct Keys {
+    unsigned int leaves = 0;
+    unsigned int valued = 0;
+    bool others = false;  // children that are not the key
+
+    [[nodiscard]] bool alone() const { return leaves > 0 && !others; }
+  };
+
+  cerrno scan_keys(unsigned int count) {
+    for (unsigned int i = 0; i < count; ++i) {
+      yfw_datatree& child = node_.children[i];
+      if (child.tag == nullptr || yfw_map_do_these_match(child.tag, row_.key) == 0) {
+        keys_.others = true;
+        continue;
+      }
+      if (const cerrno status = check_leafref(child); status != YFW_OK) return status;
+      child.key_mark = 1;
+      child.flags |= YFW_FLAG_LIST_KEY;
+      ++keys_.leaves;
+      if ((child.flags & YFW_FLAG_VALUE) != 0) ++keys_.valued;
+    }
+    if (expanding() || request_.key_pending != YFW_KEY_PENDING_NONE || keys_are_usable()) return YFW_OK;
+    return refuse(Message::kKeyInvalid, row_.key, YFW_BAD_LIST_KEY);
+  }
+
+  cerrno check_leafref(const yfw_datatree& key) const {
+    if (!checks_keys(operation_of(ctx_))) return YFW_OK;
+    const cerrno status = yfw_map_check_oc_leafref(ctx_, row_.path, "config", key.tag, &node_);
+    if (status != YFW_OK) run_.record(Message::kLeafrefRefused);
+    return status;
+  }
+
+  [[nodiscard]] bool keys_are_usable() const {
+    const std::uint32_t operation = operation_of(ctx_);
+    if (operation == 1 || operation == 15) return keys_.valued == 1 && keys_.leaves < 2;
+    return keys_.leaves <= 1 && keys_.valued <= 1 && (operation != 8 || keys_.valued >= 1);
+  }
+
+  cerrno pass(unsigned int count) {
+    const std::uint16_t depth = yfw_map_util_itree_stack_size(ctx_);
+    const cerrno answer = call_handler(count);
+    cerrno status = answer == YFW_SKIP_SUBTREE ? skip() : answer;
+    if (answer == YFW_OK) status = dispatch_children(node_, count);
+    if (answer == YFW_OK && status == YFW_OK) status = walk_further_entries(depth);
+    while (yfw_map_util_itree_stack_size(ctx_) > depth) yfw_map_util_itree_stack_pop(ctx_);
+    if (answer == YFW_OK && status == YFW_OK && is_expanded(count)) expand();
+    return status;
+  }
+
+  cerrno call_handler(unsigned int count) const {
+    const MarkScope pending(request_.key_pending, key_pending(count));
+    return row_.handler(ctx_, &node_, out_);
+  }
+
+  [[nodiscard]] std::uint32_t key_pending(unsigned int count) const {
+    if (keys_.alone() && yfw_map_is_request_delete(&node_) != 0) return YFW_KEY_PENDING_KEY_ONLY;
+    if (count == 0 && expanding() && yfw_map_is_request_delete(&node_) != 0) return YFW_KEY_PENDING_EXPANDED;
+    return request_.key_pending;
+  }
+
+  cerrno dispatch_children(const yfw_datatree& entry, unsigned int count) const {
+    cerrno status = YFW_OK;
+    for (unsigned int i = 0; i < count && status == YFW_OK; ++i) {
+      const yfw_datatree& child = entry.children[i];
+      if (child.tag == nullptr) {
+        run_.record(Message::kTagMissing);
+        return YFW_MALFORMED_TREE;
+      }
+      status = yfw_map_do_these_match(child.tag, row_.key) != 0 ? dispatch_key(child) : dispatch(child);
+    }
+    return status;
+  }
+
+  // A key is judged by its own operation: under an entry that is removed every key is being deleted.
+  cerrno dispatch_key(const yfw_datatree& key) const {
+    if (key.operation == YFW_OPERATION_DELETE || key.operation == YFW_OPERATION_REMOVE) {
+      return refuse(Message::kKeyDeleted, row_.key, YFW_LIST_KEY_DELETED);
+    }
+    if (checks_keys(operation_of(ctx_)) && (key.flags & YFW_FLAG_VALUE) == 0) {
+      return refuse(Message::kKeyEmpty, row_.key, YFW_BAD_LIST_KEY);
+    }
+    return row_.key_leaf(ctx_, &key, out_);
+  }
+
+  // The entries of the iterator that the list-key handler pushed, if it did.
+  cerrno walk_further_entries(std::uint16_t depth) const {
+    if (yfw_map_util_itree_stack_size(ctx_) <= depth) return YFW_OK;
+    yfw_itree_entry iterator{};
+    yfw_map_util_itree_stack_peak(ctx_, &iterator);
+    if (iterator.callback == nullptr) return YFW_OK;
+    cerrno status = YFW_OK;
+    for (unsigned int i = 0; i < iterator.child_count && status == YFW_OK; ++i) {
+      status = walk_further_entry(iterator.children[i], iterator.callback);
+    }
+    return status;
+  }
+
+  cerrno walk_further_entry(yfw_datatree& further, yfw_itree_callback callback) const {
+    const std::optional<unsigned int> count = named_children(further);
+    if (!count) {
+      run_.record(Message::kSubtreesMissing);
+      return YFW_MALFORMED_TREE;
+    }
+    std::optional<HierarchyEntry> entry;
+    enter(entry, further, YFW_HIERARCHY_LIST, YFW_NODE_LIST_ENTRY);
+    if (const cerrno status = yfw_map_update_current_list_node(ctx_, row_.path); status != YFW_OK) return status;
+    const cerrno answer = callback(ctx_, &further, out_);
+    if (answer == YFW_SKIP_SUBTREE) return YFW_OK;
+    return answer != YFW_OK ? answer : dispatch_children(further, *count);
+  }
+
+  // An entry that names its key and nothing else is asked for, or deleted, as a whole; so is one that has no children
+  // because an outer node is expanded.
+  [[nodiscard]] bool is_expanded(unsigned int count) const {
+    if (count == 0 && expanding()) return true;
+    return keys_.alone() && keys_.valued == keys_.leaves && takes_whole_node();
+  }
+
+  void expand() const {
+    const MarkScope whole(request_.whole_subtree, 1);
+    yfw_map_util_itree_stack_push(ctx_, node_.children, node_.child_count, nullptr);
+    {
+      const HiddenChildren hidden(node_);
+      walk_every_child();
+    }
+    yfw_map_util_itree_stack_pop(ctx_);
+  }
+
+  const RequestList& row_;
+  Keys keys_;
+};
+
+}  // namespace
+
+cerrno walk_container(const Handler& handler, const RequestContainer& row, yfw_map_ctx ctx, const yfw_datatree* in,
+                      yfw_datatree* out) {
+  const Activation run(handler, ctx);
+  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
+  const std::optional<unsigned int> named = named_children(*in);
+  if (!named) return run.end_with(Message::kSubtreesMissing, YFW_MALFORMED_TREE);
+  const yfw_request_state& request = *ctx->request;
+  if (row.refuses_delete_with_subtree && request.whole_subtree != 1 && *named != 0 &&
+      request.key_pending == YFW_KEY_PENDING_NONE && yfw_map_is_request_delete(in) != 0) {
+    return run.end_with(Message::kDeleteWithSubtree, YFW_INVALID_ARGUMENTS);
+  }
+  ContainerWalk walk(run, row, ctx, writable(in), out);
+  const cerrno status = walk.walk(*named);
+  return walk.left_at_skip() ? status : run.end(status);
+}
+
+cerrno walk_list_entry(const Handler& handler, const RequestList& row, yfw_map_ctx ctx, const yfw_datatree* in,
+                       yfw_datatree* out) {
+  const Activation run(handler, ctx);
+  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
+  const std::optional<unsigned int> named = named_children(*in);
+  if (!named) return run.end_with(Message::kSubtreesMissing, YFW_MALFORMED_TREE);
+  const yfw_request_state& request = *ctx->request;
+  if (*named == 0 && request.whole_subtree != 1 && request.key_pending == YFW_KEY_PENDING_NONE &&
+      checks_keys(operation_of(ctx))) {
+    return run.end_with(Message::kKeysMissing, YFW_MALFORMED_TREE);
+  }
+  ListWalk walk(run, row, ctx, writable(in), out);
+  const cerrno status = walk.walk(*named);
+  return walk.left_at_skip() ? status : run.end(status);
+}
+
+cerrno walk_leaf(const Handler& handler, const RequestLeaf& row, yfw_map_ctx ctx, const yfw_datatree* in,
+                 yfw_datatree* out) {
+  return run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) {
+    const cerrno status = row.handler(ctx, in, out);
+    yfw_request_state& request = *ctx->request;
+    if (request.whole_subtree == 1 || request.key_pending != YFW_KEY_PENDING_NONE) return status;
+    yfw_datatree& leaf = writable(in);
+    leaf.node_kind = YFW_NODE_LEAF;
+    leaf.hierarchy_flags |= YFW_HIERARCHY_ENTERED;
+    if (!is_read(ctx)) return status;
+    if ((leaf.flags & YFW_FLAG_VALUE) != 0) {
+      request.filter_bits |= YFW_FILTER_CONTENT_MATCH | YFW_FILTER_REQUEST_MATCH;
+      leaf.node_kind = YFW_NODE_CONTENT_MATCH;
+    } else {
+      request.filter_bits |= YFW_FILTER_SELECTION;
+    }
+    return status;
+  });
+}
+
+}  // namespace ymap
