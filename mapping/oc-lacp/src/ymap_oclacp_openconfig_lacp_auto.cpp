@@ -1,0 +1,46 @@
+// The handlers of openconfig-lacp that only check, copy or ask: one row each.
+#include "frame/request_handlers.h"
+#include "models.h"
+#include "native_paths.h"
+#include "oclacp/openconfig_lacp.h"
+
+using oclacp::kBundlemgrCfg;
+using oclacp::kBundlemgrOper;
+using ymap::ConfigLeaf;
+using ymap::ConvertedLeaf;
+using ymap::StateLeaf;
+
+// clang-format off
+
+// Containers and lists: nothing to add
+YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_config, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interfaces, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interfaces_interface, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_config, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_state, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_members, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_members_member, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_member_state, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state_counters, ymap::accept_node)
+
+// Nodes that the mapping does not translate
+YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_duck_map_container, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_duck_map_list, ymap::kFrameSites, ymap::accept_unchecked)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_duck_map_leaf, ymap::kFrameSites, ymap::refuse_leaf)
+
+// clang-format on
+
+// Leaf handlers
+#define OCLACP_CONFIG_LEAF(NODE, WALKER, HANDLER, TARGET, NS)           \
+  YMAP_STAMP_NODE(HANDLER, ymap::kFrameSites, ymap::handle_config_leaf, \
+                  ConfigLeaf{.target = TARGET, .ns = NS, .last_flag = 0})
+#define OCLACP_STATE_LEAF(NODE, WALKER, HANDLER, TARGET, NS) \
+  YMAP_STAMP_NODE(HANDLER, ymap::kFrameSites, ymap::handle_state_leaf, StateLeaf{.target = TARGET, .ns = NS})
+#define OCLACP_CONVERTED_LEAF(NODE, WALKER, HANDLER, CONVERTER, TARGET) \
+  YMAP_STAMP_NODE(HANDLER, ymap::kFrameSites, ymap::handle_converted_leaf, ConvertedLeaf{.converter = CONVERTER})
+#define OCLACP_UNSUPPORTED_LEAF(NODE, WALKER, HANDLER) \
+  YMAP_STAMP_PLAIN_NODE(HANDLER, ymap::kFrameSites, ymap::refuse_leaf)
+#define OCLACP_KEY_LEAF(NODE, WALKER, HANDLER, TARGET, NS)
+#include "ymap_oclacp_openconfig_lacp_leaves.inc"
