@@ -15,7 +15,9 @@ namespace {
 
 namespace fs = std::filesystem;
 
-const fs::path kSource = OCLACP_SOURCE_DIR;
+fs::path source(const char* path) {
+  return fs::path(OCLACP_SOURCE_DIR) / path;
+}
 
 struct DestroyContext {
   void operator()(ly_ctx* context) const { ly_ctx_destroy(context); }
@@ -42,8 +44,8 @@ std::vector<fs::path> files_in(const fs::path& dir) {
 }
 
 Context context_with_all_schemas() {
-  Context context = new_context(kSource / "yang");
-  for (const fs::path& file : files_in(kSource / "yang")) {
+  Context context = new_context(source("yang"));
+  for (const fs::path& file : files_in(source("yang"))) {
     EXPECT_NE(nullptr, ly_ctx_load_module(context.get(), file.stem().c_str(), nullptr, nullptr)) << file;
   }
   return context;
@@ -78,10 +80,10 @@ void expect_only_selections_are_opaque(const lyd_node* tree, const fs::path& fil
 }
 
 TEST(Schemas, EachLoadsAloneWithoutAWarning) {
-  const auto files = files_in(kSource / "yang");
+  const auto files = files_in(source("yang"));
   ASSERT_FALSE(files.empty());
   for (const fs::path& file : files) {
-    const Context context = new_context(kSource / "yang");
+    const Context context = new_context(source("yang"));
     EXPECT_NE(nullptr, ly_ctx_load_module(context.get(), file.stem().c_str(), nullptr, nullptr)) << file;
     EXPECT_EQ(nullptr, ly_err_last(context.get())) << file << ": " << ly_errmsg(context.get());
   }
@@ -89,8 +91,7 @@ TEST(Schemas, EachLoadsAloneWithoutAWarning) {
 
 TEST(Schemas, AnEditOperationIsKnownOnceTheNetconfModuleIsLoaded) {
   const Context context = context_with_all_schemas();
-  const Data tree =
-      parse(context, kSource / "examples/requests/delete-lacp.json", LYD_PARSE_ONLY | LYD_PARSE_STRICT, 0);
+  const Data tree = parse(context, source("examples/requests/delete-lacp.json"), LYD_PARSE_ONLY | LYD_PARSE_STRICT, 0);
   ASSERT_NE(nullptr, tree);
   const lyd_meta* operation = lyd_find_meta(tree->meta, nullptr, "ietf-netconf:operation");
   ASSERT_NE(nullptr, operation);
@@ -114,14 +115,14 @@ TEST(Schemas, PeriodTakesTheTextsThatTheMappingWrites) {
 
 TEST(Examples, TheDeviceIsValid) {
   const Context context = context_with_all_schemas();
-  EXPECT_NE(nullptr, parse(context, kSource / "examples/device/running.json", LYD_PARSE_STRICT | LYD_PARSE_NO_STATE,
+  EXPECT_NE(nullptr, parse(context, source("examples/device/running.json"), LYD_PARSE_STRICT | LYD_PARSE_NO_STATE,
                            LYD_VALIDATE_NO_STATE));
-  EXPECT_NE(nullptr, parse(context, kSource / "examples/device/platform.json", LYD_PARSE_STRICT, 0));
+  EXPECT_NE(nullptr, parse(context, source("examples/device/platform.json"), LYD_PARSE_STRICT, 0));
 }
 
 TEST(Examples, EveryRequestFitsTheSchema) {
   const Context context = context_with_all_schemas();
-  const auto requests = files_in(kSource / "examples/requests");
+  const auto requests = files_in(source("examples/requests"));
   ASSERT_FALSE(requests.empty());
   for (const fs::path& file : requests) {
     const uint32_t options = LYD_PARSE_ONLY | (is_read(file) ? LYD_PARSE_OPAQ : LYD_PARSE_STRICT);
@@ -166,7 +167,7 @@ TEST(Schemas, OpenconfigLacpAgreesWithThePublishedModule) {
   if (published_dir == nullptr) GTEST_SKIP() << "OCLACP_PUBLISHED_YANG_DIR names no directory of published modules";
   const Context published = new_context(published_dir);
   ASSERT_NE(nullptr, ly_ctx_load_module(published.get(), "openconfig-lacp", nullptr, nullptr));
-  const Context ours = new_context(kSource / "yang");
+  const Context ours = new_context(source("yang"));
   const lys_module* module = ly_ctx_load_module(ours.get(), "openconfig-lacp", nullptr, nullptr);
   ASSERT_NE(nullptr, module);
   EXPECT_EQ(LY_SUCCESS, lysc_module_dfs_full(module, compare_with_published, const_cast<Context*>(&published)));
