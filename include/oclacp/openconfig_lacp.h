@@ -5,7 +5,8 @@
  * 1. Every function takes the mapping context first and answers a status of yfw/status.h; 0 is success.
  * 2. The context must not be null: the process is ended through __assert_fail() if it is. A null input node or output
  *    tree is refused with YFW_INVALID_ARGUMENTS, except where a function is said not to look at them.
- * 3. Every function records its start, its errors and its end under its own name.
+ * 3. Every function records its start, its errors and its end under its own name. No end is recorded for null
+ * arguments, after a handler's YFW_SKIP_SUBTREE (outside of a replace) and after a failed string operation.
  * 4. Nodes are marked while they are walked, so input trees must be writable; see yfw/datatree.h.
  * 5. Functions run on the request's thread and keep nothing between calls but one byte: that the library of the
  *    data-store client was found.
@@ -26,7 +27,7 @@
 extern "C" {
 #endif
 
-/* ---- Walkers of containers and list entries; the first is the entry walker of every registration ----------------- */
+/* ---- Walkers of containers and list entries; the first is the entry walker of every registration ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
                                                              yfw_datatree* out);
@@ -52,7 +53,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state(yfw_ma
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                             yfw_datatree* out);
 
-/* ---- Container handlers: they check their arguments and answer 0 ------------------------------------------------- */
+/* ---- Container handlers: they check their arguments and answer 0 ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                   unsigned int child_count, yfw_datatree* out);
@@ -91,7 +92,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state_counters
                                                                                  unsigned int child_count,
                                                                                  yfw_datatree* out);
 
-/* ---- List-key handlers: an OpenConfig key becomes native list entries, or their deletion ------------------------- */
+/* ---- List-key handlers: an OpenConfig key becomes native list entries, or their deletion ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_interfaces_interface(yfw_map_ctx ctx,
                                                                                        const yfw_datatree* in,
@@ -100,8 +101,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_members_member
                                                                                  const yfw_datatree* in,
                                                                                  yfw_datatree* out);
 
-/* ---- Augment parsers: a child of a foreign namespace is refused in an add (YFW_UNKNOWN_AUGMENT), else ignored -----
- */
+/* ---- Augment parsers: a child of a foreign namespace is refused in an add (YFW_UNKNOWN_AUGMENT), else ignored ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_parse_augments(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                             yfw_datatree* out);
@@ -136,8 +136,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters_pars
                                                                                            const yfw_datatree* in,
                                                                                            yfw_datatree* out);
 
-/* ---- Default handlers: container and list answer 0 (the list does not look at its arguments), the leaf is refused -
- */
+/* ---- Default handlers: container and list answer 0, the list without a look; the leaf is refused ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_duck_map_container(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                       unsigned int child_count, yfw_datatree* out);
@@ -146,8 +145,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_duck_map_list(yfw_map_ctx ctx
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_duck_map_leaf(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                  yfw_datatree* out);
 
-/* ---- Leaf walkers: call the leaf handler and note selections and content matches in the filter bits ---------------
- */
+/* ---- Leaf walkers: call the leaf handler and note selections and content matches in the filter bits ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_systempriority(yfw_map_ctx ctx,
                                                                                    const yfw_datatree* in,
@@ -233,8 +231,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_counters_lacptimeou
                                                                                              const yfw_datatree* in,
                                                                                              yfw_datatree* out);
 
-/* ---- Leaf handlers: add the native target, or refuse the leaf ------------------------------------------------------
- */
+/* ---- Leaf handlers: add the native target, or refuse the leaf ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_config_systempriority(yfw_map_ctx ctx,
                                                                                         const yfw_datatree* in,
@@ -336,8 +333,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_counters_lacpe
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_counters_lacptimeouttransitions(
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* ---- Configuration converters --------------------------------------------------------------------------------------
- */
+/* ---- Configuration converters ---- */
 
 /* "ACTIVE" becomes "active"; any other value "passive". */
 OCLACP_EXPORT cerrno oc2qd_cfglacpmode(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
@@ -369,16 +365,14 @@ typedef struct xpath_list_type {
  */
 OCLACP_EXPORT cerrno oc2qd_intf_name(yfw_map_ctx ctx, int count, xpath_list_type_t* entries);
 
-/* ---- State converters: in a read they ask for their native leaf, in an edit they add nothing ----------------------
- */
+/* ---- State converters: in a read they ask for their native leaf, in an edit they add nothing ---- */
 
 OCLACP_EXPORT cerrno oc2qd_appliedlacpmode(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 OCLACP_EXPORT cerrno oc2qd_statesystemidmac(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 OCLACP_EXPORT cerrno oc2qd_intfstatesystempriority(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 OCLACP_EXPORT cerrno oc2qd_actorportstate(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* ---- Deletion
- * -------------------------------------------------------------------------------------------------------- */
+/* ---- Deletion ---- */
 
 /*
  * Deletes the LACP configuration that an OpenConfig entry, or all of /lacp, stands for. For a node tagged "lacp" the
@@ -391,10 +385,10 @@ OCLACP_EXPORT cerrno delete_global_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
 
 /*
  * Asks the data store which interfaces hold LACP configuration and deletes the `lacp` container of each, or, for a node
- * tagged "interface", of the first whose data-store name occurs in the entry's name. YFW_SKIP_SUBTREE when everything
- * is told; YFW_NOTHING_TO_DELETE for a plain delete of an interface that has none; 0 for a remove of such an
- * interface; else the status of the failed addition or of the data store. The node's operation is left at 4, or 0, with
- * YFW_FLAG_OPERATION_CHANGED, once an interface was taken.
+ * tagged "interface", of the first whose data-store name occurs in the entry's name. YFW_SKIP_SUBTREE when all that is
+ * to be deleted was added, and in the first pass of a replace; YFW_NOTHING_TO_DELETE for a plain delete of an interface
+ * that has none; 0 for a remove of such an interface; else the status of the failed addition or of the data store. The
+ * node's operation is left at 4, or 0, with YFW_FLAG_OPERATION_CHANGED, once an interface was taken.
  */
 OCLACP_EXPORT cerrno oclacp_to_qd_bundle_lacp_config_delete(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
