@@ -26,7 +26,7 @@
 extern "C" {
 #endif
 
-/* ---- Walkers of containers and list entries; the first is the entry walker of every registration ----------------- */
+/* ---- Walkers of containers and list entries; the first is the entry walker of every registration ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
                                                              yfw_datatree* out);
@@ -52,7 +52,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state(yfw_ma
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                             yfw_datatree* out);
 
-/* ---- Container handlers: they check their arguments and answer 0 ------------------------------------------------- */
+/* ---- Container handlers: they check their arguments and answer 0 ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                   unsigned int child_count, yfw_datatree* out);
@@ -91,7 +91,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state_counters
                                                                                  unsigned int child_count,
                                                                                  yfw_datatree* out);
 
-/* ---- List-key handlers: an OpenConfig key becomes native list entries, or their deletion ------------------------- */
+/* ---- List-key handlers: an OpenConfig key becomes native list entries, or their deletion ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_interfaces_interface(yfw_map_ctx ctx,
                                                                                        const yfw_datatree* in,
@@ -100,8 +100,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_members_member
                                                                                  const yfw_datatree* in,
                                                                                  yfw_datatree* out);
 
-/* ---- Augment parsers: a child of a foreign namespace is refused in an add (YFW_UNKNOWN_AUGMENT), else ignored -----
- */
+/* ---- Augment parsers: a child of a foreign namespace is refused in an add (YFW_UNKNOWN_AUGMENT), else ignored ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_parse_augments(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                             yfw_datatree* out);
@@ -136,8 +135,8 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters_pars
                                                                                            const yfw_datatree* in,
                                                                                            yfw_datatree* out);
 
-/* ---- Default handlers: container and list answer 0 (the list does not look at its arguments), the leaf is refused -
- */
+/* ---- Default handlers: container and list answer 0 (the list does not look at its arguments), the leaf is refused
+ * ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_duck_map_container(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                       unsigned int child_count, yfw_datatree* out);
@@ -146,8 +145,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_duck_map_list(yfw_map_ctx ctx
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_duck_map_leaf(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                  yfw_datatree* out);
 
-/* ---- Leaf walkers: call the leaf handler and note selections and content matches in the filter bits ---------------
- */
+/* ---- Leaf walkers: call the leaf handler and note selections and content matches in the filter bits ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_systempriority(yfw_map_ctx ctx,
                                                                                    const yfw_datatree* in,
@@ -233,8 +231,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_counters_lacptimeou
                                                                                              const yfw_datatree* in,
                                                                                              yfw_datatree* out);
 
-/* ---- Leaf handlers: add the native target, or refuse the leaf ------------------------------------------------------
- */
+/* ---- Leaf handlers: add the native target, or refuse the leaf ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_config_systempriority(yfw_map_ctx ctx,
                                                                                         const yfw_datatree* in,
@@ -336,8 +333,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_counters_lacpe
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_counters_lacptimeouttransitions(
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* ---- Configuration converters --------------------------------------------------------------------------------------
- */
+/* ---- Configuration converters ---- */
 
 /* "ACTIVE" becomes "active"; any other value "passive". */
 OCLACP_EXPORT cerrno oc2qd_cfglacpmode(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
@@ -369,16 +365,14 @@ typedef struct xpath_list_type {
  */
 OCLACP_EXPORT cerrno oc2qd_intf_name(yfw_map_ctx ctx, int count, xpath_list_type_t* entries);
 
-/* ---- State converters: in a read they ask for their native leaf, in an edit they add nothing ----------------------
- */
+/* ---- State converters: in a read they ask for their native leaf, in an edit they add nothing ---- */
 
 OCLACP_EXPORT cerrno oc2qd_appliedlacpmode(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 OCLACP_EXPORT cerrno oc2qd_statesystemidmac(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 OCLACP_EXPORT cerrno oc2qd_intfstatesystempriority(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 OCLACP_EXPORT cerrno oc2qd_actorportstate(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* ---- Deletion
- * -------------------------------------------------------------------------------------------------------- */
+/* ---- Deletion ---- */
 
 /*
  * Deletes the LACP configuration that an OpenConfig entry, or all of /lacp, stands for. For a node tagged "lacp" the

@@ -20,13 +20,13 @@ using ymap::Activation;
 using ymap::ConfigLeaf;
 using ymap::Handler;
 using ymap::Message;
-using ymap::NativeText;
 using ymap::NativeValue;
+using ymap::ShortText;
 using ymap::StateLeaf;
 
 namespace {
 
-// ---- Configuration values -------------------------------------------------------------------------------------------
+// ---- Configuration values -----------------------------------------------------------------------------------------
 //
 //   lacp-mode        "ACTIVE" -> "active"; anything else -> "passive"
 //   interval         "FAST" -> "1"; "SLOW" -> "30000"; anything else is refused. The two are not of one unit, which is
@@ -38,28 +38,15 @@ NativeValue abandon(cerrno status) {
   return {.status = status, .abandoned = true};
 }
 
-// Compares with yfw_strcmp_s() without a limit.
-cerrno compare(const Activation& run, const char* value, const char* other, bool& equal) {
-  int difference = 0;
-  const cerrno status = yfw_strcmp_s(run.name(), value, YFW_STRING_NO_LIMIT, other, &difference);
-  equal = status == YFW_OK && difference == 0;
-  return status;
-}
-
 // Puts a native value into the buffer; `failure` is the message for a copy that fails.
-NativeValue copied(const Activation& run, NativeText& buffer, const char* text, Message failure) {
-  const cerrno status = yfw_strcpy_s(run.name(), buffer.text, sizeof buffer.text, text);
-  if (status == YFW_OK) return {.text = buffer.text};
-  run.record_failed_call(failure, status);
-  return abandon(status);
+NativeValue copied(const Activation& run, ShortText& buffer, const char* text, Message failure) {
+  const cerrno status = ymap::copy(run, buffer, text, failure);
+  return status == YFW_OK ? NativeValue{.text = buffer.text} : abandon(status);
 }
 
-NativeValue native_mode(const Activation& run, yfw_map_ctx /*ctx*/, const yfw_datatree& leaf, NativeText& buffer) {
+NativeValue native_mode(const Activation& run, yfw_map_ctx /*ctx*/, const yfw_datatree& leaf, ShortText& buffer) {
   bool active = false;
-  if (const cerrno status = compare(run, leaf.value, "ACTIVE", active); status != YFW_OK) {
-    run.record_failed_call(Message::kCompareFailed, status);
-    return abandon(status);
-  }
+  if (const cerrno status = ymap::compare(run, leaf.value, "ACTIVE", active); status != YFW_OK) return abandon(status);
   return copied(run, buffer, active ? "active" : "passive", Message::kCopyFailed);
 }
 
@@ -71,22 +58,17 @@ NativeValue refuse_interval(const Activation& run, yfw_map_ctx ctx) {
   return {.status = YFW_UNSUPPORTED_INTERVAL};
 }
 
-NativeValue native_period(const Activation& run, yfw_map_ctx ctx, const yfw_datatree& leaf, NativeText& buffer) {
+NativeValue native_period(const Activation& run, yfw_map_ctx ctx, const yfw_datatree& leaf, ShortText& buffer) {
   if (leaf.value == nullptr) return refuse_interval(run, ctx);
-  bool equal = false;
-  if (const cerrno status = compare(run, leaf.value, "FAST", equal); status != YFW_OK) {
-    run.record_failed_call(Message::kCompareFailed, status);
-    return abandon(status);
-  }
-  if (equal) return copied(run, buffer, "1", Message::kIntervalCopyFailed);
+  bool fast = false;
+  if (const cerrno status = ymap::compare(run, leaf.value, "FAST", fast); status != YFW_OK) return abandon(status);
+  if (fast) return copied(run, buffer, "1", Message::kIntervalCopyFailed);
   // A comparison that fails here makes the interval an unsupported one; its code is not told.
-  static_cast<void>(compare(run, leaf.value, "SLOW", equal));
-  if (equal) return copied(run, buffer, "30000", Message::kIntervalCopyFailed);
-  return refuse_interval(run, ctx);
+  if (!ymap::is_equal(run, leaf.value, "SLOW")) return refuse_interval(run, ctx);
+  return copied(run, buffer, "30000", Message::kIntervalCopyFailed);
 }
 
-// ---- List keys
-// --------------------------------------------------------------------------------------------------------
+// ---- List keys ----------------------------------------------------------------------------------------------------
 
 consteval xpath_list_type_t list_target(std::string_view path, std::string_view ns) {
   xpath_list_type_t target{};
@@ -131,8 +113,7 @@ cerrno map_member_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_datat
   });
 }
 
-// ---- The key leaf of an interface
-// ---------------------------------------------------------------------------------------
+// ---- The key leaf of an interface ---------------------------------------------------------------------------------
 
 // The configuration class of everything that the mapping writes or asks for.
 constexpr char kActiveClass[] = "act";

@@ -1,0 +1,60 @@
+// The handlers of the native bundle and LACP configuration that have nothing to do, and those of its leaves.
+#include "frame/native_handlers.h"
+#include "frame/request_handlers.h"
+#include "oclacp/native_config.h"
+
+using ymap::ConvertedLeaf;
+
+// clang-format off
+
+// Containers: nothing to add
+YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_lacp, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvlb_lacp, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_bfd, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_lacp_talvoextensions, ymap::accept_node)
+
+// Known nodes without a mapping
+YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_list, ymap::kFrameSites, ymap::accept_unchecked)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_leaf, ymap::kFrameSites, ymap::accept_unchecked)
+
+// Children of foreign namespaces
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_talvoextensions_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_timeout_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_lacp_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_minimumactive_bandwidth_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_minimumactive_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_maximumactive_links_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_maximumactive_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_bundleloadbalancing_hashfunction_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_bundleloadbalancing_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_bundle_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundlemember_id_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundlemember_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv4_echo_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv4_timers_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily_ipv4_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv6_ipv6timers_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily_ipv6_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_mlacp_maximize_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_mlacp_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_mlacp_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_interface_configuration_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_interface_configuration_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlc_interface_configuration_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvld_interface_configuration_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvle_interface_configuration_parse_augments, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_iccp_group_parse_augments, ymap::kFrameSites, ymap::accept_node)
+
+// clang-format on
+
+// Leaf handlers
+#define OCLACP_NATIVE_CONVERTED(NODE, HANDLER, CONVERTER, TARGET) \
+  YMAP_STAMP_NODE(HANDLER, ymap::kFrameSites, ymap::handle_converted_leaf, ConvertedLeaf{.converter = CONVERTER})
+#define OCLACP_NATIVE_HANDWRITTEN(NODE, HANDLER, ...)
+#define OCLACP_NATIVE_SILENT(NODE, HANDLER) YMAP_STAMP_PLAIN_NODE(HANDLER, ymap::kFrameSites, ymap::accept_unchecked)
+#include "ymap_oclacp_talvo_brin_qd_bundlemgr_cfg_leaves.inc"
