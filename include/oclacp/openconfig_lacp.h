@@ -135,8 +135,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters_pars
                                                                                            const yfw_datatree* in,
                                                                                            yfw_datatree* out);
 
-/* ---- Default handlers: container and list answer 0 (the list does not look at its arguments), the leaf is refused
- * ---- */
+/* ---- Default handlers: container and list answer 0, the list without a look; the leaf is refused ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_duck_map_container(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                       unsigned int child_count, yfw_datatree* out);
