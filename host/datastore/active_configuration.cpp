@@ -1,0 +1,54 @@
+#include "host/datastore/active_configuration.h"
+
+#include <cstring>
+
+#include "host/interfaces/names.h"
+
+namespace oclacp::host {
+namespace {
+
+// Containers that libyang adds because the schema has them hold nothing.
+bool is_filled_container(const lyd_node* node) {
+  return node->schema->nodetype == LYS_CONTAINER && (node->flags & LYD_DEFAULT) == 0;
+}
+
+void add_items(const lyd_node* above, const std::string& prefix, std::vector<std::string>& items) {
+  for (const lyd_node* child = lyd_child(above); child != nullptr; child = child->next) {
+    if (is_filled_container(child)) {
+      items.push_back(prefix + child->schema->name + "/");
+      add_items(child, items.back(), items);
+    }
+  }
+}
+
+}  // namespace
+
+ActiveConfiguration::ActiveConfiguration(const lyd_node* running) {
+  while (running != nullptr && std::strcmp(running->schema->name, "interface-configurations") != 0) {
+    running = running->next;
+  }
+  for (const lyd_node* entry = lyd_child(running); entry != nullptr; entry = entry->next) {
+    const lyd_node* active = lyd_child(entry);
+    if (std::strcmp(lyd_get_value(active), "act") != 0) {
+      continue;
+    }
+    const std::string_view name = lyd_get_value(active->next);
+    names_.push_back(name);
+    entries_.push_back(entry);
+    for (const lyd_node* child = active->next->next; child != nullptr; child = child->next) {
+      if (is_filled_container(child) && std::strcmp(child->schema->name, "lacp") == 0) {
+        with_lacp_.insert(name);
+      }
+    }
+  }
+}
+
+std::vector<std::string> ActiveConfiguration::items() const {
+  std::vector<std::string> items;
+  for (size_t index = 0; index < entries_.size(); ++index) {
+    add_items(entries_[index], entry_form(names_[index]) + "/", items);
+  }
+  return items;
+}
+
+}  // namespace oclacp::host

@@ -1,0 +1,48 @@
+// The device behind the host, as far as a mapping looks at it.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/export.h"
+#include "host/yang/libyang.h"
+
+namespace oclacp::host {
+
+enum class InterfaceType { kPhysical, kBundle, kVirtual };
+
+// One interface that the device has, configured or not.
+struct Interface {
+  std::string name;
+  InterfaceType type;
+};
+
+// A device. What it answers stays as it is while a request is worked on.
+class OCLACP_HOST_API Device {
+ public:
+  Device() = default;
+  virtual ~Device() = default;
+  Device(const Device&) = delete;
+  Device& operator=(const Device&) = delete;
+  Device(Device&&) = delete;
+  Device& operator=(Device&&) = delete;
+
+  // The platform type number, by which a mapping decides whether it serves the device.
+  [[nodiscard]] virtual uint32_t router_type() const = 0;
+  [[nodiscard]] virtual const std::vector<Interface>& interfaces() const = 0;
+  // The running configuration: the first of its top nodes, of the native models; null when it is empty.
+  [[nodiscard]] virtual const lyd_node* running() const = 0;
+};
+
+// A device of which nothing is known: no interfaces, no configuration.
+class OCLACP_HOST_API EmptyDevice final : public Device {
+ public:
+  [[nodiscard]] uint32_t router_type() const override { return 0; }
+  [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
+  [[nodiscard]] const lyd_node* running() const override { return nullptr; }
+
+ private:
+  std::vector<Interface> interfaces_;
+};
+
+}  // namespace oclacp::host

@@ -1,0 +1,30 @@
+// A device that is kept as files in a folder.
+#pragma once
+
+#include <string>
+
+#include "host/datastore/device.h"
+
+namespace oclacp::host {
+
+// Reads platform.json (module oclacp-platform) and running.json (native models), both RFC 7951. The files are read
+// once.
+class OCLACP_HOST_API DirectoryDevice final : public Device {
+ public:
+  // `native`: the context of the native side; outlives the device. Throws Refusal when a file is missing, unreadable or
+  // invalid.
+  DirectoryDevice(const ly_ctx* native, const std::string& directory);
+
+  [[nodiscard]] uint32_t router_type() const override { return router_type_; }
+  [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
+  [[nodiscard]] const lyd_node* running() const override { return running_.get(); }
+
+ private:
+  void read_platform(const ly_ctx* native, const std::string& file);
+
+  uint32_t router_type_ = 0;
+  std::vector<Interface> interfaces_;
+  TreePtr running_;
+};
+
+}  // namespace oclacp::host

@@ -1,0 +1,38 @@
+// The device that the contract's functions answer from. The data-store client and the interface manager have no context
+// argument, so the device is installed for the thread that works on a request.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "host/datastore/active_configuration.h"
+#include "host/datastore/device.h"
+#include "host/interfaces/interface_directory.h"
+
+namespace oclacp::host {
+
+// Installs a device for the current thread as long as this lives. Scopes may be nested; the inner one counts.
+class InstalledDevice {
+ public:
+  explicit InstalledDevice(const Device& device);
+  ~InstalledDevice();
+  InstalledDevice(const InstalledDevice&) = delete;
+  InstalledDevice& operator=(const InstalledDevice&) = delete;
+  InstalledDevice(InstalledDevice&&) = delete;
+  InstalledDevice& operator=(InstalledDevice&&) = delete;
+
+  // The one of this thread; null outside of every scope.
+  static InstalledDevice* current();
+
+  // Both are built when they are first asked for.
+  const ActiveConfiguration& configuration();
+  const InterfaceDirectory& interfaces();
+
+ private:
+  const Device& device_;
+  InstalledDevice* outer_;
+  std::optional<ActiveConfiguration> configuration_;
+  std::optional<InterfaceDirectory> interfaces_;
+};
+
+}  // namespace oclacp::host

@@ -1,0 +1,15 @@
+// What to tell about a walk that failed.
+#pragma once
+
+#include <string>
+
+#include "host/framework/request.h"
+#include "host/framework/request_tree.h"
+
+namespace oclacp::host {
+
+// One sentence that names the node and the reason: "/openconfig-lacp:lacp/...: not supported by this mapping (error tag
+// 'state', code 0xaaf2ee00)". `status` is the entry walker's.
+std::string describe_failure(const Request& request, RequestTree& tree, cerrno status);
+
+}  // namespace oclacp::host

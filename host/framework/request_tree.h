@@ -1,0 +1,62 @@
+// A request as the module walks it, made from libyang's tree.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/contract.h"
+#include "host/yang/libyang.h"
+
+namespace oclacp::host {
+
+// What the framework knows of a node beyond the contract's record: the target of yfw_datatree::framework.
+struct NodeInfo {
+  yfw_datatree* parent;     // null at the top
+  const lyd_node* data;     // opaque (without schema) where a leaf has no value or an entry lacks a key
+  const lysc_node* schema;  // never null
+};
+
+inline const NodeInfo& info_of(const yfw_datatree* node) {
+  return *static_cast<const NodeInfo*>(node->framework);
+}
+
+// The path of a node with module prefixes where they change, and with its list entries' keys; an entry without its keys
+// stands there bare.
+std::string node_path(const yfw_datatree* node);
+
+// Owns the nodes of one request, in breadth-first order, so that children stand side by side. Texts are borrowed from
+// the libyang tree, which this owns too.
+class RequestTree {
+ public:
+  // Takes `data`, a tree with one top node, read against `context`. Refuses what libyang let pass as opaque although
+  // the schema does not know it, values that their types do not take, doubled nodes, attributes other than the edit
+  // operation, and interface names that the platform's buffers do not hold. Throws Refusal.
+  RequestTree(const ly_ctx* context, TreePtr data);
+
+  RequestTree(const RequestTree&) = delete;
+  RequestTree& operator=(const RequestTree&) = delete;
+  RequestTree(RequestTree&&) = default;
+  RequestTree& operator=(RequestTree&&) = default;
+  ~RequestTree() = default;
+
+  yfw_datatree* top() { return nodes_.data(); }
+  std::vector<yfw_datatree>& nodes() { return nodes_; }
+
+  // How many nodes carry an edit operation of their own.
+  [[nodiscard]] size_t operations() const { return operations_; }
+
+ private:
+  void append_children(size_t index);
+  void fill(size_t index);
+  void fill_leaf(yfw_datatree& node, const NodeInfo& info);
+  uint32_t operation_of(const yfw_datatree& node, const NodeInfo& info);
+
+  const ly_ctx* context_;
+  const lys_module* operation_module_;
+  TreePtr data_;
+  std::vector<yfw_datatree> nodes_;
+  std::vector<NodeInfo> infos_;
+  size_t operations_ = 0;
+};
+
+}  // namespace oclacp::host

@@ -1,0 +1,30 @@
+#include "host/interfaces/interface_directory.h"
+
+#include "host/interfaces/names.h"
+
+namespace oclacp::host {
+
+InterfaceDirectory::InterfaceDirectory(const std::vector<Interface>& inventory,
+                                       const ActiveConfiguration& configuration)
+    : inventory_(inventory) {
+  for (size_t index = 0; index < inventory.size(); ++index) {
+    const std::string form = entry_form(inventory[index].name);
+    numbers_.emplace(form, static_cast<uint32_t>(index + 1));
+    display_names_.emplace(form, inventory[index].name);
+  }
+  for (const std::string_view name : configuration.names()) {
+    display_names_.emplace(entry_form(name), name);
+  }
+}
+
+uint32_t InterfaceDirectory::find(std::string_view name) const {
+  const auto found = numbers_.find(std::string(name));
+  return found == numbers_.end() ? 0 : found->second;
+}
+
+std::string_view InterfaceDirectory::display_name(std::string_view name) const {
+  const auto found = display_names_.find(std::string(name));
+  return found == display_names_.end() ? name : found->second;
+}
+
+}  // namespace oclacp::host

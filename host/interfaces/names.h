@@ -1,0 +1,21 @@
+// Interface names.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace oclacp::host {
+
+// The interface manager's buffers hold 64 characters with the terminator.
+inline constexpr std::size_t kMaxInterfaceName = 63;
+
+// The form in which a name stands in a data-store path: each '/' becomes '_'.
+inline std::string entry_form(std::string_view name) {
+  std::string form(name);
+  std::replace(form.begin(), form.end(), '/', '_');
+  return form;
+}
+
+}  // namespace oclacp::host

@@ -1,0 +1,155 @@
+#include "host/translator.h"
+
+#include "host/datastore/installed_device.h"
+#include "host/failure.h"
+#include "host/framework/edit_tree.h"
+#include "host/framework/native_paths.h"
+#include "host/framework/read_paths.h"
+#include "host/framework/request.h"
+#include "host/log/sinks.h"
+#include "host/module.h"
+#include "host/yang/edit_printer.h"
+#include "host/yang/request_parser.h"
+
+namespace oclacp::host {
+namespace {
+
+uint32_t operation_code(RequestKind kind) {
+  switch (kind) {
+    case RequestKind::kReadConfig:
+      return YFW_REQUEST_READ_CONFIG;
+    case RequestKind::kReadState:
+      return YFW_REQUEST_READ_STATE;
+    case RequestKind::kEdit:
+      break;
+  }
+  return YFW_REQUEST_EDIT;
+}
+
+// Whether a node names something below it, beyond the keys that say which entry it is.
+bool names_more(const yfw_datatree& node) {
+  for (unsigned index = 0; index < node.child_count; ++index) {
+    if (!lysc_is_key(info_of(&node.children[index]).schema)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void apply_default(DefaultOperation operation, RequestTree& tree) {
+  if (operation == DefaultOperation::kReplace && tree.top()->operation == YFW_OPERATION_NONE) {
+    tree.top()->operation = YFW_OPERATION_REPLACE;
+  }
+  if (operation != DefaultOperation::kDelete) {
+    return;
+  }
+  // Parents come before their children, so that one look upwards tells what is inside of something with an operation.
+  std::vector<bool> has_operation(tree.nodes().size());
+  for (size_t index = 0; index < tree.nodes().size(); ++index) {
+    yfw_datatree& node = tree.nodes()[index];
+    const yfw_datatree* parent = info_of(&node).parent;
+    const bool is_inside = parent != nullptr && has_operation[static_cast<size_t>(parent - tree.top())];
+    has_operation[index] = is_inside || node.operation != YFW_OPERATION_NONE;
+    if (!has_operation[index] && !names_more(node) && !lysc_is_key(info_of(&node).schema)) {
+      node.operation = YFW_OPERATION_DELETE;
+    }
+  }
+}
+
+// The module's records, collected while a request is walked.
+class Records {
+ public:
+  Records(Request& request, const TranslateOptions& options) : options_(options), stream_{options.debug_log} {
+    request.debug_log_filter = options.debug_log == nullptr ? kLogNothing : kLogEverything;
+    request.error_log = &stream_;
+    request.trace_log = &stream_;
+    request.trace_buffer = &buffer_;
+    request.trace_enabled = options.trace == nullptr ? 0 : 1;
+  }
+  ~Records() {
+    if (options_.trace != nullptr) {
+      *options_.trace = std::move(buffer_.records);
+    }
+  }
+  Records(const Records&) = delete;
+  Records& operator=(const Records&) = delete;
+  Records(Records&&) = delete;
+  Records& operator=(Records&&) = delete;
+
+ private:
+  const TranslateOptions& options_;
+  yfw_log_stream stream_;
+  yfw_trace_buffer buffer_;
+};
+
+void walk(const Module& module, RequestTree& tree, EditScript& script, const TranslateOptions& options) {
+  Request request(operation_code(options.kind), script);
+  const Records records(request, options);
+  const cerrno status = module.request_walker()(&request, tree.top(), request.output_root());
+  if (status != YFW_OK || request.refused()) {
+    throw Refusal(describe_failure(request, tree, status));
+  }
+}
+
+LYD_FORMAT output_format(Format format, LYD_FORMAT input) {
+  switch (format) {
+    case Format::kJson:
+      return LYD_JSON;
+    case Format::kXml:
+      return LYD_XML;
+    case Format::kAsInput:
+      break;
+  }
+  return input;
+}
+
+}  // namespace
+
+struct Translator::Parts {
+  Schemas schemas;
+  NativePaths paths;
+  Module module;
+
+  Parts(const SchemaDirectories& directories, const std::string& module_file)
+      : schemas(directories), paths(schemas.native()), module(module_file) {}
+};
+
+Translator::Translator(const SchemaDirectories& schemas, const std::string& module_file)
+    : parts_(std::make_unique<Parts>(schemas, module_file)) {}
+
+Translator::~Translator() = default;
+
+const ly_ctx* Translator::native_context() const {
+  return parts_->schemas.native();
+}
+
+Translation Translator::translate(const std::string& request, const Device& device, const TranslateOptions& options) {
+  ParsedRequest parsed = parse_request(parts_->schemas.request(), request);
+  const bool is_edit = options.kind == RequestKind::kEdit;
+  if (is_edit) {
+    apply_default(options.operation, parsed.tree);
+  } else if (parsed.tree.operations() != 0) {
+    throw Refusal(node_path(parsed.tree.top()) + ": a read carries no edit operations");
+  }
+  const InstalledDevice installed(device);
+  EditScript script(parts_->paths, is_edit);
+  walk(parts_->module, parsed.tree, script, options);
+
+  Translation translation;
+  if (is_edit) {
+    const EditTree edit(script);
+    translation.dropped_entries = edit.dropped_entries();
+    translation.text = print_edit(parts_->schemas.native(), edit, output_format(options.format, parsed.format));
+  } else {
+    for (const std::string& path : list_read_paths(script)) {
+      translation.text.append(path).append("\n");
+    }
+  }
+  return translation;
+}
+
+const char* version() {
+  return OCLACP_VERSION;
+}
+
+}  // namespace oclacp::host

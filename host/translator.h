@@ -1,0 +1,68 @@
+// Translating one request: what the host is for.
+#pragma once
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/datastore/device.h"
+#include "host/export.h"
+#include "host/refusal.h"
+#include "host/yang/schemas.h"
+
+namespace oclacp::host {
+
+enum class RequestKind { kEdit, kReadConfig, kReadState };
+
+// What happens to nodes that carry no operation of their own (RFC 6241, 7.2).
+enum class DefaultOperation {
+  kMerge,
+  kReplace,  // the top node is replaced
+  kDelete,   // every node that the request names without naming anything below it is deleted
+};
+
+enum class Format { kAsInput, kJson, kXml };
+
+struct TranslateOptions {
+  RequestKind kind = RequestKind::kEdit;
+  DefaultOperation operation = DefaultOperation::kMerge;  // edits only
+  Format format = Format::kAsInput;                       // edits only
+  // Where the module's records go; null for nowhere. Both are also filled when the translation is refused.
+  std::ostream* debug_log = nullptr;
+  std::vector<std::string>* trace = nullptr;
+};
+
+struct Translation {
+  // An edit: a document of the native models. A read: the native paths that it asks for, one a line.
+  std::string text;
+  // Native list entries that the module opened without ever naming them, left out of an edit with all that is in them.
+  size_t dropped_entries = 0;
+};
+
+// A loaded module with the schemas on both sides. Used by one thread at a time; serves any number of requests.
+class OCLACP_HOST_API Translator {
+ public:
+  // `module_file`: the mapping module's shared library. Throws Refusal.
+  Translator(const SchemaDirectories& schemas, const std::string& module_file);
+  ~Translator();
+  Translator(const Translator&) = delete;
+  Translator& operator=(const Translator&) = delete;
+  Translator(Translator&&) = delete;
+  Translator& operator=(Translator&&) = delete;
+
+  // The context that a device's files are read with.
+  [[nodiscard]] const ly_ctx* native_context() const;
+
+  // Translates a request in JSON or XML. Throws Refusal; nothing is changed by a refused request, nor by any other.
+  Translation translate(const std::string& request, const Device& device, const TranslateOptions& options);
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+// The version of the host.
+OCLACP_HOST_API const char* version();
+
+}  // namespace oclacp::host

@@ -1,0 +1,44 @@
+#include "host/yang/request_parser.h"
+
+#include <string>
+#include <utility>
+
+#include "host/refusal.h"
+#include "host/yang/request_text.h"
+#include "host/yang/schemas.h"
+
+namespace oclacp::host {
+namespace {
+
+TreePtr parse(const ly_ctx* context, const std::string& text, LYD_FORMAT format) {
+  lyd_node* tree = nullptr;
+  if (lyd_parse_data_mem(context, text.c_str(), format, LYD_PARSE_ONLY | LYD_PARSE_OPAQ, 0, &tree) != LY_SUCCESS) {
+    throw Refusal(last_complaint(context, "the request"));
+  }
+  if (tree == nullptr) {
+    throw Refusal("the request: names no node");
+  }
+  return TreePtr(tree);
+}
+
+}  // namespace
+
+ParsedRequest parse_request(const ly_ctx* context, const std::string& text) {
+  const RequestText inspected = inspect_request(text);
+  TreePtr data = parse(context, text, inspected.format);
+  const bool alone = data->next == nullptr;
+  RequestTree tree(context, std::move(data));
+  const std::string top = node_path(tree.top());
+  if (top != "/openconfig-lacp:lacp") {
+    throw Refusal(top + ": no mapping serves this node");
+  }
+  if (!alone) {
+    throw Refusal(top + ": a request has one top node, this one has more");
+  }
+  if (inspected.format == LYD_XML && tree.operations() != inspected.operations) {
+    throw Refusal(top + ": an 'operation' attribute is not of the namespace " + operation_module(context)->ns);
+  }
+  return {inspected.format, std::move(tree)};
+}
+
+}  // namespace oclacp::host
