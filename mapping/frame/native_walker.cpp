@@ -31,17 +31,17 @@ const NativeChild* known_child(const NativeNode& node, yfw_map_ctx ctx, const ch
 cerrno dispatch(const Activation& run, const NativeNode& node, yfw_map_ctx ctx, const yfw_datatree& child,
                 yfw_datatree* out) {
   if (child.tag == nullptr) {
-    run.record(Message::kTagMissing);
+    run.record(message::kTagMissing);
     return YFW_MALFORMED_TREE;
   }
-  run.record(Message::kProcessingTag, child.tag);
+  run.record(message::kProcessingTag, child.tag);
   if (const NativeChild* const known = known_child(node, ctx, child.tag); known != nullptr) {
     if (known->is_leaf) return call_leaf(node, *known, ctx, child, out);
     const cerrno status = known->walk(ctx, &child, out);
     return status == YFW_SKIP_SUBTREE ? YFW_OK : status;
   }
   if (yfw_map_do_these_match(child.ns, node.ns) == 0) return node.parse_augments(ctx, &child, out);
-  run.record(Message::kTagIgnored);
+  run.record(message::kTagIgnored);
   return YFW_OK;
 }
 
@@ -81,7 +81,7 @@ class ListEntryWalk {
     cerrno status = yfw_map_update_current_list_node(ctx_, row_.path);
     if (status == YFW_OK) {
       if (!mark_keys(row_, node_, count) && row_.node.tree == NativeTree::kConfiguration) {
-        run_.record(Message::kKeysMissing);
+        run_.record(message::kKeysMissing);
         return YFW_MALFORMED_TREE;
       }
       status = row_.handler(ctx_, &node_, out_);
@@ -111,7 +111,7 @@ cerrno walk_native_container(const Handler& handler, const NativeContainer& row,
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
   const std::optional<unsigned int> count = named_children(*in);
-  if (!count) return run.end_with(Message::kSubtreesMissing, YFW_MALFORMED_TREE);
+  if (!count) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
   std::optional<HierarchyEntry> entry(std::in_place, ctx, writable(in), YFW_HIERARCHY_CONTAINER, YFW_NODE_CONTAINER);
   cerrno status = row.handler(ctx, in, *count, out);
   if (status == YFW_SKIP_SUBTREE) return YFW_OK;
@@ -125,9 +125,9 @@ cerrno walk_native_list_entry(const Handler& handler, const NativeList& row, yfw
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
   const std::optional<unsigned int> count = named_children(*in);
-  if (!count) return run.end_with(Message::kSubtreesMissing, YFW_MALFORMED_TREE);
+  if (!count) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
   // In operational data an entry without children is told and walked all the same.
-  if (*count == 0 && row.node.tree == NativeTree::kOperational) run.record(Message::kKeysMissing);
+  if (*count == 0 && row.node.tree == NativeTree::kOperational) run.record(message::kKeysMissing);
   const cerrno status = ListEntryWalk(run, row, ctx, writable(in), out).walk(*count);
   return status == YFW_SKIP_SUBTREE ? status : run.end(status);
 }
@@ -136,11 +136,11 @@ cerrno walk_native_augment(const Handler& handler, const NativeAugment& row, yfw
                            yfw_datatree* out) {
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  if (!named_children(*in)) return run.end_with(Message::kSubtreesMissing, YFW_MALFORMED_TREE);
-  if (in->tag == nullptr) return run.end_with(Message::kTagMissing, YFW_MALFORMED_TREE);
+  if (!named_children(*in)) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
+  if (in->tag == nullptr) return run.end_with(message::kTagMissing, YFW_MALFORMED_TREE);
   if (yfw_map_do_these_match(in->tag, row.tag) != 0) return run.end(row.walk(ctx, in, out));
   if (yfw_map_do_these_match(in->ns, row.ns) == 0) return run.end(row.parse_augments(ctx, in, out));
-  return run.end_with(Message::kTagIgnored, YFW_OK);
+  return run.end_with(message::kTagIgnored, YFW_OK);
 }
 
 }  // namespace ymap

@@ -15,7 +15,7 @@ struct ShortText {
 inline cerrno compare(const Activation& run, const char* value, const char* known, bool& equal) {
   int difference = 0;
   const cerrno status = yfw_strcmp_s(run.name(), value, YFW_STRING_NO_LIMIT, known, &difference);
-  if (status != YFW_OK) run.record_failed_call(Message::kCompareFailed, status);
+  if (status != YFW_OK) run.record_failed_call(message::kCompareFailed, status);
   equal = status == YFW_OK && difference == 0;
   return status;
 }
@@ -27,7 +27,7 @@ inline bool is_equal(const Activation& run, const char* value, const char* known
 }
 
 // Copies a known text; a failure is recorded as `failure`.
-inline cerrno copy(const Activation& run, ShortText& buffer, const char* known, Message failure) {
+inline cerrno copy(const Activation& run, ShortText& buffer, const char* known, MessageWith<2> failure) {
   const cerrno status = yfw_strcpy_s(run.name(), buffer.text, sizeof buffer.text, known);
   if (status != YFW_OK) run.record_failed_call(failure, status);
   return status;

@@ -7,6 +7,7 @@
 #include "frame/native_handlers.h"
 #include "frame/request_handlers.h"
 #include "frame/texts.h"
+#include "messages.h"
 #include "models.h"
 #include "native_conversion.h"
 #include "oclacp/native_config.h"
@@ -17,14 +18,13 @@
 using oclacp::kOpenconfigLacp;
 using ymap::Activation;
 using ymap::Handler;
-using ymap::Message;
 
 namespace {
 
 // Reads the interface whose configuration is walked; a failure is recorded.
 cerrno interface_of(const Activation& run, yfw_map_ctx ctx, const char*& name) {
   const cerrno status = get_intf_name_from_tree(ctx, &name);
-  if (status != YFW_OK) run.record_failed_call(Message::kBundleNameFailed, status);
+  if (status != YFW_OK) run.record_failed_call(oclacp::message::kBundleNameFailed, status);
   return status;
 }
 
@@ -58,20 +58,20 @@ cerrno convert_mode(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree*
   bool is_on = false;
   if (const cerrno status = ymap::compare(run, in->value, "on", is_on); status != YFW_OK) return status;
   if (is_on) {
-    run.record(Message::kModeIsOn, run.name());
+    run.record(oclacp::message::kModeIsOn, run.name());
     return run.end(YFW_OK);
   }
   bool is_active = false;
   if (const cerrno status = ymap::compare(run, in->value, "active", is_active); status != YFW_OK) return status;
   ymap::ShortText text;
   const char* const mode = is_active ? "ACTIVE" : "PASSIVE";
-  if (const cerrno status = ymap::copy(run, text, mode, Message::kCopyFailed); status != YFW_OK) return status;
+  if (const cerrno status = ymap::copy(run, text, mode, ymap::message::kCopyFailed); status != YFW_OK) return status;
   if (!oclacp::is_shown(name)) return run.end(YFW_OK);
   return run.end(report_converted(ctx, out, "/lacp/interfaces/interface/config/lacp-mode", text.text));
 }
 
 cerrno refuse_period(const Activation& run, yfw_map_ctx ctx) {
-  run.record(Message::kIntervalRefused);
+  run.record(oclacp::message::kIntervalRefused);
   yfw_oc_error_path(ctx);
   // A tag that the field already holds is overwritten and not freed here, which is meant.
   ctx->request->error_tag = yfw_strdup("interval", YFW_ALLOCATION_TAG);
@@ -92,7 +92,8 @@ cerrno convert_period(const Handler& handler, yfw_map_ctx ctx, const yfw_datatre
   if (interval == nullptr && ymap::is_equal(run, in->value, "30000")) interval = "SLOW";
   if (interval == nullptr) return refuse_period(run, ctx);
   ymap::ShortText text;
-  if (const cerrno status = ymap::copy(run, text, interval, Message::kCopyFailed); status != YFW_OK) return status;
+  if (const cerrno status = ymap::copy(run, text, interval, ymap::message::kCopyFailed); status != YFW_OK)
+    return status;
   return run.end(report_converted(ctx, out, "/lacp/interfaces/interface/config/interval", text.text));
 }
 
@@ -106,12 +107,12 @@ cerrno report_global_priority(const Handler& handler, yfw_map_ctx ctx, const yfw
 
 // clang-format off
 
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_lacp_systempriority, ymap::kFrameSites, report_global_priority)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_man_leaf_lvla_bundlemember_id_portactivity, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_lacp_systempriority, report_global_priority)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_man_leaf_lvla_bundlemember_id_portactivity, ymap::accept_node)
 
-YMAP_STAMP_PLAIN_NODE(qd2oc_cfglacpmode, ymap::kAllSites, convert_mode)
-YMAP_STAMP_PLAIN_NODE(qd2oc_cfginterval, ymap::kAllSites, convert_period)
-YMAP_STAMP_NODE(qd2oc_intfcfgsystempriority, ymap::kAllSites, copy_leaf, CopiedLeaf{.target = "/lacp/interfaces/interface/config/system-priority"})
-YMAP_STAMP_NODE(qd2oc_cfgsystemidmac, ymap::kAllSites, copy_leaf, CopiedLeaf{.target = "/lacp/interfaces/interface/config/system-id-mac"})
+YMAP_STAMP_PLAIN_NODE(qd2oc_cfglacpmode, convert_mode)
+YMAP_STAMP_PLAIN_NODE(qd2oc_cfginterval, convert_period)
+YMAP_STAMP_NODE(qd2oc_intfcfgsystempriority, copy_leaf, CopiedLeaf{.target = "/lacp/interfaces/interface/config/system-priority"})
+YMAP_STAMP_NODE(qd2oc_cfgsystemidmac, copy_leaf, CopiedLeaf{.target = "/lacp/interfaces/interface/config/system-id-mac"})
 
 // clang-format on

@@ -27,21 +27,21 @@ YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata,
 
 // Known nodes without a mapping
 YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_container, ymap::accept_node)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_list, ymap::kFrameSites, ymap::accept_node)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_leaf, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_list, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_leaf, ymap::accept_node)
 
 // clang-format on
 
 // Leaf handlers
 #define OCLACP_NATIVE_COPY(NODE, HANDLER, TARGET) \
-  YMAP_STAMP_NODE(HANDLER, ymap::kFrameSites, ymap::report_leaf, NativeLeaf{.target = TARGET, .ns = kOpenconfigLacp})
+  YMAP_STAMP_NODE(HANDLER, ymap::report_leaf, NativeLeaf{.target = TARGET, .ns = kOpenconfigLacp})
 #define OCLACP_NATIVE_COPY_TWICE(NODE, HANDLER, FIRST, TARGET, LIST_FLAG, LAST_FLAG) \
   YMAP_STAMP_NODE(                                                                   \
-      HANDLER, ymap::kFrameSites, ymap::report_leaf,                                 \
+      HANDLER, ymap::report_leaf,                                                    \
       NativeLeaf{                                                                    \
           .target = TARGET, .ns = kOpenconfigLacp, .also = FIRST, .list_flag = LIST_FLAG, .last_flag = LAST_FLAG})
 #define OCLACP_NATIVE_CONVERTED(NODE, HANDLER, CONVERTER, TARGET) \
-  YMAP_STAMP_NODE(HANDLER, ymap::kFrameSites, ymap::handle_converted_leaf, ConvertedLeaf{.converter = CONVERTER})
+  YMAP_STAMP_NODE(HANDLER, ymap::handle_converted_leaf, ConvertedLeaf{.converter = CONVERTER})
 #define OCLACP_NATIVE_HANDWRITTEN(NODE, HANDLER, ...)
-#define OCLACP_NATIVE_SILENT(NODE, HANDLER) YMAP_STAMP_PLAIN_NODE(HANDLER, ymap::kFrameSites, ymap::accept_node)
+#define OCLACP_NATIVE_SILENT(NODE, HANDLER) YMAP_STAMP_PLAIN_NODE(HANDLER, ymap::accept_node)
 #include "ymap_oclacp_talvo_brin_qd_bundlemgr_oper_leaves.inc"

@@ -11,6 +11,7 @@
 #include "frame/native_handlers.h"
 #include "frame/request_handlers.h"
 #include "frame/texts.h"
+#include "messages.h"
 #include "models.h"
 #include "native_conversion.h"
 #include "native_paths.h"
@@ -21,7 +22,6 @@
 using oclacp::kOpenconfigLacp;
 using ymap::Activation;
 using ymap::Handler;
-using ymap::Message;
 
 namespace {
 
@@ -58,7 +58,7 @@ cerrno report_port_state(const Handler& handler, yfw_map_ctx ctx, const yfw_data
 // Reads the bundle that is walked; a failure is recorded.
 cerrno bundle_of(const Activation& run, yfw_map_ctx ctx, const char*& name) {
   const cerrno status = get_bundle_name_from_oper_tree(ctx, &name);
-  if (status != YFW_OK) run.record_failed_call(Message::kBundleNameMissing, status);
+  if (status != YFW_OK) run.record_failed_call(oclacp::message::kBundleNameMissing, status);
   return status;
 }
 
@@ -90,7 +90,7 @@ cerrno report_applied_mode(const Handler& handler, yfw_map_ctx ctx, const yfw_da
   static_cast<void>(yfw_map_get_node_info(ctx, "/lacp-bundles/bundles/bundle/data", "applied-lacp-mode", &native));
   ymap::ShortText text;  // stays empty for an unknown mode, and is then reported empty
   if (const char* const mode = openconfig_mode(native); mode != nullptr) {
-    if (const cerrno status = ymap::copy(run, text, mode, Message::kCopyFailed); status != YFW_OK) return status;
+    if (const cerrno status = ymap::copy(run, text, mode, ymap::message::kCopyFailed); status != YFW_OK) return status;
   }
   const char* name = nullptr;
   if (const cerrno status = bundle_of(run, ctx, name); status != YFW_OK) return status;
@@ -119,19 +119,19 @@ cerrno show_member(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* 
 
 // clang-format off
 
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle, ymap::kFrameSites, show_bundle)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_members_member, ymap::kFrameSites, show_member)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actorportstate, ymap::kFrameSites, report_port_state)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle, show_bundle)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_members_member, show_member)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actorportstate, report_port_state)
 
 // A tree of bundle members that no walker visits
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_data_actorportstate, ymap::kFrameSites, ymap::accept_node)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_man_leaf_lvla_lacpbundlemembers_member_memberinterface, ymap::kFrameSites, ymap::accept_node)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_member_memberinterface, ymap::kFrameSites, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_data_actorportstate, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_man_leaf_lvla_lacpbundlemembers_member_memberinterface, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_member_memberinterface, ymap::accept_node)
 
-YMAP_STAMP_PLAIN_NODE(qd2oc_actorportstate, ymap::kFrameSites, report_port_state)
-YMAP_STAMP_PLAIN_NODE(qd2oc_lacpmode, ymap::kAllSites, report_applied_mode)
-YMAP_STAMP_NODE(qd2oc_statesystemidmac, ymap::kAllSites, report_bundle_leaf, BundleLeaf{.target = "/lacp/interfaces/interface/state/system-id-mac"})
-YMAP_STAMP_NODE(qd2oc_intfstatesystempriority, ymap::kAllSites, report_bundle_leaf, BundleLeaf{.target = "/lacp/interfaces/interface/state/system-priority"})
+YMAP_STAMP_PLAIN_NODE(qd2oc_actorportstate, report_port_state)
+YMAP_STAMP_PLAIN_NODE(qd2oc_lacpmode, report_applied_mode)
+YMAP_STAMP_NODE(qd2oc_statesystemidmac, report_bundle_leaf, BundleLeaf{.target = "/lacp/interfaces/interface/state/system-id-mac"})
+YMAP_STAMP_NODE(qd2oc_intfstatesystempriority, report_bundle_leaf, BundleLeaf{.target = "/lacp/interfaces/interface/state/system-priority"})
 
 // clang-format on
 

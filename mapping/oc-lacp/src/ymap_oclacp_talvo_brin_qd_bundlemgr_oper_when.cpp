@@ -7,15 +7,15 @@ namespace {
 cerrno accept_any_node(const ymap::Handler& handler, yfw_map_ctx ctx, const yfw_datatree* node) {
   constexpr cerrno kNoNode = 1;
   const ymap::Activation run(handler, ctx);
-  return node != nullptr ? run.end(YFW_OK) : run.end_with(ymap::Message::kNothingToEvaluate, kNoNode);
+  return node != nullptr ? run.end(YFW_OK) : run.end_with(ymap::message::kNothingToEvaluate, kNoNode);
 }
 
 }  // namespace
 
-#define OCLACP_WHEN(NAME)                                                                                \
-  cerrno NAME(yfw_map_ctx ctx, const yfw_datatree* node) {                                               \
-    YMAP_HANDLER_IDENTITY(NAME, "cerrno " #NAME "(yfw_map_ctx, const yfw_datatree *)", ymap::kAllSites); \
-    return accept_any_node(handler, ctx, node);                                                          \
+#define OCLACP_WHEN(NAME)                                                               \
+  cerrno NAME(yfw_map_ctx ctx, const yfw_datatree* node) {                              \
+    YMAP_HANDLER_IDENTITY(NAME, "cerrno " #NAME "(yfw_map_ctx, const yfw_datatree *)"); \
+    return accept_any_node(handler, ctx, node);                                         \
   }
 
 // clang-format off

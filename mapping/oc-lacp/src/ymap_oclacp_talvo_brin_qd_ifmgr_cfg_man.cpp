@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "frame/native_handlers.h"
+#include "messages.h"
 #include "models.h"
 #include "native_conversion.h"
 #include "native_paths.h"
@@ -13,7 +14,6 @@
 using oclacp::kOpenconfigLacp;
 using ymap::Activation;
 using ymap::Handler;
-using ymap::Message;
 
 namespace {
 
@@ -55,7 +55,7 @@ cerrno show_interface_name(const Handler& handler, yfw_map_ctx ctx, const yfw_da
   return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> cerrno {
     const char* const name = in->value;
     if (name == nullptr) {
-      run.record(Message::kInterfaceNameMissing);
+      run.record(oclacp::message::kInterfaceNameMissing);
       return YFW_MALFORMED_TREE;
     }
     keep_interface_name(ctx, name);
@@ -85,10 +85,10 @@ cerrno hand_to_augment(const Handler& handler, yfw_map_ctx ctx, const yfw_datatr
 
 // clang-format off
 
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfigurations_interfaceconfiguration, ymap::kFrameSites, show_interface)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_leaf_lvla_interfaceconfigurations_interfaceconfiguration_interfacename, ymap::kAllSites, show_interface_name)
-YMAP_STAMP_PLAIN_NODE(qd_to_oc_interface_name_leaf_cb, ymap::kAllSites, show_interface_name)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments, ymap::kFrameSites, hand_to_augment)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfigurations_interfaceconfiguration, show_interface)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_leaf_lvla_interfaceconfigurations_interfaceconfiguration_interfacename, show_interface_name)
+YMAP_STAMP_PLAIN_NODE(qd_to_oc_interface_name_leaf_cb, show_interface_name)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments, hand_to_augment)
 
 // clang-format on
 
