@@ -15,6 +15,8 @@ set_target_properties(ymap_oclacp PROPERTIES EXPORT_NAME module)
 set_target_properties(oclacp_platform PROPERTIES EXPORT_NAME platform)
 
 install(TARGETS ymap_oclacp oclacp_platform EXPORT oclacp)
+# The host has no stable interface yet: its library is installed for the program alone.
+install(TARGETS oclacp_host oclacp)
 install(EXPORT oclacp NAMESPACE oclacp:: FILE oclacp-targets.cmake DESTINATION ${OCLACP_PACKAGE_DIR})
 install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 install(DIRECTORY platform/include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/oclacp-platform)

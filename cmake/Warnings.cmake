@@ -20,3 +20,9 @@ if(OCLACP_COVERAGE)
   target_compile_options(oclacp_build_settings INTERFACE --coverage -O0)
   target_link_options(oclacp_build_settings INTERFACE --coverage)
 endif()
+
+if(OCLACP_FUZZ)
+  target_compile_options(oclacp_build_settings INTERFACE -fsanitize=fuzzer-no-link,address,undefined
+                                                         -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(oclacp_build_settings INTERFACE -fsanitize=address,undefined)
+endif()

@@ -18,9 +18,9 @@ bool is_container(const yfw_datatree& node) {
   return info_of(&node).schema->nodetype == LYS_CONTAINER;
 }
 
-// Which node an unmarked failure is about: the module marks neither of these two, but there is only one thing in a
-// request that each can mean.
-const yfw_datatree* find_culprit(RequestTree& tree, cerrno status) {
+// Which node an unmarked failure is about. Two kinds are refused before their node is entered, but there is only one
+// thing in a request that each can mean; the others are found in the node that was entered last.
+const yfw_datatree* find_culprit(const Request& request, RequestTree& tree, cerrno status) {
   for (const yfw_datatree& node : tree.nodes()) {
     const bool is_refused_delete = status == YFW_INVALID_ARGUMENTS && is_container(node) && node.child_count != 0 &&
                                    yfw_map_is_request_delete(&node) != 0;
@@ -30,7 +30,7 @@ const yfw_datatree* find_culprit(RequestTree& tree, cerrno status) {
       return &node;
     }
   }
-  return tree.top();
+  return request.last_entered() == nullptr ? tree.top() : request.last_entered();
 }
 
 std::string code_text(cerrno status) {
@@ -48,7 +48,7 @@ std::string describe_failure(const Request& request, RequestTree& tree, cerrno s
   }
   const yfw_datatree* node = request.marked_node();
   const char* tag = comes_with_tag(status) ? request.request->error_tag : nullptr;
-  std::string sentence = node_path(node == nullptr ? find_culprit(tree, status) : node);
+  std::string sentence = node_path(node == nullptr ? find_culprit(request, tree, status) : node);
   if (tag != nullptr) {
     sentence.append("/").append(tag);
   }

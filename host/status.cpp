@@ -8,7 +8,7 @@ namespace oclacp::host {
 namespace {
 
 // clang-format off
-constexpr std::array<std::pair<cerrno, const char*>, 19> kTexts = {{
+constexpr std::array<std::pair<cerrno, const char*>, 18> kTexts = {{
     {YFW_OK,                   "done"},
     {YFW_INVALID_ARGUMENTS,    "a container that is deleted may not name children"},
     {YFW_MALFORMED_TREE,       "the list entry names no keys"},
@@ -21,11 +21,10 @@ constexpr std::array<std::pair<cerrno, const char*>, 19> kTexts = {{
     {YFW_NOTHING_TO_DELETE,    "nothing to delete: the device has no LACP configuration for this interface"},
     {SYSDB_LIBRARY_MISSING,    "the data store's library is not present"},
     {kUnknownPath,             "no such native node"},
-    {kInvalidValue,            "the native leaf does not take this value"},
     {kMissingValue,            "the leaf needs a value"},
     {kKeyDisagrees,            "the list key differs from the leaf that it refers to"},
-    {kTextTooLong,             "the text is too long"},
-    {kTextMissing,             "the text is missing"},
+    {kTextTooLong,             "a value is too long"},
+    {kTextMissing,             "a value is missing"},
     {kNotFound,                "not found"},
     {kBadQuery,                "the data store cannot answer this query"},
 }};

@@ -8,8 +8,6 @@ namespace oclacp::host {
 
 // An added path names no node of the native schemas, or its node is not of the namespace that was given.
 inline constexpr cerrno kUnknownPath = 0x0c1a0001;
-// An added value is not one that the native leaf takes.
-inline constexpr cerrno kInvalidValue = 0x0c1a0002;
 // A leaf that is set, and takes values, was added without one.
 inline constexpr cerrno kMissingValue = 0x0c1a0003;
 // A list key differs from the leaf of the same entry that it refers to.

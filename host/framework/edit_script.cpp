@@ -4,7 +4,6 @@
 #include <cstring>
 
 #include "host/status.h"
-#include "host/yang/libyang.h"
 
 namespace oclacp::host {
 namespace {
@@ -30,18 +29,16 @@ bool EditScript::Entry::has_keys() const {
 
 cerrno EditScript::add(std::string_view path, std::string_view ns, const char* value, const yfw_datatree* source,
                        bool opens_entry) {
-  Target* target = paths_.find(path, ns);
+  const Target* target = paths_.find(path, ns);
   if (target == nullptr) {
-    return refuse(kUnknownPath, path, cerr_strerror(kUnknownPath));
+    return refuse(kUnknownPath, path);
   }
   const uint32_t operation = operation_for(*target, value, source);
-  if (is_edit_ && target->is_leaf() && !deletes(operation)) {
-    if (target->is_key() && value == nullptr && yfw_map_is_request_delete(source) != 0) {
+  if (is_edit_ && target->is_leaf() && value == nullptr && !deletes(operation) && !is_empty_type(target->schema)) {
+    if (target->is_key() && yfw_map_is_request_delete(source) != 0) {
       return YFW_OK;  // a key says which entry, and this one says nothing
     }
-    if (const cerrno status = check_value(*target, value); status != YFW_OK) {
-      return refuse(status, path, complaint_);
-    }
+    return refuse(kMissingValue, path);
   }
   const std::string_view text = value == nullptr ? std::string_view() : keep(value);
   int entry = kNoEntry;
@@ -55,7 +52,7 @@ cerrno EditScript::add(std::string_view path, std::string_view ns, const char* v
   if (entry != kNoEntry && (source == nullptr || yfw_map_is_request_delete(source) == 0 || deletes(operation))) {
     entries_[static_cast<size_t>(entry)].only_deletes = false;
   }
-  steps_.push_back({target, entry, value != nullptr, text, operation});
+  steps_.push_back({target, source, entry, value != nullptr, text, operation});
   return YFW_OK;
 }
 
@@ -76,27 +73,8 @@ uint32_t EditScript::operation_for(const Target& target, const char* value, cons
   return target.is_leaf() && is_own ? source->operation : uint32_t{YFW_OPERATION_NONE};
 }
 
-cerrno EditScript::check_value(Target& target, const char* value) {
-  const char* text = value == nullptr ? "" : value;
-  if (value == nullptr && !is_empty_type(target.schema)) {
-    complaint_ = cerr_strerror(kMissingValue);
-    return kMissingValue;
-  }
-  if (!target.accepted_value.empty() && target.accepted_value == text) {
-    return YFW_OK;
-  }
-  if (lyd_value_validate(paths_.context(), target.schema, text, std::strlen(text), nullptr, nullptr, nullptr) !=
-      LY_SUCCESS) {
-    complaint_ = last_complaint(paths_.context(), "");
-    complaint_.erase(0, complaint_.find(": ") + 2);
-    return kInvalidValue;
-  }
-  target.accepted_value = text;
-  return YFW_OK;
-}
-
-cerrno EditScript::refuse(cerrno status, std::string_view path, std::string_view reason) {
-  complaint_ = "native " + std::string(path) + ": " + std::string(reason);
+cerrno EditScript::refuse(cerrno status, std::string_view path) {
+  complaint_ = "native " + std::string(path) + ": " + cerr_strerror(status);
   return status;
 }
 

@@ -24,7 +24,8 @@ class EditScript {
   // One added node. Texts live as long as the script.
   struct Step {
     const Target* target;
-    int entry;  // the innermost list entry that it is in, or that it is; kNoEntry outside of lists
+    const yfw_datatree* source;  // the node of the request that it stems from; null in reads
+    int entry;                   // the innermost list entry that it is in, or that it is; kNoEntry outside of lists
     bool has_value;
     std::string_view value;
     uint32_t operation;  // YFW_OPERATION_*, as an edit of the native data
@@ -39,8 +40,9 @@ class EditScript {
     [[nodiscard]] bool has_keys() const;
   };
 
-  // `is_edit`: values are checked against their native types and nodes take the operations of their sources. Reads keep
-  // the request's values as they are.
+  // `is_edit`: nodes take the operations of their sources, and leaves that are set need values. A value is judged by
+  // its type only when the edit is made of the script (edit_printer.h), as libyang judges while it makes nodes. Reads
+  // keep the request's values as they are.
   EditScript(NativePaths& paths, bool is_edit) : paths_(paths), is_edit_(is_edit) {}
 
   // What yfw_map_datatree_add_path_flagged() does. Answers 0 or a code of host/status.h, with the reason in
@@ -70,8 +72,7 @@ class EditScript {
   int entry_for_key(const Target& target, std::string_view value);
   void close_entries(int first);
   uint32_t operation_for(const Target& target, const char* value, const yfw_datatree* source) const;
-  cerrno check_value(Target& target, const char* value);
-  cerrno refuse(cerrno status, std::string_view path, std::string_view reason);
+  cerrno refuse(cerrno status, std::string_view path);
   std::string_view keep(std::string_view text);
 
   NativePaths& paths_;

@@ -60,6 +60,7 @@ void EditTree::apply(const EditScript::Step& step) {
 
 void EditTree::set(const EditScript::Step& step) {
   EditNode* node = find(step, true);
+  node->source = step.source;
   bool is_replaced_above = false;
   for (EditNode* above = node->parent; above != nullptr; above = above->parent) {
     if (deletes(above->operation)) {
@@ -103,6 +104,7 @@ void EditTree::erase(const EditScript::Step& step) {
   // What was set before is there when the delete is applied, so it must not fail for want of it.
   const bool was_set = node->is_set || !node->children.empty() || !node->entries.empty();
   clear(node);
+  node->source = step.source;
   node->operation = was_set ? uint32_t{YFW_OPERATION_REMOVE} : step.operation;
 }
 

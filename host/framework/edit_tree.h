@@ -13,7 +13,8 @@ namespace oclacp::host {
 
 // One node of an edit.
 struct EditNode {
-  const lysc_node* schema = nullptr;  // null for the root above the top nodes
+  const lysc_node* schema = nullptr;     // null for the root above the top nodes
+  const yfw_datatree* source = nullptr;  // the node of the request that it stems from, for complaints
   EditNode* parent = nullptr;
   std::vector<EditNode*> children;          // containers and leaves, in order of first mention; null where one went
   std::vector<EditNode*> entries;           // list entries, the same

@@ -20,25 +20,25 @@ unsigned key_count(const lysc_node* list) {
   return count;
 }
 
-Target* NativePaths::find(std::string_view path, std::string_view ns) {
+const Target* NativePaths::find(std::string_view path, std::string_view ns) {
   while (path.ends_with('/')) {
     path.remove_suffix(1);
   }
   if (const auto found = by_path_.find(path); found != by_path_.end()) {
-    for (Target* target : found->second) {
+    for (const Target* target : found->second) {
       if (target->schema->module->ns == ns) {
         return target;
       }
     }
   }
-  Target* target = resolve(path, ns);
+  const Target* target = resolve(path, ns);
   if (target != nullptr) {
     by_path_[std::string(path)].push_back(target);
   }
   return target;
 }
 
-Target* NativePaths::resolve(std::string_view path, std::string_view ns) {
+const Target* NativePaths::resolve(std::string_view path, std::string_view ns) {
   const lys_module* preferred = ly_ctx_get_module_implemented_ns(context_, std::string(ns).c_str());
   if (preferred == nullptr || !path.starts_with('/')) {
     return nullptr;

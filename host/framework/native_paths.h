@@ -18,7 +18,6 @@ struct Target {
   std::vector<const lysc_node*> chain;  // from the top node to `schema`
   std::vector<const lysc_node*> lists;  // the lists among them, outermost first
   unsigned key_index = kNotAKey;        // place among the keys of the innermost list
-  std::string accepted_value;           // a value that the type is known to take; most leaves get few different ones
 
   static constexpr unsigned kNotAKey = ~0U;
   [[nodiscard]] bool is_key() const { return key_index != kNotAKey; }
@@ -36,7 +35,7 @@ class NativePaths {
 
   // `path` is absolute, may end in a slash, and has no prefixes: a name means the node of the module `ns` where there
   // is one, else of the module above, else of any. Null when there is no such node or it is not of the namespace `ns`.
-  Target* find(std::string_view path, std::string_view ns);
+  const Target* find(std::string_view path, std::string_view ns);
 
   [[nodiscard]] const ly_ctx* context() const { return context_; }
 
@@ -46,13 +45,13 @@ class NativePaths {
     size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
   };
 
-  Target* resolve(std::string_view path, std::string_view ns);
+  const Target* resolve(std::string_view path, std::string_view ns);
   [[nodiscard]] const lysc_node* find_below(const lysc_node* above, std::string_view name,
                                             const lys_module* preferred) const;
 
   const ly_ctx* context_;
   std::deque<Target> targets_;
-  std::unordered_map<std::string, std::vector<Target*>, TextHash, std::equal_to<>> by_path_;
+  std::unordered_map<std::string, std::vector<const Target*>, TextHash, std::equal_to<>> by_path_;
 };
 
 }  // namespace oclacp::host

@@ -5,8 +5,8 @@
 
 using oclacp::host::Request;
 
-void yfw_map_add_to_node_hierarchy(yfw_map_ctx ctx, const yfw_datatree* node, int kind) {
-  Request::of(ctx).enter(node, kind);
+void yfw_map_add_to_node_hierarchy(yfw_map_ctx ctx, const yfw_datatree* node, int /*kind*/) {
+  Request::of(ctx).enter(node);
 }
 
 void yfw_map_remove_from_node_hierarchy(yfw_map_ctx ctx, const yfw_datatree* /*node*/) {

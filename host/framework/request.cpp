@@ -40,7 +40,8 @@ bool Request::is_edit() const {
   return descriptor_.operation != YFW_REQUEST_READ_CONFIG && descriptor_.operation != YFW_REQUEST_READ_STATE;
 }
 
-void Request::enter(const yfw_datatree* node, int /*kind*/) {
+void Request::enter(const yfw_datatree* node) {
+  last_entered_ = node;
   positions_.push_back({node, output_.list_depth()});
 }
 

@@ -32,12 +32,15 @@ class Request final : public yfw_map_ctx_record {
   EditScript& output() { return output_; }
 
   // Position in the request.
-  void enter(const yfw_datatree* node, int kind);
+  void enter(const yfw_datatree* node);
   void leave();
   void enter_list(std::string_view list_path);
 
   // The current position; null before the first node.
   [[nodiscard]] const yfw_datatree* position() const { return positions_.empty() ? nullptr : positions_.back().node; }
+
+  // The node that was entered last, left or not; null when none was.
+  [[nodiscard]] const yfw_datatree* last_entered() const { return last_entered_; }
 
   // The value of `leaf` in the innermost entered entry of the list `path`; null when there is none.
   [[nodiscard]] const char* find_key(std::string_view path, std::string_view leaf) const;
@@ -71,6 +74,7 @@ class Request final : public yfw_map_ctx_record {
   yfw_datatree output_root_{};
   std::vector<Position> positions_;
   std::vector<yfw_itree_entry> itree_;
+  const yfw_datatree* last_entered_ = nullptr;
   const yfw_datatree* marked_node_ = nullptr;
   std::optional<Refused> refused_;
 };

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "host/framework/path_text.h"
+#include "host/framework/request_tree.h"
 #include "host/refusal.h"
 #include "host/yang/schemas.h"
 
@@ -93,11 +94,14 @@ class Builder {
   }
 
   void check(LY_ERR status, const EditNode& node) const {
-    if (status != LY_SUCCESS) {
-      std::string path;
-      append_step(path, *node.schema, nullptr);
-      throw Refusal(last_complaint(context_, "native " + path));
+    if (status == LY_SUCCESS) {
+      return;
     }
+    const std::string complaint = last_complaint(context_, "");
+    std::string sentence = node.source == nullptr ? "" : node_path(node.source) + ": ";
+    sentence += "native ";
+    append_step(sentence, *node.schema, nullptr);
+    throw Refusal(sentence + complaint.substr(complaint.find(": ")));
   }
 
   const ly_ctx* context_;

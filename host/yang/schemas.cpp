@@ -37,10 +37,8 @@ Schemas::Schemas(const SchemaDirectories& directories)
     if (!std::filesystem::is_directory(directories.published)) {
       throw Refusal(directories.published + ": no such folder of schemas");
     }
-    // libyang takes a module from the first folder that has it.
     ly_ctx_unset_searchdir(request_.get(), nullptr);
     ly_ctx_set_searchdir(request_.get(), directories.published.c_str());
-    ly_ctx_set_searchdir(request_.get(), directories.shipped.c_str());
   }
   load(request_.get(), "openconfig-lacp");
 

@@ -10,7 +10,7 @@ namespace oclacp::host {
 // Where schemas are.
 struct SchemaDirectories {
   std::string shipped;    // the project's own yang/ folder
-  std::string published;  // searched first for openconfig-lacp and what it imports; empty for none
+  std::string published;  // where openconfig-lacp and what it imports are taken from instead; may be empty
 };
 
 // The two sides of the mapping, each in a libyang context of its own, so that a request cannot name a native node. Both

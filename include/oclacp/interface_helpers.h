@@ -2,7 +2,7 @@
  * Questions about an interface name.
  *
  * Conventions
- * 1. Names are NUL-terminated and shorter than 64 characters; results are 0 for no.
+ * 1. Names are NUL-terminated, at most 63 characters long, and not null unless that is said; results are 0 for no.
  * 2. None of these functions reports an error: a failed copy is traced, a failed look-up is an answer.
  * 3. The look-ups go through the connection that the platform publishes as yfw_ocifmgr_im_conn, on the request's
  * thread.
@@ -19,7 +19,7 @@
 extern "C" {
 #endif
 
-/* The longest name in entry form, and the bytes that a buffer for it needs. */
+/* Where the terminator of an entry form is set in any case, and the bytes that a buffer for it needs. */
 enum { OCLACP_IFENTRY_LENGTH = 64, OCLACP_IFENTRY_CAPACITY = 65 };
 
 /*

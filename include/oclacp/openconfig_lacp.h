@@ -5,7 +5,8 @@
  * 1. Every function takes the mapping context first and answers a status of yfw/status.h; 0 is success.
  * 2. The context must not be null: the process is ended through __assert_fail() if it is. A null input node or output
  *    tree is refused with YFW_INVALID_ARGUMENTS, except where a function is said not to look at them.
- * 3. Every function records its start, its errors and its end under its own name.
+ * 3. Every function records its start, its errors and its end under its own name. No end is recorded for null
+ * arguments, after a handler's YFW_SKIP_SUBTREE (outside of a replace) and after a failed string operation.
  * 4. Nodes are marked while they are walked, so input trees must be writable; see yfw/datatree.h.
  * 5. Functions run on the request's thread and keep nothing between calls but one byte: that the library of the
  *    data-store client was found.
@@ -384,10 +385,10 @@ OCLACP_EXPORT cerrno delete_global_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
 
 /*
  * Asks the data store which interfaces hold LACP configuration and deletes the `lacp` container of each, or, for a node
- * tagged "interface", of the first whose data-store name occurs in the entry's name. YFW_SKIP_SUBTREE when everything
- * is told; YFW_NOTHING_TO_DELETE for a plain delete of an interface that has none; 0 for a remove of such an
- * interface; else the status of the failed addition or of the data store. The node's operation is left at 4, or 0, with
- * YFW_FLAG_OPERATION_CHANGED, once an interface was taken.
+ * tagged "interface", of the first whose data-store name occurs in the entry's name. YFW_SKIP_SUBTREE when all that is
+ * to be deleted was added, and in the first pass of a replace; YFW_NOTHING_TO_DELETE for a plain delete of an interface
+ * that has none; 0 for a remove of such an interface; else the status of the failed addition or of the data store. The
+ * node's operation is left at 4, or 0, with YFW_FLAG_OPERATION_CHANGED, once an interface was taken.
  */
 OCLACP_EXPORT cerrno oclacp_to_qd_bundle_lacp_config_delete(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 

@@ -8,8 +8,8 @@
 
 // The C library declares it only where assertions are on; the frame's check of its context stays in release builds.
 // NOLINTNEXTLINE(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
-extern "C" [[noreturn]] void __assert_fail(const char* expression, const char* file, unsigned int line,
-                                           const char* function) noexcept;
+extern "C" void __assert_fail(const char* expression, const char* file, unsigned int line,
+                              const char* function) noexcept __attribute__((__noreturn__));
 
 namespace ymap {
 namespace {

@@ -17,7 +17,7 @@ bool replace_is_running(const yfw_request_state& request) {
 // List keys are checked under the operation codes 1, 8 and 15.
 bool checks_keys(std::uint32_t operation) {
   constexpr std::uint32_t kChecking = 0x8102;
-  return operation < 16 && (kChecking >> operation & 1) != 0;
+  return operation < 16 && ((kChecking >> operation) & 1) != 0;
 }
 
 // A replace of one node: the first pass deletes with the children hidden, the second merges what is named. Everything
@@ -178,7 +178,7 @@ class ContainerWalk : public Walk {
       if (node_.operation == YFW_OPERATION_DELETE) node_.operation = YFW_OPERATION_REMOVE;
       walk_every_child();
     }
-    request_.filter_bits &= YFW_FILTER_ENTRY_MASK & ~kLeafFilters;
+    request_.filter_bits &= YFW_FILTER_ENTRY_MASK;  // clears the leaves' bits with the rest
   }
 
   const RequestContainer& row_;
@@ -238,7 +238,7 @@ class ListWalk : public Walk {
 
   [[nodiscard]] bool keys_are_usable() const {
     const std::uint32_t operation = operation_of(ctx_);
-    if (operation == 1 || operation == 15) return keys_.valued == 1 && keys_.leaves < 2;
+    if (operation == YFW_REQUEST_EDIT || operation == 15) return keys_.valued == 1 && keys_.leaves < 2;
     return keys_.leaves <= 1 && keys_.valued <= 1 && (operation != 8 || keys_.valued >= 1);
   }
 
@@ -248,7 +248,9 @@ class ListWalk : public Walk {
     cerrno status = answer == YFW_SKIP_SUBTREE ? skip() : answer;
     if (answer == YFW_OK) status = dispatch_children(node_, count);
     if (answer == YFW_OK && status == YFW_OK) status = walk_further_entries(depth);
-    while (yfw_map_util_itree_stack_size(ctx_) > depth) yfw_map_util_itree_stack_pop(ctx_);
+    for (std::uint16_t size = yfw_map_util_itree_stack_size(ctx_); size > depth; --size) {
+      yfw_map_util_itree_stack_pop(ctx_);
+    }
     if (answer == YFW_OK && status == YFW_OK && is_expanded(count)) expand();
     return status;
   }

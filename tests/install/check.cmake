@@ -16,6 +16,8 @@ if(WAY STREQUAL "cmake")
       -D CMAKE_C_COMPILER=${CC})
   run(${CMAKE_COMMAND} --build ${WORK_DIR}/build)
   run(${WORK_DIR}/build/consumer)
+  # The program finds the module and the schemas from where it stands.
+  run(${PREFIX}/bin/oclacp translate --to native ${EXAMPLES}/requests/create-interface.json)
 else()
   set(ENV{PKG_CONFIG_PATH} ${PREFIX}/${LIBDIR}/pkgconfig)
   function(ask_pkg_config RESULT)

@@ -60,8 +60,8 @@ class LacpInterfaces {
   }
 
   void release() {
-    if (list_ != nullptr) sysdb_list_free(list_);
-    if (is_bound_ && sysdb_library_present()) _sysdb_unbind(connection_);
+    if (list_ != nullptr) static_cast<void>(sysdb_list_free(list_));
+    if (is_bound_ && sysdb_library_present()) static_cast<void>(_sysdb_unbind(connection_));
   }
 
   [[nodiscard]] std::uint32_t count() const { return count_; }
@@ -116,8 +116,8 @@ class Deletion {
   // which is meant. A delete of all of /lacp takes every interface.
   bool takes(const char* data_store_name) {
     if (!one_entry_) return true;
-    const char* const entry_name =
-        node_.children != nullptr && node_.child_count > 0 ? node_.children[0].value : nullptr;
+    const bool has_key = ymap::named_children(node_).value_or(0) != 0;
+    const char* const entry_name = has_key ? node_.children[0].value : nullptr;
     found_ = entry_name != nullptr && std::strstr(entry_name, data_store_name) != nullptr;
     return found_;
   }

@@ -78,7 +78,10 @@ cerrno imc_s_interface_get_flags(imc_handle connection, uint32_t interface_handl
 /* Parses a name in entry form; `zero` is 0. A failure leaves the result as it was. */
 cerrno imc_ifname_parse(const char* name, uint32_t zero, imc_ifname_parse_result* result);
 
-/* Turns a data-store name element into the interface's display name; `zero` is 0. */
+/*
+ * Turns a data-store name element into the interface's display name, terminated within `size` bytes; `zero` is 0. A
+ * failure leaves the buffer as it was; the module goes on with what it holds.
+ */
 cerrno imc_display_namestring(const char* element, char* display_name, uint32_t size, uint32_t zero);
 
 /* Whether LACP is configured on an interface, by its native name. Non-zero: it is. */

@@ -109,7 +109,8 @@ typedef struct yfw_key_gate {
 
 /*
  * The framework's state of one request. The framework clears every mark before it calls an entry walker. A module puts
- * the marks back as it found them; the filter bits and `deletion_done` are results and stay.
+ * the marks back as it found them; the filter bits, `deletion_done`, `request_flags` and the error tag are results and
+ * stay.
  */
 typedef struct yfw_request_state {
   yfw_request_descriptor* descriptor; /* first field: points to the operation code */
@@ -133,7 +134,7 @@ typedef struct yfw_trace_buffer yfw_trace_buffer;
 
 /* The framework's per-request record. */
 typedef struct yfw_map_ctx_record {
-  yfw_request_state* request;     /* may be null where a handler only stores an error tag */
+  yfw_request_state* request;     /* null only for handlers that refuse every leaf; never for walkers */
   uintptr_t debug_log_filter;     /* passed by address to yfw_debug_should_log() */
   yfw_log_stream* error_log;      /* stream of level 0 records */
   yfw_log_stream* trace_log;      /* stream of level 3 records */

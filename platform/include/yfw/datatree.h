@@ -3,10 +3,11 @@
  *
  * Conventions
  * 1. The framework owns every node, its texts and its child array. A module keeps no pointer to one after it returned.
- * 2. A module changes only these fields of an input node, and puts `operation`, `children`, `child_count` and the
- *    YFW_FLAG_OPERATION_CHANGED and YFW_FLAG_SUBTREE bits back before its End record: `operation`, `children`,
- *    `child_count`, `node_kind`, `hierarchy_flags`, `key_mark`, `flags`. The framework therefore passes nodes that are
- *    writable, although the handlers' signatures say const.
+ * 2. The framework passes nodes that are writable, although the handlers' signatures say const. A walker puts
+ *    `operation`, `children`, `child_count` and the bits YFW_FLAG_OPERATION_CHANGED and YFW_FLAG_SUBTREE back as it
+ *    found them; `node_kind`, `hierarchy_flags`, `key_mark` and YFW_FLAG_LIST_KEY stay as marked. One exception: a
+ *    deletion of a list entry leaves the entry's operation at YFW_OPERATION_REMOVE (YFW_OPERATION_NONE when it failed
+ *    on the way) with YFW_FLAG_OPERATION_CHANGED.
  * 3. One request is walked by one thread at a time.
  */
 #ifndef YFW_DATATREE_H

@@ -75,8 +75,9 @@ cerrno yfw_map_get_node_info(yfw_map_ctx ctx, const char* path, const char* leaf
  * trailing slash is the same) opens an entry, and the key leaves that follow give it its keys. `ns` is the namespace of
  * the target. `value` is null for a list, a container or a delete. `source` is the input node whose edit operation the
  * new node takes; null in reads. `word` is 0, except for one native list handler that passes the address of the
- * request's current-list slot. `list_flag` is 1 for a list entry and for the keys that the interface key adds.
- * `last_flag` is 1 where a converter computed the value and 0 where it was copied; list-key handlers pass their own.
+ * request's current-list slot. `list_flag` is 1 for a list entry and for key leaves that a key adds, else 0.
+ * `last_flag` is 1 for what a converter of configuration adds and for a deleted container, 0 for what a leaf handler
+ * copies, and the handler's own choice elsewhere; its meaning is the framework's.
  */
 cerrno yfw_map_datatree_add_path_flagged(yfw_map_ctx ctx, yfw_datatree* output, const char* path, const char* ns,
                                          const char* value, const yfw_datatree* source, uintptr_t word, int list_flag,
@@ -104,7 +105,8 @@ typedef cerrno (*yfw_itree_callback)(yfw_map_ctx ctx, const yfw_datatree* entry,
 /*
  * One entry of the stack. With a null callback it holds the children of a node that is walked as a whole. With a
  * callback it is an iterator: a list-key handler pushes it when one list entry of the request stands for more, and
- * `children` are the further entries. The list walker walks each after the first and takes the iterator off again.
+ * `children` are the further entries (not null unless the count is 0). The list walker walks each after the first,
+ * inside the first on the hierarchy, and takes the iterator off again.
  */
 typedef struct yfw_itree_entry {
   yfw_datatree* children;

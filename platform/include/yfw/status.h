@@ -2,8 +2,8 @@
  * Status codes.
  *
  * Conventions
- * 1. Every operation of the platform and every handler of a mapping module answers a `cerrno`: 0 is success,
- *    anything else a failure (or, for YFW_SKIP_SUBTREE, an answer that is not an error).
+ * 1. Every handler of a mapping module, and every operation of the platform that can fail, answers a `cerrno`: 0 is
+ *    success, anything else a failure (or, for YFW_SKIP_SUBTREE, an answer that is not an error).
  * 2. A mapping module returns the codes below; codes of platform operations are passed up unchanged.
  * 3. Functions of this header may be called from any thread.
  */
@@ -25,7 +25,10 @@ typedef uint32_t cerrno;
 /* A null input node or output tree, or a delete of a container that names children. */
 #define YFW_INVALID_ARGUMENTS 0xaaf2a000u
 
-/* The request tree is malformed: children announced but missing, a node without tag, a list entry without keys. */
+/*
+ * The tree is malformed: children announced but missing, a node without tag, a list entry without keys, an interface
+ * without name.
+ */
 #define YFW_MALFORMED_TREE 0xaaf29e00u
 
 /* The node is not supported by the mapping; the request's error tag names it. */

@@ -3,7 +3,8 @@
  *
  * Conventions
  * 1. `caller` is the name of the calling function, for the platform's own diagnostics.
- * 2. A failed operation answers a code that the module reports as a trace and passes up; it never reads past `size`.
+ * 2. A failed operation answers a code. The module traces it and, in a handler, passes it up; a helper that only
+ * answers a question goes on. A failed copy leaves a terminated text in the destination, of whatever content.
  * 3. Called on the request's thread.
  */
 #ifndef YFW_STRINGS_H
@@ -37,7 +38,7 @@ cerrno yfw_strcpy_s(const char* caller, char* destination, size_t size, const ch
 
 /*
  * Copies at most `count` characters of `source` into `destination` and terminates it; fails when the result does not
- * fit in `size` bytes. After a failure the destination's content is unspecified but within `size` bytes.
+ * fit in `size` bytes.
  */
 cerrno yfw_strncpy_s(const char* caller, char* destination, size_t size, const char* source, size_t count);
 
