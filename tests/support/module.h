@@ -8,6 +8,9 @@
 
 namespace support {
 
+// The entry walker of requests against /lacp.
+inline constexpr char kEntryWalker[] = "ymap_oq_oclacp_openconfiglacp_lvla_lacp";
+
 class Module {
  public:
   // A file that cannot be loaded ends the process with the reason on stderr.

@@ -9,23 +9,23 @@ using support::Request;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using ymap::Activation;
-using ymap::NativeText;
 using ymap::NativeValue;
+using ymap::ShortText;
 
 constexpr char kTarget[] = "/native/target";
 constexpr char kNs[] = "urn:native";
 
 // A conversion that writes "converted" in place of any value, and two that fail.
-NativeValue convert(const Activation& /*run*/, yfw_map_ctx /*ctx*/, const yfw_datatree& /*leaf*/, NativeText& buffer) {
+NativeValue convert(const Activation& /*run*/, yfw_map_ctx /*ctx*/, const yfw_datatree& /*leaf*/, ShortText& buffer) {
   buffer.text[0] = 'c';
   return {.text = buffer.text};
 }
 NativeValue refuse(const Activation& /*run*/, yfw_map_ctx /*ctx*/, const yfw_datatree& /*leaf*/,
-                   NativeText& /*buffer*/) {
+                   ShortText& /*buffer*/) {
   return {.status = 0x11};
 }
 NativeValue abandon(const Activation& /*run*/, yfw_map_ctx /*ctx*/, const yfw_datatree& /*leaf*/,
-                    NativeText& /*buffer*/) {
+                    ShortText& /*buffer*/) {
   return {.status = 0x12, .abandoned = true};
 }
 
