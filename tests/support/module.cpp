@@ -36,7 +36,8 @@ void* Module::address(const char* name) const {
 
 yfw_map_walker Module::entry_walker(const Node& root) const {
   std::vector<RegistrationFunction> functions;
-  for (const char* name : kRegistrations) functions.push_back(symbol<std::remove_pointer_t<RegistrationFunction>>(name));
+  for (const char* name : kRegistrations)
+    functions.push_back(symbol<std::remove_pointer_t<RegistrationFunction>>(name));
   return support::entry_walker(registered(functions), root);
 }
 

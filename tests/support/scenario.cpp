@@ -31,7 +31,7 @@ std::uint32_t number(const std::string& text) {
 // The facts and how many arguments each takes.
 const std::map<std::string, std::size_t>& fact_arguments() {
   static const std::map<std::string, std::size_t> arguments = {
-      {"operation", 1},     {"physical", 1}, {"virtual", 1}, {"store", 1}, {"store-library", 1},
+      {"operation", 1},      {"physical", 1}, {"virtual", 1},  {"store", 1}, {"store-library", 1},
       {"interface-lacp", 1}, {"option", 2},   {"key-gate", 2}, {"fail", 3}};
   return arguments;
 }
