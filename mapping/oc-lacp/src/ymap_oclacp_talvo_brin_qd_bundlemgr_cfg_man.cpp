@@ -70,6 +70,15 @@ cerrno convert_mode(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree*
   return run.end(report_converted(ctx, out, "/lacp/interfaces/interface/config/lacp-mode", text.text));
 }
 
+// The interval of a period in milliseconds. Null for one that has none, and also when a comparison fails: its code is
+// not told.
+const char* interval_of_milliseconds(const Activation& run, const char* period) {
+  int difference = 0;
+  if (yfw_strcmp_s(run.name(), period, YFW_STRING_NO_LIMIT, "1000", &difference) != YFW_OK) return nullptr;
+  if (difference == 0) return "FAST";
+  return ymap::is_equal(run, period, "30000") ? "SLOW" : nullptr;
+}
+
 cerrno refuse_period(const Activation& run, yfw_map_ctx ctx) {
   run.record(oclacp::message::kIntervalRefused);
   yfw_oc_error_path(ctx);
@@ -86,10 +95,7 @@ cerrno convert_period(const Handler& handler, yfw_map_ctx ctx, const yfw_datatre
   if (!oclacp::is_shown(name)) return run.end(YFW_OK);
   bool equal = false;
   if (const cerrno status = ymap::compare(run, in->value, "true", equal); status != YFW_OK) return status;
-  // The comparisons that follow refuse the period when they fail; their codes are not told.
-  const char* interval = equal ? "FAST" : nullptr;
-  if (interval == nullptr && ymap::is_equal(run, in->value, "1000")) interval = "FAST";
-  if (interval == nullptr && ymap::is_equal(run, in->value, "30000")) interval = "SLOW";
+  const char* const interval = equal ? "FAST" : interval_of_milliseconds(run, in->value);
   if (interval == nullptr) return refuse_period(run, ctx);
   ymap::ShortText text;
   if (const cerrno status = ymap::copy(run, text, interval, ymap::message::kCopyFailed); status != YFW_OK)
