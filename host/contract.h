@@ -9,11 +9,13 @@
 
 #pragma GCC visibility push(default)
 #include "imc/imc.h"
+#include "platform/router.h"
 #include "sysdb/sysdb.h"
 #include "yfw/context.h"
 #include "yfw/datatree.h"
 #include "yfw/log.h"
 #include "yfw/map.h"
+#include "yfw/registration.h"
 #include "yfw/status.h"
 #include "yfw/strings.h"
 #pragma GCC visibility pop

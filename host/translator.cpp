@@ -132,6 +132,7 @@ Translation Translator::translate(const std::string& request, const Device& devi
     throw Refusal(node_path(parsed.tree.top()) + ": a read carries no edit operations");
   }
   const InstalledDevice installed(device);
+  parts_->module.require_offer();
   EditScript script(parts_->paths, is_edit);
   walk(parts_->module, parsed.tree, script, options);
 
