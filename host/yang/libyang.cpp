@@ -1,6 +1,9 @@
 #include "host/yang/libyang.h"
 
+#include <cstdlib>
 #include <string_view>
+
+#include "host/refusal.h"
 
 namespace oclacp::host {
 namespace {
@@ -39,6 +42,15 @@ std::string last_complaint(const ly_ctx* context, const std::string& what) {
     sentence.pop_back();
   }
   return sentence;
+}
+
+std::string print_tree(const ly_ctx* context, const lyd_node* tree, LYD_FORMAT format) {
+  char* printed = nullptr;
+  if (lyd_print_mem(&printed, tree, format, LYD_PRINT_WITHSIBLINGS) != LY_SUCCESS) {
+    throw Refusal(last_complaint(context, "the data"));
+  }
+  const std::unique_ptr<char, decltype(&std::free)> owner(printed, &std::free);
+  return printed == nullptr ? "" : printed;
 }
 
 }  // namespace oclacp::host
