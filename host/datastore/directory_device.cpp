@@ -41,8 +41,8 @@ DirectoryDevice::DirectoryDevice(const ly_ctx* native, const std::string& direct
 }
 
 std::string DirectoryDevice::kept_value(const lysc_node& leaf, std::string_view value) const {
-  const bool is_period = std::strcmp(leaf.module->name, "Talvo-Brin-QD-bundlemgr-cfg") == 0 &&
-                         std::strcmp(leaf.name, "period") == 0;
+  const bool is_period =
+      std::strcmp(leaf.module->name, "Talvo-Brin-QD-bundlemgr-cfg") == 0 && std::strcmp(leaf.name, "period") == 0;
   return has_canonical_period_ && is_period && value == "1" ? "true" : std::string(value);
 }
 

@@ -193,11 +193,19 @@ class Application {
       static_cast<void>(lyd_find_sibling_val(siblings, node.schema, nullptr, 0, &found));
       return found;
     }
+    // An entry with the same keys is looked for, which has to stand somewhere.
+    lyd_node* around = nullptr;
     lyd_node* wanted = nullptr;
-    if (make_native_node(node, nullptr, nullptr, wanted) != LY_SUCCESS) {
+    if (parent != nullptr && lyd_dup_single(parent, nullptr, LYD_DUP_NO_META, &around) != LY_SUCCESS) {
       refuse_native(native_, node);
     }
-    const TreePtr owner(wanted);
+    TreePtr owner(around);
+    if (make_native_node(node, nullptr, around, wanted) != LY_SUCCESS) {
+      refuse_native(native_, node);
+    }
+    if (around == nullptr) {
+      owner.reset(wanted);
+    }
     static_cast<void>(lyd_find_sibling_first(siblings, wanted, &found));
     return found;
   }
