@@ -88,7 +88,7 @@ cerrno sysdb_find(sysdb_handle connection, const char* pattern, const char* seco
   // A mapping may look for an interface by a part of its name. The longest names come first, so that it finds
   // Bundle-Ether10 before Bundle-Ether1.
   std::stable_sort(found->items.begin(), found->items.end(),
-                   [](const std::string& one, const std::string& other) { return one.size() > other.size(); });
+                   [](const std::string& one, const std::string& other) { return one.find('/') > other.find('/'); });
   *count = static_cast<uint32_t>(found->items.size());
   *list = found->items.empty() ? nullptr : found.release();
   return YFW_OK;

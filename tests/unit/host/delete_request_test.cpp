@@ -27,10 +27,10 @@ std::string refusal(const std::string& path) {
 }
 
 TEST(DeleteRequestTest, DeletesTheLastNodeOfThePath) {
-  for (const char* path : {"/lacp", "/lacp/config", "/lacp/config/system-priority", "/lacp/interfaces",
-                           "/lacp/interfaces/interface[name='Bundle-Ether1']",
-                           "/lacp/interfaces/interface[name='Bundle-Ether1']/config",
-                           "/lacp/interfaces/interface[name='Bundle-Ether1']/config/interval"}) {
+  for (const char* path :
+       {"/lacp", "/lacp/config", "/lacp/config/system-priority", "/lacp/interfaces",
+        "/lacp/interfaces/interface[name='Bundle-Ether1']", "/lacp/interfaces/interface[name='Bundle-Ether1']/config",
+        "/lacp/interfaces/interface[name='Bundle-Ether1']/config/interval"}) {
     const std::string full = "/openconfig-lacp:" + std::string(path).substr(1);
     EXPECT_THAT(deleted_by(path), testing::ElementsAre(full));
     EXPECT_THAT(deleted_by(full), testing::ElementsAre(full));
@@ -54,7 +54,8 @@ TEST(DeleteRequestTest, WhatIsNoPathOfANodeIsRefused) {
   EXPECT_EQ(refusal("/"), "'/': a path begins with a slash and names a node");
   EXPECT_EQ(refusal("lacp/config"), "'lacp/config': a path begins with a slash and names a node");
   EXPECT_EQ(refusal("/lacp/foo"), "/lacp/foo: Not found node \"foo\" in path");
-  EXPECT_THAT(refusal("/other:lacp"), testing::StartsWith("/other:lacp: No module connected with the prefix \"other\""));
+  EXPECT_THAT(refusal("/other:lacp"),
+              testing::StartsWith("/other:lacp: No module connected with the prefix \"other\""));
   for (const char* path : {"//lacp", "/lacp//interval", "/lacp/", "/lacp/*", "/lacp/interfaces/interface[name='a'",
                            "/lacp/interfaces/interface[1]/config", "/lacp/interfaces/interface/config",
                            "/lacp/interfaces/interface[other='a']", "/lacp or /lacp"}) {

@@ -142,7 +142,9 @@ TEST_F(EditApplicationTest, AValueThatTheNativeModelDoesNotTakeIsRefused) {
 TEST_F(EditApplicationTest, AnotherInterfaceThanTheRequestNamesIsLeftAlone) {
   open(edit_, "b", entry_);
   EXPECT_EQ(add_lacp(edit_, "", nullptr, leaf(YFW_OPERATION_REMOVE)), YFW_OK);
-  expect_refusal(EmptyDevice(), "[interface-name='b']/Talvo-Brin-QD-bundlemgr-cfg:lacp: belongs to another interface");
+  const KeptDevice device(R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [
+      {"active": "act", "interface-name": "b", "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": "active"}}]}})");
+  expect_refusal(device, "[interface-name='b']: belongs to another interface");
 }
 
 TEST_F(EditApplicationTest, TheDeviceStaysAsItIs) {

@@ -15,16 +15,17 @@ EditPlan plan(const std::string& before, const std::string& after) {
 }
 
 TEST(EditPlanTest, TheSameConfigurationIsNoChange) {
-  const EditPlan same = plan(lacp_of_a(R"("period": 1, "mode": "active")"), lacp_of_a(R"("mode": "active", "period": 1)"));
+  const EditPlan same =
+      plan(lacp_of_a(R"("period": 1, "mode": "active")"), lacp_of_a(R"("mode": "active", "period": 1)"));
   EXPECT_FALSE(same.changes_something());
   EXPECT_EQ(same.print_difference(), "{}\n");
 }
 
 TEST(EditPlanTest, TellsTheFirstNodeThatChanges) {
-  EXPECT_EQ(plan(lacp_of_a(R"("period": 1, "mode": "active")"), lacp_of_a(R"("period": 2, "mode": "active")"))
-                .first_change(),
-            "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act']"
-            "[interface-name='a']/Talvo-Brin-QD-bundlemgr-cfg:lacp/period");
+  EXPECT_EQ(
+      plan(lacp_of_a(R"("period": 1, "mode": "active")"), lacp_of_a(R"("period": 2, "mode": "active")")).first_change(),
+      "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act']"
+      "[interface-name='a']/Talvo-Brin-QD-bundlemgr-cfg:lacp/period");
   EXPECT_EQ(plan("{}", R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 5}})").first_change(),
             "/Talvo-Brin-QD-bundlemgr-cfg:lacp");
 }

@@ -7,9 +7,7 @@ namespace {
 
 class IgnoredNodesTest : public testing::Test {
  protected:
-  void enter(std::initializer_list<const char*> tags) {
-    find(tree_, tags)->hierarchy_flags |= YFW_HIERARCHY_ENTERED;
-  }
+  void enter(std::initializer_list<const char*> tags) { find(tree_, tags)->hierarchy_flags |= YFW_HIERARCHY_ENTERED; }
   std::string ignored() {
     const yfw_datatree* node = find_ignored_node(tree_);
     return node == nullptr ? "none" : node_path(node);

@@ -12,9 +12,9 @@ namespace oclacp::host {
 // The running configuration of a text in JSON.
 inline TreePtr running(const std::string& text) {
   lyd_node* tree = nullptr;
-  EXPECT_EQ(lyd_parse_data_mem(schemas().native(), text.c_str(), LYD_JSON, LYD_PARSE_STRICT, LYD_VALIDATE_NO_STATE,
-                               &tree),
-            LY_SUCCESS);
+  EXPECT_EQ(
+      lyd_parse_data_mem(schemas().native(), text.c_str(), LYD_JSON, LYD_PARSE_STRICT, LYD_VALIDATE_NO_STATE, &tree),
+      LY_SUCCESS);
   return TreePtr(tree);
 }
 

@@ -51,8 +51,8 @@ TEST(RequestTreeTest, OtherOperationsOfAnEntryStayWithIt) {
 TEST(RequestTreeTest, EveryReplacedEntryGetsItsConfigInPlace) {
   std::string entries;
   for (int number = 0; number < 100; ++number) {
-    entries += (number == 0 ? "" : ", ") + (R"({"@": {"ietf-netconf:operation": "replace"}, "name": "a)" +
-                                            std::to_string(number) + R"("})");
+    entries += (number == 0 ? "" : ", ") +
+               (R"({"@": {"ietf-netconf:operation": "replace"}, "name": "a)" + std::to_string(number) + R"("})");
   }
   RequestTree tree = parse(lacp(R"("interfaces": {"interface": [)" + entries + "]}"));
   const yfw_datatree* interfaces = find(tree, {"interfaces"});
