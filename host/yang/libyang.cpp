@@ -1,5 +1,6 @@
 #include "host/yang/libyang.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
@@ -44,13 +45,18 @@ std::string last_complaint(const ly_ctx* context, const std::string& what) {
   return sentence;
 }
 
+// A stream in memory: libyang's own text buffer is reallocated and its parts are allocated with every few bytes.
 std::string print_tree(const ly_ctx* context, const lyd_node* tree, LYD_FORMAT format) {
-  char* printed = nullptr;
-  if (lyd_print_mem(&printed, tree, format, LYD_PRINT_WITHSIBLINGS) != LY_SUCCESS) {
+  char* text = nullptr;
+  size_t size = 0;
+  FILE* stream = open_memstream(&text, &size);
+  const LY_ERR status = stream == nullptr ? LY_EMEM : lyd_print_file(stream, tree, format, LYD_PRINT_WITHSIBLINGS);
+  const bool is_closed = stream != nullptr && std::fclose(stream) == 0;
+  const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
+  if (!is_closed || status != LY_SUCCESS) {
     throw Refusal(last_complaint(context, "the data"));
   }
-  const std::unique_ptr<char, decltype(&std::free)> owner(printed, &std::free);
-  return printed == nullptr ? "" : printed;
+  return {text, size};
 }
 
 }  // namespace oclacp::host
