@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "cli/locations.h"
+#include "cli/records_command.h"
 #include "host/datastore/directory_device.h"
 #include "host/log/trace_tree.h"
 #include "host/text_file.h"
@@ -128,12 +129,17 @@ int run(int argc, char** argv) {
   app.require_subcommand(1);
   CLI::App* command = app.add_subcommand("translate", "Translate a request, without a device or with one as it stands");
   define_translate(*command, arguments);
+  RecordsCommand records(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     return app.exit(error) == 0 ? kDone : kUsage;
   }
-  translate(arguments);
+  if (records.is_chosen()) {
+    print(records.run());
+  } else {
+    translate(arguments);
+  }
   return kDone;
 }
 

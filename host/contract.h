@@ -8,6 +8,7 @@
 #include <stdint.h>
 
 #pragma GCC visibility push(default)
+#include "bag/bag.h"
 #include "imc/imc.h"
 #include "sysdb/sysdb.h"
 #include "yfw/context.h"

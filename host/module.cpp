@@ -8,6 +8,7 @@ namespace oclacp::host {
 namespace {
 
 constexpr const char* kRequestWalker = "ymap_oq_oclacp_openconfiglacp_lvla_lacp";
+constexpr const char* kRecordRegistration = "bag_register_all_bundlemgr_distrib_bags";
 
 }  // namespace
 
@@ -26,6 +27,10 @@ Module::Module(const std::string& file) {
   if (request_walker_ == nullptr) {
     throw Refusal(file + ": is no mapping module for openconfig-lacp");
   }
+}
+
+Module::RecordRegistration* Module::record_registration() const {
+  return reinterpret_cast<RecordRegistration*>(dlsym(library_.get(), kRecordRegistration));
 }
 
 }  // namespace oclacp::host

@@ -13,12 +13,16 @@ namespace oclacp::host {
 class Module {
  public:
   using Walker = cerrno(yfw_map_ctx ctx, const yfw_datatree* input, yfw_datatree* output);
+  using RecordRegistration = cerrno();
 
   // `file` is a path. Throws Refusal when it cannot be loaded or is no such module.
   explicit Module(const std::string& file);
 
   // The entry walker for requests against /openconfig-lacp:lacp.
   [[nodiscard]] Walker* request_walker() const { return request_walker_; }
+
+  // Registers the module's records; null when it has none.
+  [[nodiscard]] RecordRegistration* record_registration() const;
 
  private:
   struct Close {
