@@ -51,6 +51,7 @@ struct Record {
   Sink sink;
   std::string level;                       // "ERR" or "TRC"
   std::string text;                        // behind the prefix
+  std::size_t length = 0;                  // of the whole record
   const std::uint32_t* site = nullptr;     // debug log: the emitting site's word
   const yfw_log_stream* stream = nullptr;  // debug log: where it went
   std::uint32_t sequence = 0;              // trace buffer

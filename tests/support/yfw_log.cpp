@@ -103,6 +103,7 @@ void dt_log_filter_adv(yfw_log_stream* stream, int zero1, int zero2, int zero3, 
   call.require(stream == (record.level == "ERR" ? context.error_log : context.trace_log), "wrong stream");
   call.require(zero1 == 0 && zero2 == 0 && zero3 == 0 && zero4 == 0 && zero5 == 0, "an argument is not zero");
   call.require(site != nullptr && *site == 0xFFFFFFFF, "the site's word is not all ones");
+  record.length = std::string_view(line).size();
   call.seen().records.push_back(std::move(record));
   call.done();
 }
@@ -123,7 +124,8 @@ void _lstrace(yfw_trace_buffer* buffer, uint64_t flags, const char* text) {
   call.require(buffer == context.trace_buffer, "wrong buffer");
   call.require(flags == YFW_TRACE_FLAGS, "wrong flags");
   call.require(record.sequence == call.seen().trace_index, "not the last sequence number");
-  call.require(std::string_view(text).size() < YFW_TRACE_CAPACITY, "longer than a record may be");
+  record.length = std::string_view(text).size();
+  call.require(record.length < YFW_TRACE_CAPACITY, "longer than a record may be");
   call.seen().records.push_back(std::move(record));
   call.done();
 }

@@ -1,0 +1,300 @@
+#include "frame/handler.h"
+
+#include <array>
+#include <set>
+#include <string>
+#include <utility>
+
+#include "unit/module_test.h"
+#include "yfw/log.h"
+
+namespace {
+
+using support::Record;
+using testing::ElementsAre;
+using testing::SizeIs;
+using ymap::Activation;
+using ymap::Handler;
+using ymap::Message;
+
+// Handlers whose work is the test's.
+using Work = void (*)(const Activation& run);
+Work probe_work = nullptr;
+cerrno probe_status = YFW_OK;
+
+cerrno run_probe(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
+  return ymap::run_in_frame(handler, ctx, in, out, [](const Activation& run) {
+    if (probe_work != nullptr) probe_work(run);
+    return probe_status;
+  });
+}
+
+YMAP_STAMP_PLAIN_NODE(probe_node, ymap::kAllSites, run_probe)
+YMAP_STAMP_PLAIN_NODE(other_node, ymap::kAllSites, run_probe)
+YMAP_STAMP_CONTAINER(probe_container, run_probe)
+
+class HandlerFrame : public support::ModuleTest {
+ protected:
+  void SetUp() override {
+    probe_work = nullptr;
+    probe_status = YFW_OK;
+  }
+
+  cerrno run(Work work = nullptr) {
+    probe_work = work;
+    return probe_node(platform.ctx(), request.root(), platform.output());
+  }
+
+  [[nodiscard]] std::vector<Record> records_in(Record::Sink sink) const {
+    std::vector<Record> records;
+    for (const Record& record : platform.seen().records) {
+      if (record.sink == sink) records.push_back(record);
+    }
+    return records;
+  }
+  [[nodiscard]] std::vector<Record> debug_log() const { return records_in(Record::Sink::kDebugLog); }
+  [[nodiscard]] std::vector<Record> trace_buffer() const { return records_in(Record::Sink::kTraceBuffer); }
+
+  support::Request request{support::leaf("leaf")};
+};
+
+using HandlerFrameDeathTest = HandlerFrame;
+
+TEST_F(HandlerFrameDeathTest, NullContextEndsTheProcessAndNamesFilePlaceAndPrototype) {
+  EXPECT_DEATH(probe_node(nullptr, request.root(), platform.output()),
+               "handler_test.cpp:[0-9]+: cerrno probe_node\\(yfw_map_ctx, const yfw_datatree \\*, yfw_datatree \\*\\): "
+               "Assertion `\\(\\(void \\*\\)0\\) != ctx' failed");
+}
+
+TEST_F(HandlerFrameDeathTest, NullContextOfAContainerHandlerNamesTheChildCount) {
+  EXPECT_DEATH(probe_container(nullptr, request.root(), 0, platform.output()),
+               "cerrno probe_container\\(yfw_map_ctx, const yfw_datatree \\*, unsigned int, yfw_datatree \\*\\): "
+               "Assertion `\\(\\(void \\*\\)0\\) != ctx' failed");
+}
+
+TEST_F(HandlerFrameDeathTest, NullContextCountsMoreThanOtherNullArguments) {
+  EXPECT_DEATH(probe_node(nullptr, nullptr, nullptr), "\\(\\(void \\*\\)0\\) != ctx");
+}
+
+TEST_F(HandlerFrame, RecordsStartAndEndInBothSinks) {
+  EXPECT_EQ(run(), YFW_OK);
+  EXPECT_THAT(platform.trace(), ElementsAre("TRC probe_node: Start", "TRC probe_node: End"));
+  const std::vector<Record> lines = debug_log();
+  ASSERT_THAT(lines, SizeIs(2));
+  EXPECT_EQ(lines[0].level + lines[0].text, "TRCStart");
+  EXPECT_EQ(lines[1].level + lines[1].text, "TRCEnd");
+}
+
+TEST_F(HandlerFrame, AsksForEachLevelBeforeItLogs) {
+  run([](const Activation& run) { run.record(Message::kBindFailed, "path", "error"); });
+  EXPECT_EQ(platform.count("yfw_debug_should_log", "3"), 2U);
+  EXPECT_EQ(platform.count("yfw_debug_should_log", "0"), 1U);
+  EXPECT_EQ(platform.count("dt_log_filter_adv"), 3U);
+}
+
+TEST_F(HandlerFrame, ReturnsTheStatusOfTheWorkAndRecordsEndForFailuresToo) {
+  probe_status = YFW_UNSUPPORTED_NODE;
+  EXPECT_EQ(run(), YFW_UNSUPPORTED_NODE);
+  EXPECT_EQ(platform.traced("probe_node", "End"), 1U);
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U) << "the frame marks the error path for null arguments only";
+}
+
+TEST_F(HandlerFrame, NullInputIsInvalidAndLeavesWithoutEnd) {
+  EXPECT_EQ(probe_node(platform.ctx(), nullptr, platform.output()), YFW_INVALID_ARGUMENTS);
+  EXPECT_THAT(platform.trace(), ElementsAre("TRC probe_node: Start", "ERR probe_node: Invalid arguments passed!"));
+  EXPECT_THAT(debug_log(), SizeIs(2));
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 1U);
+}
+
+TEST_F(HandlerFrame, NullOutputIsInvalidAndLeavesWithoutEnd) {
+  EXPECT_EQ(probe_node(platform.ctx(), request.root(), nullptr), YFW_INVALID_ARGUMENTS);
+  EXPECT_THAT(platform.trace(), ElementsAre("TRC probe_node: Start", "ERR probe_node: Invalid arguments passed!"));
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 1U);
+}
+
+TEST_F(HandlerFrame, TwoNullArgumentsAreOneError) {
+  EXPECT_EQ(probe_node(platform.ctx(), nullptr, nullptr), YFW_INVALID_ARGUMENTS);
+  EXPECT_EQ(platform.traced("probe_node", "Invalid arguments passed!"), 1U);
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 1U);
+}
+
+TEST_F(HandlerFrame, InvalidArgumentsAreRecordedBeforeTheErrorPathIsMarked) {
+  probe_node(platform.ctx(), nullptr, platform.output());
+  EXPECT_LT(position("_lstrace", "Invalid arguments passed!"), position("yfw_oc_error_path"));
+}
+
+TEST_F(HandlerFrame, ContainerHandlersRunInTheSameFrame) {
+  EXPECT_EQ(probe_container(platform.ctx(), request.root(), 5, platform.output()), YFW_OK);
+  EXPECT_THAT(platform.trace(), ElementsAre("TRC probe_container: Start", "TRC probe_container: End"));
+}
+
+TEST_F(HandlerFrame, EachTraceRecordTakesOneSequenceNumber) {
+  run([](const Activation& run) { run.record(Message::kTagMissing); });
+  std::vector<std::uint32_t> numbers;
+  for (const Record& record : trace_buffer()) numbers.push_back(record.sequence);
+  EXPECT_THAT(numbers, ElementsAre(1U, 2U, 3U));
+  EXPECT_EQ(platform.count("ret_nc_yfw_trace_index_incr"), 3U);
+}
+
+TEST_F(HandlerFrame, WithTracingOffTakesNoSequenceNumberAndStillLogs) {
+  platform.set_tracing(false);
+  run();
+  EXPECT_EQ(platform.count("ret_nc_yfw_trace_index_incr"), 0U);
+  EXPECT_EQ(platform.count("_lstrace"), 0U);
+  EXPECT_THAT(debug_log(), SizeIs(2));
+}
+
+TEST_F(HandlerFrame, WithTheFilterClosedLogsNothingAndStillTraces) {
+  platform.set_logging(false);
+  run();
+  EXPECT_EQ(platform.count("dt_log_filter_adv"), 0U);
+  EXPECT_THAT(trace_buffer(), SizeIs(2));
+}
+
+TEST_F(HandlerFrame, TheFilterIsAskedForTheLevelOfTheMessage) {
+  platform.script("yfw_debug_should_log", 0, 0, "3");
+  run([](const Activation& run) { run.record(Message::kTagMissing); });
+  const std::vector<Record> lines = debug_log();
+  ASSERT_THAT(lines, SizeIs(1));
+  EXPECT_EQ(lines[0].level, "ERR");
+}
+
+TEST_F(HandlerFrame, ErrorsAndTracesGoToStreamsOfTheirOwn) {
+  run([](const Activation& run) { run.record(Message::kTagMissing); });
+  const std::vector<Record> lines = debug_log();
+  ASSERT_THAT(lines, SizeIs(3));
+  EXPECT_EQ(lines[0].stream, platform.ctx()->trace_log);
+  EXPECT_EQ(lines[1].stream, platform.ctx()->error_log);
+}
+
+TEST_F(HandlerFrame, EverySiteHasAWordOfItsOwnThatStaysTheSame) {
+  const Work work = [](const Activation& run) { run.record(Message::kTagMissing); };
+  run(work);
+  run(work);
+  other_node(platform.ctx(), request.root(), platform.output());
+  const std::vector<Record> lines = debug_log();
+  ASSERT_THAT(lines, SizeIs(9));
+  std::set<const std::uint32_t*> words;
+  for (std::size_t i = 0; i < 3; ++i) {
+    EXPECT_EQ(lines[i].site, lines[i + 3].site) << "the word of \"" << lines[i].text << "\" changed";
+    words.insert(lines[i].site);
+    words.insert(lines[i + 6].site);
+  }
+  EXPECT_THAT(words, SizeIs(6)) << "two sites share a word";
+}
+
+TEST_F(HandlerFrame, LineNumbersDifferFromRecordToRecordAndStayTheSame) {
+  const Work work = [](const Activation& run) {
+    run.record(Message::kTagMissing);
+    run.record(Message::kSubtreesMissing);
+  };
+  run(work);
+  run(work);
+  const std::vector<Record> records = trace_buffer();
+  ASSERT_THAT(records, SizeIs(8));
+  std::set<int> lines;
+  for (std::size_t i = 0; i < 4; ++i) {
+    EXPECT_EQ(records[i].line, records[i + 4].line);
+    lines.insert(records[i].line);
+  }
+  EXPECT_THAT(lines, SizeIs(4));
+}
+
+TEST_F(HandlerFrame, LineNumbersLeadToTheRowOfTheHandler) {
+  run();
+  other_node(platform.ctx(), request.root(), platform.output());
+  const std::vector<Record> records = trace_buffer();
+  ASSERT_THAT(records, SizeIs(4));
+  EXPECT_EQ(records[0].line / 100, records[1].line / 100);
+  EXPECT_EQ(records[0].line / 100 + 1, records[2].line / 100) << "the rows stand on neighbouring lines";
+}
+
+TEST_F(HandlerFrame, AFailedCallIsToldWithTheHandlersNameAndTheTextOfItsCode) {
+  run([](const Activation& run) { run.record_failed_call(Message::kCopyFailed, 0x12); });
+  EXPECT_EQ(platform.traced("probe_node", " probe_node yfw_strcpy_s failed with error : status 0x00000012\n"), 1U);
+}
+
+TEST_F(HandlerFrame, ErrorThenEndWithTheStatusThatIsGiven) {
+  const cerrno status = [&] {
+    static constinit auto words = ymap::unset_words<ymap::kAllSites>();
+    static constexpr Handler kHandler{
+        .name = "ends", .file = "file", .line = 1, .prototype = "cerrno ends()", .words = words.word};
+    return Activation(kHandler, platform.ctx()).end_with(Message::kTagMissing, YFW_MALFORMED_TREE);
+  }();
+  EXPECT_EQ(status, YFW_MALFORMED_TREE);
+  EXPECT_THAT(platform.trace(),
+              ElementsAre("TRC ends: Start", "ERR ends: Tag name is not available!", "TRC ends: End"));
+}
+
+TEST_F(HandlerFrame, TraceRecordsAreCutAtTheirCapacityAndLogLinesAreNot) {
+  static const std::string kLong(300, 'x');
+  run([](const Activation& run) { run.record(Message::kProcessingTag, kLong.c_str()); });
+  const std::vector<Record> records = trace_buffer();
+  const std::vector<Record> lines = debug_log();
+  ASSERT_THAT(records, SizeIs(3));
+  ASSERT_THAT(lines, SizeIs(3));
+  EXPECT_EQ(records[1].length, std::size_t{YFW_TRACE_CAPACITY - 1});
+  EXPECT_EQ(records[1].text.substr(0, 17), "Processing tag 'x");
+  EXPECT_EQ(lines[1].text, "Processing tag '" + kLong + "'");
+}
+
+struct Wording {
+  Message message;
+  const char* level;
+  const char* text;  // with 'A' and 'B' for its arguments
+  int arguments = 0;
+};
+
+constexpr Wording kWordings[] = {
+    {Message::kStart, "TRC", "Start"},
+    {Message::kEnd, "TRC", "End"},
+    {Message::kInvalidArguments, "ERR", "Invalid arguments passed!"},
+    {Message::kSubtreesMissing, "ERR", "Failed to get subtrees!"},
+    {Message::kTagMissing, "ERR", "Tag name is not available!"},
+    {Message::kProcessingTag, "TRC", "Processing tag 'A'", 1},
+    {Message::kUnsupportedTag, "ERR", "Unsupported tag is specified in the request."},
+    {Message::kTagIgnored, "TRC", "Unsupported tag. Ignoring."},
+    {Message::kDeleteWithSubtree, "TRC", "Delete request with subtree present"},
+    {Message::kKeysMissing, "ERR", "No keys specified with a list node."},
+    {Message::kKeyEmpty, "ERR", "Empty list key specified."},
+    {Message::kKeyInvalid, "ERR", "List key node error."},
+    {Message::kKeyDeleted, "ERR", "The key node should not have delete operation."},
+    {Message::kLeafrefRefused, "ERR", "leafref value check fail"},
+    {Message::kXpathErrorNode, "TRC", "got xpath error node"},
+    {Message::kNothingToEvaluate, "TRC", "No valid input to validate when statement "},
+    {Message::kInterfaceNameMissing, "ERR", "Data interface name does not exists"},
+    {Message::kBindFailed, "ERR", "Unable to bind to Sysdb: path:A, error:B", 2},
+    {Message::kFindFailed, "ERR", "Unable to find items in Sysdb: path:A, error:B", 2},
+    {Message::kIterationFailed, "ERR", "Unable to iterate the sysdb list: error:A", 1},
+    {Message::kIntervalRefused, "ERR", "\nValue of interval other than 1s and 30s is not supported in high model"},
+    {Message::kCopyFailed, "TRC", " A yfw_strcpy_s failed with error : B\n", 2},
+    {Message::kIntervalCopyFailed, "TRC", " A  yfw_strcpy_s failed with error : B\n", 2},
+    {Message::kBoundedCopyFailed, "TRC", " A yfw_strncpy_s failed with error : B\n", 2},
+    {Message::kCompareFailed, "TRC", " A yfw_strcmp_s failed with error : B\n", 2},
+    {Message::kBundleNameMissing, "TRC", " A Unable to get bundle name from lacp-bundle tree : B\n", 2},
+    {Message::kBundleNameFailed, "TRC", "A: Unable to get bundle name. Returning from here. rc B\n", 2},
+    {Message::kModeIsOn, "TRC", "A: Configured LACP Mode is ON. Returning from here\n", 1},
+};
+
+TEST_F(HandlerFrame, WritesEveryMessageWithTheSameTextAndLevelInBothSinks) {
+  ASSERT_EQ(std::size(kWordings), static_cast<std::size_t>(Message::kCount));
+  for (const Wording& wording : kWordings) {
+    SCOPED_TRACE(wording.text);
+    static Wording current;
+    current = wording;
+    run([](const Activation& run) {
+      if (current.arguments == 0) run.record(current.message);
+      if (current.arguments == 1) run.record(current.message, "A");
+      if (current.arguments == 2) run.record(current.message, "A", "B");
+    });
+    const Record line = debug_log().at(debug_log().size() - 2);
+    const Record record = trace_buffer().at(trace_buffer().size() - 2);
+    EXPECT_EQ(line.level, wording.level);
+    EXPECT_EQ(line.text, wording.text);
+    EXPECT_EQ(record.level, wording.level);
+    EXPECT_EQ(record.text, wording.text);
+    EXPECT_EQ(record.handler, "probe_node");
+  }
+}
+
+}  // namespace

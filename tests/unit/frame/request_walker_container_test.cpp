@@ -1,0 +1,448 @@
+// Containers: steps of an ordinary walk, content matches, and the expansion of a container that is named as a whole.
+#include "unit/frame/walker_model.h"
+#include "yfw/strings.h"
+
+namespace {
+
+using model::log;
+using support::container;
+using support::leaf;
+using support::Node;
+using support::Request;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+YMAP_STAMP_NODE(top, ymap::kWalkerSites, ymap::walk_container, model::kContainer)
+YMAP_STAMP_NODE(strict_top, ymap::kWalkerSites, ymap::walk_container, model::kStrictContainer)
+
+Node node(std::vector<Node> children = {}) {
+  return container("top", std::move(children)).in(model::kNs);
+}
+
+class ContainerWalker : public model::WalkerTest {
+ protected:
+  cerrno walk(Request& request) { return top(platform.ctx(), request.root(), platform.output()); }
+  cerrno walk(Request& request, std::uint32_t operation) {
+    platform.set_operation(operation);
+    return walk(request);
+  }
+};
+
+TEST_F(ContainerWalker, NullArgumentsAreInvalid) {
+  Request request(node());
+  EXPECT_EQ(top(platform.ctx(), nullptr, platform.output()), YFW_INVALID_ARGUMENTS);
+  EXPECT_EQ(top(platform.ctx(), request.root(), nullptr), YFW_INVALID_ARGUMENTS);
+  EXPECT_THAT(visited(), IsEmpty());
+  EXPECT_EQ(platform.traced("top", "End"), 0U);
+}
+
+TEST_F(ContainerWalker, ChildrenThatAreAnnouncedAndMissingMakeTheTreeMalformed) {
+  Request request(node({leaf("first")}));
+  request.root()->children = nullptr;
+  EXPECT_EQ(walk(request), YFW_MALFORMED_TREE);
+  EXPECT_THAT(platform.trace(), ElementsAre("TRC top: Start", "ERR top: Failed to get subtrees!", "TRC top: End"));
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
+  EXPECT_THAT(visited(), IsEmpty());
+}
+
+TEST_F(ContainerWalker, MissingArrayOfNoChildrenIsNoError) {
+  Request request(node());
+  request.root()->flags |= YFW_FLAG_SUBTREE;
+  EXPECT_EQ(walk(request), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler"));
+}
+
+TEST_F(ContainerWalker, ChildrenWithoutTheSubtreeFlagAreNotThere) {
+  Request request(node({leaf("first")}));
+  request.root()->flags = 0;
+  EXPECT_EQ(walk(request), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler"));
+  EXPECT_EQ(log.visits[0].child_count, 0U);
+}
+
+TEST_F(ContainerWalker, DeleteWithSubtreeIsRefusedBeforeTheNodeIsEntered) {
+  Request request(node({leaf("first")}).with(YFW_OPERATION_DELETE));
+  EXPECT_EQ(strict_top(platform.ctx(), request.root(), platform.output()), YFW_INVALID_ARGUMENTS);
+  EXPECT_THAT(platform.trace(),
+              ElementsAre("TRC strict_top: Start", "TRC strict_top: Delete request with subtree present",
+                          "TRC strict_top: End"));
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
+  EXPECT_EQ(platform.count("yfw_map_add_to_node_hierarchy"), 0U);
+  EXPECT_THAT(visited(), IsEmpty());
+}
+
+TEST_F(ContainerWalker, DeleteWithSubtreeIsRefusedOnlyWhereTheRowSaysSo) {
+  Request request(node({leaf("first")}).with(YFW_OPERATION_DELETE));
+  EXPECT_EQ(walk(request), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first"));
+}
+
+TEST_F(ContainerWalker, DeleteWithSubtreeIsNotRefusedUnderAnExpansionOrForAPendingKey) {
+  Request request(node({leaf("first")}).with(YFW_OPERATION_DELETE));
+  platform.state().whole_subtree = 1;
+  EXPECT_EQ(strict_top(platform.ctx(), request.root(), platform.output()), YFW_OK);
+  platform.state().whole_subtree = 0;
+  platform.state().key_pending = YFW_KEY_PENDING_KEY_ONLY;
+  EXPECT_EQ(strict_top(platform.ctx(), request.root(), platform.output()), YFW_OK);
+}
+
+TEST_F(ContainerWalker, EntersTheNodeAndLeavesIt) {
+  Request request(node({leaf("first")}));
+  std::size_t depth = 0;
+  platform.before("yfw_map_do_these_match", 1, [&] { depth = platform.seen().hierarchy.size(); });
+  EXPECT_EQ(walk(request), YFW_OK);
+  EXPECT_EQ(depth, 1U);
+  EXPECT_EQ(platform.count("yfw_map_add_to_node_hierarchy", "top container"), 1U);
+  EXPECT_EQ(request.root()->node_kind, std::uint32_t{YFW_NODE_CONTAINER});
+  EXPECT_EQ(request.root()->hierarchy_flags, std::uint32_t{YFW_HIERARCHY_ENTERED});
+  expect_nothing_left(request);
+}
+
+TEST_F(ContainerWalker, LeavesTheNodeBeforeItsEndRecord) {
+  Request request(node());
+  walk(request);
+  EXPECT_LT(position("yfw_map_remove_from_node_hierarchy"), position("_lstrace", "End"));
+}
+
+TEST_F(ContainerWalker, DoesNotEnterTheNodeUnderAnExpansion) {
+  Request request(node());
+  platform.state().whole_subtree = 1;
+  EXPECT_EQ(walk(request), YFW_OK);
+  EXPECT_EQ(platform.count("yfw_map_add_to_node_hierarchy"), 0U);
+  EXPECT_EQ(platform.count("yfw_map_remove_from_node_hierarchy"), 0U);
+  EXPECT_EQ(request.root()->node_kind, 0U);
+  EXPECT_EQ(request.root()->hierarchy_flags, 0U);
+}
+
+TEST_F(ContainerWalker, EnteringInAReadKeepsEveryFourthFilterBit) {
+  for (const std::uint32_t operation : {0U, 10U}) {
+    log = {};
+    Request request(node({leaf("first")}));
+    platform.state().filter_bits = 0xFFFFFFFF;
+    walk(request, operation);
+    ASSERT_FALSE(log.visits.empty());
+    EXPECT_EQ(log.visits[0].marks.filter_bits, 0x11111110U) << "operation " << operation;
+  }
+}
+
+TEST_F(ContainerWalker, EnteringInAnEditLeavesTheFilterBitsAlone) {
+  Request request(node({leaf("first")}));
+  platform.state().filter_bits = 0xFFFFFFFF;
+  walk(request, YFW_REQUEST_EDIT);
+  ASSERT_FALSE(log.visits.empty());
+  EXPECT_EQ(log.visits[0].marks.filter_bits, 0xFFFFFFFFU);
+}
+
+TEST_F(ContainerWalker, FilterBitsAreLeftAloneUnderAnExpansionUntilTheContainerIsExpanded) {
+  Request request(node());
+  platform.state().whole_subtree = 1;
+  platform.state().filter_bits = 0xF;
+  walk(request, YFW_REQUEST_READ_CONFIG);
+  ASSERT_FALSE(log.visits.empty());
+  EXPECT_EQ(log.visits[0].marks.filter_bits, 0xFU);
+}
+
+TEST_F(ContainerWalker, HandlerGetsTheNumberOfChildren) {
+  Request request(node({leaf("first"), leaf("second")}));
+  walk(request);
+  EXPECT_EQ(log.visits.at(0).child_count, 2U);
+}
+
+TEST_F(ContainerWalker, HandlerGetsNoChildrenWhileAnotherContainerIsExpandedForItsContentMatches) {
+  Request request(node({leaf("first", "value")}));
+  platform.state().whole_subtree = 1;
+  platform.state().filter_bits = YFW_FILTER_EXPAND;
+  walk(request, YFW_REQUEST_READ_CONFIG);
+  EXPECT_EQ(log.visits.at(0).child_count, 0U);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments")) << "the node is expanded too";
+}
+
+TEST_F(ContainerWalker, SkipEndsTheWalkWithoutEndRecordAndWithoutError) {
+  Request request(node({leaf("first")}));
+  log.answers["handler"] = {YFW_SKIP_SUBTREE};
+  EXPECT_EQ(walk(request), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler"));
+  EXPECT_EQ(platform.traced("top", "End"), 0U);
+  EXPECT_EQ(platform.count("yfw_map_remove_from_node_hierarchy", "top"), 1U);
+  expect_nothing_left(request);
+}
+
+TEST_F(ContainerWalker, SkipUnderAnExpansionDoesNotTouchTheHierarchy) {
+  Request request(node());
+  platform.state().whole_subtree = 1;
+  log.answers["handler"] = {YFW_SKIP_SUBTREE};
+  EXPECT_EQ(walk(request, YFW_REQUEST_READ_CONFIG), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler"));
+  EXPECT_EQ(platform.count("yfw_map_remove_from_node_hierarchy"), 0U);
+  EXPECT_EQ(platform.traced("top", "End"), 0U);
+}
+
+TEST_F(ContainerWalker, HandlersErrorEndsTheWalk) {
+  Request request(node({leaf("first")}));
+  log.answers["handler"] = {0x55};
+  EXPECT_EQ(walk(request), 0x55U);
+  EXPECT_THAT(visited(), ElementsAre("handler"));
+  EXPECT_EQ(platform.traced("top", "End"), 1U);
+  expect_nothing_left(request);
+}
+
+TEST_F(ContainerWalker, WalksTheChildrenInTheOrderOfTheRequest) {
+  Request request(node({leaf("second"), leaf("first"), leaf("second")}));
+  EXPECT_EQ(walk(request), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "second", "first", "second"));
+  EXPECT_EQ(log.visits[1].node, &request.root()->children[0]);
+  EXPECT_EQ(log.visits[3].node, &request.root()->children[2]);
+}
+
+TEST_F(ContainerWalker, TestsTagsInTheOrderOfTheTable) {
+  Request request(node({leaf("second")}));
+  walk(request);
+  EXPECT_LT(position("yfw_map_do_these_match", "\"second\" \"first\""),
+            position("yfw_map_do_these_match", "\"second\" \"second\""));
+}
+
+TEST_F(ContainerWalker, ChildWithoutTagStopsTheWalk) {
+  Node untagged;
+  Request request(node({leaf("first"), untagged, leaf("second")}));
+  EXPECT_EQ(walk(request), YFW_MALFORMED_TREE);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first"));
+  EXPECT_EQ(platform.traced("top", "Tag name is not available!"), 1U);
+  EXPECT_EQ(platform.traced("top", "End"), 1U);
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
+  EXPECT_EQ(platform.error_tag(), "");
+  expect_nothing_left(request);
+}
+
+TEST_F(ContainerWalker, OperationalStateIsWalkedInItsReadOnly) {
+  Request request(node({leaf("status")}));
+  EXPECT_EQ(walk(request, YFW_REQUEST_READ_STATE), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "status"));
+  log = {};
+  EXPECT_EQ(walk(request, YFW_REQUEST_READ_CONFIG), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler")) << "a read of configuration passes it over";
+  log = {};
+  EXPECT_EQ(walk(request, YFW_REQUEST_EDIT), YFW_UNSUPPORTED_NODE) << "an edit does not know it";
+  EXPECT_THAT(visited(), ElementsAre("handler"));
+}
+
+TEST_F(ContainerWalker, UnknownTagOfTheModuleIsAnErrorInAnEdit) {
+  Request request(node({leaf("unheard-of"), leaf("first")}));
+  EXPECT_EQ(walk(request), YFW_UNSUPPORTED_NODE);
+  EXPECT_THAT(visited(), ElementsAre("handler"));
+  EXPECT_EQ(platform.error_tag(), "unheard-of");
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 1U);
+  EXPECT_EQ(platform.traced("top", "End"), 1U);
+  expect_nothing_left(request);
+}
+
+TEST_F(ContainerWalker, UnknownTagIsRecordedThenStoredThenMarked) {
+  Request request(node({leaf("unheard-of")}));
+  walk(request);
+  const std::size_t recorded = position("_lstrace", "Unsupported tag is specified in the request.");
+  const std::size_t stored = position("yfw_strdup", "unheard-of");
+  EXPECT_LT(recorded, stored);
+  EXPECT_LT(stored, position("yfw_oc_error_path"));
+}
+
+TEST_F(ContainerWalker, UnknownTagReplacesTheErrorTag) {
+  Request request(node({leaf("unheard-of")}));
+  platform.state().error_tag = yfw_strdup("earlier", YFW_ALLOCATION_TAG);
+  walk(request);
+  EXPECT_EQ(platform.error_tag(), "unheard-of");
+  EXPECT_EQ(platform.seen().copies.size(), 1U) << "the earlier tag is not freed";
+}
+
+TEST_F(ContainerWalker, UnknownTagOfTheModuleIsPassedOverInReads) {
+  for (const std::uint32_t operation : {0U, 10U}) {
+    log = {};
+    Request request(node({leaf("unheard-of"), leaf("first")}));
+    EXPECT_EQ(walk(request, operation), YFW_OK);
+    EXPECT_THAT(visited(), ElementsAre("handler", "first"));
+  }
+  EXPECT_EQ(platform.traced("top", "Unsupported tag is specified in the request."), 0U);
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
+  EXPECT_EQ(platform.error_tag(), "");
+}
+
+TEST_F(ContainerWalker, ForeignChildGoesToTheAugmentParser) {
+  Request request(node({leaf("other").in("urn:other"), leaf("first")}));
+  EXPECT_EQ(walk(request), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "augments", "first"));
+  EXPECT_EQ(log.visits[1].node, &request.root()->children[0]);
+}
+
+TEST_F(ContainerWalker, ChildIsMatchedByItsTagWhateverItsNamespace) {
+  Request request(node({leaf("first").in("urn:other")}));
+  walk(request);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first"));
+}
+
+TEST_F(ContainerWalker, FirstErrorOfAChildStopsTheDispatchAndIsReturned) {
+  Request request(node({leaf("first"), leaf("second")}));
+  log.answers["first"] = {0x66};
+  EXPECT_EQ(walk(request), 0x66U);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first"));
+  EXPECT_EQ(platform.traced("top", "End"), 1U);
+  expect_nothing_left(request);
+}
+
+TEST_F(ContainerWalker, AugmentParsersErrorIsReturned) {
+  Request request(node({leaf("other").in("urn:other"), leaf("first")}));
+  log.answers["augments"] = {YFW_UNKNOWN_AUGMENT};
+  EXPECT_EQ(walk(request), YFW_UNKNOWN_AUGMENT);
+  EXPECT_THAT(visited(), ElementsAre("handler", "augments"));
+}
+
+// ---- Content matches
+
+void match_content(yfw_map_ctx ctx) {
+  ctx->request->filter_bits |= YFW_FILTER_CONTENT_MATCH | YFW_FILTER_REQUEST_MATCH;
+}
+void select_leaf(yfw_map_ctx ctx) {
+  ctx->request->filter_bits |= YFW_FILTER_SELECTION;
+}
+
+TEST_F(ContainerWalker, ContainerOfContentMatchesOnlyIsExpanded) {
+  Request request(node({leaf("first", "value")}));
+  log.actions["first"] = match_content;
+  EXPECT_EQ(walk(request, YFW_REQUEST_READ_CONFIG), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first", "first", "second", "augments"));
+  EXPECT_EQ(log.visits[1].node, &request.root()->children[0]);
+  for (std::size_t i = 2; i < 5; ++i) EXPECT_EQ(log.visits[i].node, request.root());
+  expect_nothing_left(request);
+}
+
+TEST_F(ContainerWalker, ExpansionForContentMatchesIsMarkedInTheFilterBits) {
+  Request request(node({leaf("first", "value")}));
+  log.actions["first"] = match_content;
+  walk(request, YFW_REQUEST_READ_CONFIG);
+  const std::uint32_t bits = log.visits.at(2).marks.filter_bits;
+  EXPECT_EQ(bits, std::uint32_t{YFW_FILTER_EXPAND | YFW_FILTER_REQUEST_MATCH})
+      << "the content match became an expansion";
+}
+
+TEST_F(ContainerWalker, ExpansionClearsTheFilterBitsAndKeepsThatTheRequestMatches) {
+  Request request(node({leaf("first", "value")}));
+  log.actions["first"] = match_content;
+  walk(request, YFW_REQUEST_READ_CONFIG);
+  EXPECT_EQ(platform.state().filter_bits, std::uint32_t{YFW_FILTER_REQUEST_MATCH});
+}
+
+TEST_F(ContainerWalker, ContentMatchBesideASelectionExpandsNothing) {
+  Request request(node({leaf("first", "value"), leaf("second")}));
+  log.actions["first"] = match_content;
+  log.actions["second"] = select_leaf;
+  walk(request, YFW_REQUEST_READ_CONFIG);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first", "second"));
+  EXPECT_EQ(platform.state().filter_bits,
+            std::uint32_t{YFW_FILTER_CONTENT_MATCH | YFW_FILTER_SELECTION | YFW_FILTER_REQUEST_MATCH});
+}
+
+TEST_F(ContainerWalker, SelectionExpandsNothing) {
+  Request request(node({leaf("second")}));
+  log.actions["second"] = select_leaf;
+  walk(request, YFW_REQUEST_READ_CONFIG);
+  EXPECT_THAT(visited(), ElementsAre("handler", "second"));
+}
+
+TEST_F(ContainerWalker, ChildsErrorDoesNotKeepContentMatchesFromBeingExpanded) {
+  Request request(node({leaf("first", "value"), leaf("second", "value")}));
+  log.actions["first"] = match_content;
+  log.answers["second"] = {0x66};
+  EXPECT_EQ(walk(request, YFW_REQUEST_READ_CONFIG), 0x66U);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "first", "second", "augments"));
+}
+
+// ---- Whole containers
+
+TEST_F(ContainerWalker, ReadOfAContainerByNameExpandsIntoEveryChildInTheOrderOfTheTable) {
+  Request request(node());
+  EXPECT_EQ(walk(request, YFW_REQUEST_READ_STATE), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first", "status", "second", "augments"));
+  for (const model::Visit& visit : log.visits) EXPECT_EQ(visit.node, request.root());
+  expect_nothing_left(request);
+}
+
+TEST_F(ContainerWalker, ExpansionLeavesOperationalStateOutOfAReadOfConfiguration) {
+  Request request(node());
+  walk(request, YFW_REQUEST_READ_CONFIG);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments"));
+}
+
+TEST_F(ContainerWalker, ExpansionIsMarkedWhileItRuns) {
+  Request request(node());
+  walk(request, YFW_REQUEST_READ_CONFIG);
+  EXPECT_EQ(log.visits.at(0).marks.whole_subtree, 0U);
+  for (std::size_t i = 1; i < log.visits.size(); ++i) EXPECT_EQ(log.visits[i].marks.whole_subtree, 1U);
+  EXPECT_EQ(platform.state().whole_subtree, 0U);
+}
+
+TEST_F(ContainerWalker, InnerExpansionDoesNotClearTheMarkOfTheOuter) {
+  Request request(node());
+  platform.state().whole_subtree = 1;
+  walk(request, YFW_REQUEST_READ_CONFIG);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments"));
+  EXPECT_EQ(platform.state().whole_subtree, 1U);
+}
+
+TEST_F(ContainerWalker, ExpansionIgnoresWhatTheChildrenAnswer) {
+  Request request(node());
+  log.answers["first"] = {0x66};
+  log.answers["second"] = {YFW_SKIP_SUBTREE};
+  log.answers["augments"] = {0x67};
+  EXPECT_EQ(walk(request, YFW_REQUEST_READ_CONFIG), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments"));
+}
+
+TEST_F(ContainerWalker, ExpansionClearsTheFilterBits) {
+  Request request(node());
+  log.actions["second"] = [](yfw_map_ctx ctx) { ctx->request->filter_bits = 0xFFFFFFFF; };
+  walk(request, YFW_REQUEST_READ_CONFIG);
+  EXPECT_EQ(platform.state().filter_bits, 0x11111110U);
+}
+
+TEST_F(ContainerWalker, EditOfAContainerByNameExpandsNothing) {
+  Request request(node());
+  EXPECT_EQ(walk(request, YFW_REQUEST_EDIT), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler"));
+}
+
+TEST_F(ContainerWalker, DeleteOfAContainerByNameExpandsWithTheWorkingOperation) {
+  Request request(node().with(YFW_OPERATION_DELETE));
+  EXPECT_EQ(walk(request), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments"));
+  EXPECT_EQ(log.visits[0].operation, std::uint32_t{YFW_OPERATION_DELETE});
+  for (std::size_t i = 1; i < 4; ++i) {
+    EXPECT_EQ(log.visits[i].operation, std::uint32_t{YFW_OPERATION_REMOVE});
+    EXPECT_EQ(log.visits[i].flags & YFW_FLAG_OPERATION_CHANGED, 0U) << "this change is not flagged";
+  }
+  expect_nothing_left(request);
+}
+
+TEST_F(ContainerWalker, RemoveOfAContainerByNameExpands) {
+  Request request(node().with(YFW_OPERATION_REMOVE));
+  EXPECT_EQ(walk(request), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments"));
+  expect_nothing_left(request);
+}
+
+TEST_F(ContainerWalker, DeleteIsExpandedWhenAnAncestorDeletes) {
+  Request request(container("outer", {container("top")}).in(model::kNs).with(YFW_OPERATION_DELETE));
+  EXPECT_EQ(top(platform.ctx(), request.find("top"), platform.output()), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments"));
+  EXPECT_EQ(log.visits[1].operation, std::uint32_t{YFW_OPERATION_NONE});
+}
+
+TEST_F(ContainerWalker, OperationIsPutBackWhenAHandlerChangedItInAnExpansion) {
+  Request request(node().with(YFW_OPERATION_DELETE));
+  static yfw_datatree* changed;
+  changed = request.root();
+  log.actions["first"] = [](yfw_map_ctx /*ctx*/) {
+    changed->operation = YFW_OPERATION_NONE;
+    changed->flags |= YFW_FLAG_OPERATION_CHANGED;
+  };
+  walk(request);
+  expect_nothing_left(request);
+}
+
+}  // namespace

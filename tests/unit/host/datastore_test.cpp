@@ -1,0 +1,194 @@
+// The device directory, the data-store client on top of it, and the probe for the client's library.
+#include <unistd.h>
+
+#include <cerrno>
+
+#include "host/contract.h"
+#include "host/datastore/directory_device.h"
+#include "host/datastore/installed_device.h"
+#include "host/status.h"
+#include "tests/unit/host/host_test.h"
+
+namespace oclacp::host {
+namespace {
+
+constexpr const char* kPlatform = R"({"oclacp-platform:platform": {"router-type": 3, "interface": [
+    {"name": "GigabitEthernet0/0/0/1", "type": "physical"}, {"name": "Bundle-Ether1", "type": "bundle"},
+    {"name": "Loopback0", "type": "virtual"}]}})";
+
+std::string configuration(const std::string& entries) {
+  return R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [)" + entries + "]}}";
+}
+
+std::string entry(const std::string& active, const std::string& name, const std::string& content) {
+  return R"({"active": ")" + active + R"(", "interface-name": ")" + name + "\"" + content + "}";
+}
+
+constexpr const char* kLacp = R"(, "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": "active"})";
+
+class DeviceFolder : public testing::Test {
+ protected:
+  void SetUp() override { write(kPlatform, "{}"); }
+
+  void write(const std::string& platform, const std::string& running) const {
+    folder_.write("platform.json", platform);
+    folder_.write("running.json", running);
+  }
+
+  [[nodiscard]] std::string opened() const {
+    return refusal_of([this] { const DirectoryDevice ignored(schemas().native(), folder_.path()); });
+  }
+
+  // What sysdb_find() gives for a pattern over the active interfaces of the folder's device.
+  [[nodiscard]] std::vector<std::string> find(const char* pattern) const {
+    const DirectoryDevice device(schemas().native(), folder_.path());
+    const InstalledDevice installed(device);
+    sysdb_handle connection = nullptr;
+    EXPECT_EQ(_sysdb_bind(&connection, SYSDB_ACTIVE_INTERFACES, SYSDB_BIND_FLAGS), YFW_OK);
+    uint32_t count = 0;
+    sysdb_list_handle list = nullptr;
+    EXPECT_EQ(sysdb_find(connection, pattern, "", &count, &list, SYSDB_FIND_FLAGS, 0), YFW_OK);
+    EXPECT_EQ(list == nullptr, count == 0);
+    std::vector<std::string> items;
+    char* path = nullptr;
+    uint32_t ignored = 0;
+    while (list != nullptr && sysdb_list_next(list, &path, &ignored, &ignored) == YFW_OK) {
+      items.emplace_back(path);
+    }
+    EXPECT_EQ(items.size(), count);
+    EXPECT_EQ(sysdb_list_free(list), YFW_OK);
+    EXPECT_EQ(_sysdb_unbind(connection), YFW_OK);
+    return items;
+  }
+
+  TemporaryFolder folder_;
+};
+
+TEST_F(DeviceFolder, TellsPlatformInventoryAndConfiguration) {
+  write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp)));
+  const DirectoryDevice device(schemas().native(), folder_.path());
+  EXPECT_EQ(device.router_type(), 3U);
+  ASSERT_EQ(device.interfaces().size(), 3U);
+  EXPECT_EQ(device.interfaces()[0].name, "GigabitEthernet0/0/0/1");
+  EXPECT_EQ(device.interfaces()[0].type, InterfaceType::kPhysical);
+  EXPECT_EQ(device.interfaces()[1].type, InterfaceType::kBundle);
+  EXPECT_EQ(device.interfaces()[2].type, InterfaceType::kVirtual);
+  ASSERT_NE(device.running(), nullptr);
+}
+
+TEST_F(DeviceFolder, RefusesWhatIsMissing) {
+  EXPECT_EQ(refusal_of([] { const DirectoryDevice ignored(schemas().native(), "/no/such"); }),
+            "/no/such: no such device directory");
+  std::filesystem::remove(folder_.path() + "/running.json");
+  EXPECT_EQ(opened(), folder_.path() + "/running.json: No such file or directory");
+  std::filesystem::remove(folder_.path() + "/platform.json");
+  EXPECT_EQ(opened(), folder_.path() + "/platform.json: No such file or directory");
+}
+
+TEST_F(DeviceFolder, RefusesWhatIsInvalid) {
+  write("{}", "{}");
+  EXPECT_EQ(opened(), folder_.path() + "/platform.json: describes no platform");
+  write(R"({"oclacp-platform:platform": {}})", "{}");
+  EXPECT_THAT(opened(), testing::AllOf(testing::StartsWith(folder_.path() + "/platform.json: "),
+                                       testing::HasSubstr("router-type")));
+  write(kPlatform, configuration(entry("act", "a", R"(, "colour": 1)")));
+  EXPECT_THAT(opened(),
+              testing::AllOf(testing::StartsWith(folder_.path() + "/running.json: "), testing::HasSubstr("colour")));
+  write(kPlatform, "{");
+  EXPECT_THAT(opened(), testing::StartsWith(folder_.path() + "/running.json: "));
+}
+
+TEST_F(DeviceFolder, ItemsAreTheFilledContainersOfActiveInterfaces) {
+  write(kPlatform,
+        configuration(entry("act", "GigabitEthernet0/0/0/1", R"(, "description": "x",
+            "Talvo-Brin-QD-bundlemgr-cfg:bundle-member": {"id": {"bundle-id": 1}})") +
+                      "," + entry("act", "Bundle-Ether1", kLacp) + "," + entry("pre", "Bundle-Ether2", kLacp)));
+  EXPECT_THAT(find(".*"), testing::ElementsAre("GigabitEthernet0_0_0_1/bundle-member/",
+                                               "GigabitEthernet0_0_0_1/bundle-member/id/", "Bundle-Ether1/lacp/"));
+  EXPECT_THAT(find(".*/lacp/"), testing::ElementsAre("Bundle-Ether1/lacp/"));
+}
+
+TEST_F(DeviceFolder, PatternsMatchWholeItems) {
+  write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp)));
+  EXPECT_THAT(find("lacp"), testing::IsEmpty());
+  EXPECT_THAT(find("x|Bundle-Ether[0-9]+/lacp/"), testing::SizeIs(1));
+  EXPECT_THAT(find("x|Bundle"), testing::IsEmpty());
+}
+
+TEST_F(DeviceFolder, ADeviceWithoutConfigurationHasNoItems) {
+  EXPECT_THAT(find(".*"), testing::IsEmpty());
+}
+
+TEST_F(DeviceFolder, KnowsWhereLacpIsConfigured) {
+  write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp) + "," +
+                                 entry("act", "Bundle-Ether2", R"(, "Talvo-Brin-QD-bundlemgr-cfg:lacp": {})") + "," +
+                                 entry("pre", "Bundle-Ether3", kLacp)));
+  const DirectoryDevice device(schemas().native(), folder_.path());
+  const InstalledDevice installed(device);
+  EXPECT_NE(get_intf_type_if_lacp_configured("Bundle-Ether1"), 0U);
+  EXPECT_EQ(get_intf_type_if_lacp_configured("Bundle-Ether2"), 0U);
+  EXPECT_EQ(get_intf_type_if_lacp_configured("Bundle-Ether3"), 0U);
+}
+
+TEST_F(DeviceFolder, ConfiguredInterfacesHaveDisplayNamesToo) {
+  write(kPlatform, configuration(entry("act", "HundredGigE0/1/0/0", "")));
+  const DirectoryDevice device(schemas().native(), folder_.path());
+  const InstalledDevice installed(device);
+  std::array<char, 64> name{};
+  EXPECT_EQ(imc_display_namestring("HundredGigE0_1_0_0", name.data(), name.size(), 0), YFW_OK);
+  EXPECT_STREQ(name.data(), "HundredGigE0/1/0/0");
+}
+
+TEST(DataStore, ServesTheActiveInterfacesOnlyAndOnlyWithADevice) {
+  sysdb_handle connection = nullptr;
+  EXPECT_EQ(_sysdb_bind(&connection, SYSDB_ACTIVE_INTERFACES, SYSDB_BIND_FLAGS), kBadQuery);
+  const EmptyDevice device;
+  const InstalledDevice installed(device);
+  EXPECT_EQ(_sysdb_bind(&connection, "/oper/", SYSDB_BIND_FLAGS), kBadQuery);
+  EXPECT_EQ(connection, nullptr);
+}
+
+TEST(DataStore, RefusesQueriesThatItCannotAnswer) {
+  const EmptyDevice device;
+  const InstalledDevice installed(device);
+  sysdb_handle connection = nullptr;
+  ASSERT_EQ(_sysdb_bind(&connection, SYSDB_ACTIVE_INTERFACES, SYSDB_BIND_FLAGS), YFW_OK);
+  uint32_t count = 7;
+  sysdb_list_handle list = nullptr;
+  EXPECT_EQ(sysdb_find(connection, "(", "", &count, &list, SYSDB_FIND_FLAGS, 0), kBadQuery);
+  EXPECT_EQ(sysdb_find(connection, ".*", "x", &count, &list, SYSDB_FIND_FLAGS, 0), kBadQuery);
+  EXPECT_EQ(count, 7U);
+  EXPECT_EQ(_sysdb_unbind(connection), YFW_OK);
+}
+
+TEST(DataStore, ItsLibraryIsPresentAsLongAsADeviceIs) {
+  EXPECT_NE(access(SYSDB_LIBRARY_PATH, R_OK), 0);
+  {
+    const EmptyDevice device;
+    const InstalledDevice installed(device);
+    EXPECT_EQ(access(SYSDB_LIBRARY_PATH, R_OK), 0);
+  }
+  EXPECT_NE(access(SYSDB_LIBRARY_PATH, R_OK), 0);
+}
+
+TEST(DataStore, OtherProbesGoToTheSystem) {
+  const EmptyDevice device;
+  const InstalledDevice installed(device);
+  EXPECT_EQ(access("/", R_OK), 0);
+  EXPECT_NE(access("/no/such", F_OK), 0);
+  EXPECT_EQ(errno, ENOENT);
+}
+
+TEST(DataStore, TheInnerOfTwoDevicesCounts) {
+  EXPECT_EQ(InstalledDevice::current(), nullptr);
+  const EmptyDevice device;
+  const InstalledDevice outer(device);
+  {
+    const InstalledDevice inner(device);
+    EXPECT_EQ(InstalledDevice::current(), &inner);
+  }
+  EXPECT_EQ(InstalledDevice::current(), &outer);
+}
+
+}  // namespace
+}  // namespace oclacp::host

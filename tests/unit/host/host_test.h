@@ -1,0 +1,97 @@
+// What the host's tests share.
+#pragma once
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <initializer_list>
+#include <string>
+#include <utility>
+
+#include "host/refusal.h"
+#include "host/yang/request_parser.h"
+#include "host/yang/schemas.h"
+
+namespace oclacp::host {
+
+inline constexpr const char* kIfmgr = "urn:talvo-brin:yang:Talvo-Brin-QD-ifmgr-cfg";
+inline constexpr const char* kBundlemgr = "urn:talvo-brin:yang:Talvo-Brin-QD-bundlemgr-cfg";
+inline constexpr const char* kBundlemgrOper = "urn:talvo-brin:yang:Talvo-Brin-QD-bundlemgr-oper";
+
+// The schemas of the project, loaded once.
+inline const Schemas& schemas() {
+  static const Schemas loaded({OCLACP_SCHEMAS, ""});
+  return loaded;
+}
+
+// A request that holds `content` as the members of /openconfig-lacp:lacp, in JSON.
+inline std::string lacp(const std::string& content) {
+  return R"({"openconfig-lacp:lacp": {)" + content + "}}";
+}
+
+// A request for one interface.
+inline std::string interface(const std::string& content) {
+  return lacp(R"("interfaces": {"interface": [{)" + content + "}]}");
+}
+
+inline RequestTree parse(const std::string& text) {
+  return parse_request(schemas().request(), text).tree;
+}
+
+// The first child with each tag in turn, from the top node down; null when there is none.
+inline yfw_datatree* find(RequestTree& tree, std::initializer_list<const char*> tags) {
+  yfw_datatree* node = tree.top();
+  for (const char* tag : tags) {
+    yfw_datatree* found = nullptr;
+    for (unsigned index = 0; index < node->child_count && found == nullptr; ++index) {
+      if (std::strcmp(node->children[index].tag, tag) == 0) {
+        found = &node->children[index];
+      }
+    }
+    if (found == nullptr) {
+      return nullptr;
+    }
+    node = found;
+  }
+  return node;
+}
+
+// What is refused, or "accepted".
+template <typename Action>
+std::string refusal_of(Action&& action) {
+  try {
+    std::forward<Action>(action)();
+  } catch (const Refusal& refusal) {
+    return refusal.what();
+  }
+  return "accepted";
+}
+
+// A folder for one test.
+class TemporaryFolder {
+ public:
+  TemporaryFolder() {
+    std::string name = std::filesystem::temp_directory_path() / "oclacp-XXXXXX";
+    path_ = mkdtemp(name.data());
+  }
+  ~TemporaryFolder() { std::filesystem::remove_all(path_); }
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  TemporaryFolder(TemporaryFolder&&) = delete;
+  TemporaryFolder& operator=(TemporaryFolder&&) = delete;
+
+  [[nodiscard]] const std::string& path() const { return path_; }
+
+  void write(const std::string& name, const std::string& content) const {
+    std::ofstream(path_ + "/" + name) << content;
+  }
+
+ private:
+  std::string path_;
+};
+
+}  // namespace oclacp::host

@@ -1,0 +1,291 @@
+// The walkers' tables: which node is dispatched to which walker, and what each walker is particular about. How a walker
+// walks is tested with the engine.
+#include <algorithm>
+#include <string>
+
+#include "support/module.h"
+#include "unit/module_test.h"
+#include "unit/oc-lacp/nodes.h"
+
+namespace {
+
+using nodes::Inner;
+using nodes::Leaf;
+using support::container;
+using support::interface_entry;
+using support::lacp_with_interfaces;
+using support::leaf;
+using support::Node;
+using support::Platform;
+using support::Request;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Not;
+
+bool is_state(const std::string& path) {
+  return path == "/lacp/state" || path == "/lacp/interfaces/interface/state" ||
+         path == "/lacp/interfaces/interface/members" || path == "/lacp/interfaces/interface/members/member/state";
+}
+
+// A node of the request with one child; of a list, the key stands first.
+Node node_with(const Inner& inner, const Node& child) {
+  Node node = container(nodes::tag_of(inner.path));
+  if (inner.key != nullptr && child.tag != inner.key) node.children.push_back(leaf(inner.key, "a"));
+  node.children.push_back(child);
+  return node;
+}
+
+cerrno walk(Platform& platform, const Inner& inner, Request& request) {
+  return inner.walker.function(platform.ctx(), request.root(), platform.output());
+}
+
+TEST(Walkers, DispatchEachChildToItsWalker) {
+  for (const Inner& inner : nodes::kInner) {
+    for (const char* child : inner.children) {
+      const std::string path = std::string(inner.path) + "/" + child;
+      SCOPED_TRACE(path);
+      Platform platform;
+      platform.set_operation(YFW_REQUEST_READ_STATE);
+      Request request(node_with(inner, leaf(child)));
+      walk(platform, inner, request);
+      EXPECT_EQ(platform.traced(nodes::walker_at(path), "Start"), 1U) << nodes::walker_at(path) << " is not called";
+    }
+  }
+}
+
+TEST(Walkers, TestTheTagsOfTheirChildrenInOrder) {
+  for (const Inner& inner : nodes::kInner) {
+    SCOPED_TRACE(inner.path);
+    Platform platform;
+    Request request(node_with(inner, leaf("unheard-of")));
+    walk(platform, inner, request);
+    std::vector<std::string> tested;
+    for (const support::Call& call : platform.calls()) {
+      const std::string start = "\"unheard-of\" \"";
+      if (call.function != "yfw_map_do_these_match" || call.arguments.rfind(start, 0) != 0) continue;
+      tested.push_back(call.arguments.substr(start.size(), call.arguments.size() - start.size() - 1));
+    }
+    // The scan of the keys tests every child of a list entry once more.
+    if (inner.key != nullptr && !tested.empty()) tested.erase(tested.begin());
+    EXPECT_EQ(tested, std::vector<std::string>(inner.children.begin(), inner.children.end()));
+  }
+}
+
+TEST(Walkers, ExpandIntoTheirChildrenInOrderAndTheirOwnAugmentParserLast) {
+  for (const Inner& inner : nodes::kInner) {
+    SCOPED_TRACE(inner.path);
+    Platform platform;
+    platform.set_operation(YFW_REQUEST_READ_STATE);
+    Request request(inner.key == nullptr ? container(nodes::tag_of(inner.path))
+                                         : container(nodes::tag_of(inner.path), {leaf(inner.key, "a")}));
+    EXPECT_EQ(walk(platform, inner, request), YFW_OK);
+    std::vector<std::string> expected;
+    for (const char* child : inner.children)
+      expected.emplace_back(nodes::walker_at(std::string(inner.path) + "/" + child));
+    expected.emplace_back(inner.augments.name);
+    std::vector<std::string> started;
+    for (const support::Record& record : platform.seen().records) {
+      const bool is_expected = std::find(expected.begin(), expected.end(), record.handler) != expected.end();
+      if (record.text == "Start" && is_expected) started.push_back(record.handler);
+    }
+    EXPECT_EQ(started, expected);
+    EXPECT_THAT(support::left_behind(platform, request), IsEmpty());
+  }
+}
+
+TEST(Walkers, CallTheirOwnContainerHandlerUnlessTheyWalkAList) {
+  for (const Inner& inner : nodes::kInner) {
+    SCOPED_TRACE(inner.path);
+    Platform platform;
+    Request request(node_with(inner, leaf("unheard-of")));
+    walk(platform, inner, request);
+    EXPECT_EQ(platform.traced(inner.handler.name, "Start"), inner.key == nullptr ? 1U : 0U);
+  }
+}
+
+TEST(Walkers, WalkOperationalStateInItsReadOnly) {
+  for (const Inner& inner : nodes::kInner) {
+    for (const char* child : inner.children) {
+      const std::string path = std::string(inner.path) + "/" + child;
+      if (child == std::string(inner.key == nullptr ? "" : inner.key)) continue;
+      SCOPED_TRACE(path);
+      for (const std::uint32_t operation : {0U, 1U, 8U, 10U, 15U}) {
+        Platform platform;
+        platform.set_operation(operation);
+        Request request(node_with(inner, leaf(child)));
+        const cerrno status = walk(platform, inner, request);
+        const bool walked = !is_state(path) || operation == YFW_REQUEST_READ_STATE;
+        EXPECT_EQ(platform.traced(nodes::walker_at(path), "Start"), walked ? 1U : 0U) << "operation " << operation;
+        if (walked) continue;
+        EXPECT_EQ(status, operation == YFW_REQUEST_READ_CONFIG ? YFW_OK : YFW_UNSUPPORTED_NODE);
+      }
+    }
+  }
+}
+
+TEST(Walkers, RefuseADeleteWithSubtreeWhereTheTableSaysSo) {
+  for (const Inner& inner : nodes::kInner) {
+    SCOPED_TRACE(inner.path);
+    Platform platform;
+    Request request(node_with(inner, leaf("unheard-of").in("urn:other")).with(YFW_OPERATION_DELETE));
+    const cerrno status = walk(platform, inner, request);
+    EXPECT_EQ(platform.traced(inner.walker.name, "Delete request with subtree present"),
+              inner.refuses_delete_with_subtree ? 1U : 0U);
+    EXPECT_EQ(status == YFW_INVALID_ARGUMENTS, inner.refuses_delete_with_subtree);
+  }
+}
+
+TEST(Walkers, GiveAForeignChildToTheirOwnAugmentParser) {
+  for (const Inner& inner : nodes::kInner) {
+    SCOPED_TRACE(inner.path);
+    Platform platform;
+    Request request(node_with(inner, leaf("other").in("urn:other")));
+    EXPECT_EQ(walk(platform, inner, request), YFW_UNKNOWN_AUGMENT);
+    EXPECT_EQ(platform.traced(inner.augments.name, "Start"), 1U);
+    EXPECT_EQ(platform.error_tag(), "other");
+    EXPECT_THAT(support::left_behind(platform, request), IsEmpty());
+  }
+}
+
+TEST(Walkers, KnowTheirOwnNamespace) {
+  for (const Inner& inner : nodes::kInner) {
+    SCOPED_TRACE(inner.path);
+    Platform platform;
+    Request request(node_with(inner, leaf("unheard-of").in("http://openconfig.net/yang/lacp")));
+    EXPECT_EQ(walk(platform, inner, request), YFW_UNSUPPORTED_NODE);
+    EXPECT_EQ(platform.traced(inner.walker.name, "Unsupported tag is specified in the request."), 1U);
+    EXPECT_EQ(platform.error_tag(), "unheard-of");
+  }
+}
+
+TEST(Walkers, OfListsTellAndCheckTheirOwnPath) {
+  for (const Inner& inner : nodes::kInner) {
+    if (inner.key == nullptr) continue;
+    SCOPED_TRACE(inner.path);
+    Platform platform;
+    Request request(container(nodes::tag_of(inner.path), {leaf(inner.key, "a")}));
+    walk(platform, inner, request);
+    const std::string path = std::string("\"") + inner.path + "\"";
+    EXPECT_EQ(platform.count("yfw_map_update_current_list_node", path), 1U);
+    EXPECT_EQ(platform.count("yfw_map_check_oc_leafref", path + " \"config\" \"" + inner.key + "\""), 1U);
+  }
+}
+
+TEST(LeafWalkers, CallTheirLeafHandler) {
+  for (const Leaf& one : nodes::kLeaves) {
+    SCOPED_TRACE(one.path);
+    Platform platform;
+    platform.set_operation(YFW_REQUEST_READ_STATE);
+    Request request(leaf(nodes::tag_of(one.path)));
+    one.walker.function(platform.ctx(), request.root(), platform.output());
+    const std::vector<std::string> trace = platform.trace();
+    ASSERT_GE(trace.size(), 4U);
+    EXPECT_EQ(trace[0], std::string("TRC ") + one.walker.name + ": Start");
+    EXPECT_EQ(trace[1], std::string("TRC ") + one.handler.name + ": Start");
+    EXPECT_EQ(trace[trace.size() - 1], std::string("TRC ") + one.walker.name + ": End");
+    EXPECT_EQ(platform.state().filter_bits, std::uint32_t{YFW_FILTER_SELECTION});
+  }
+}
+
+TEST(AugmentParsers, RefuseWhatIsAddedAndIgnoreTheRest) {
+  for (const Inner& inner : nodes::kInner) {
+    SCOPED_TRACE(inner.path);
+    Platform platform;
+    Request request(leaf("other", "value").in("urn:other"));
+    EXPECT_EQ(inner.augments.function(platform.ctx(), request.root(), platform.output()), YFW_UNKNOWN_AUGMENT);
+    EXPECT_EQ(platform.error_tag(), "other");
+    platform.set_operation(YFW_REQUEST_READ_CONFIG);
+    EXPECT_EQ(inner.augments.function(platform.ctx(), request.root(), platform.output()), YFW_OK);
+    EXPECT_EQ(platform.count("yfw_oc_error_path"), 1U);
+  }
+}
+
+// ---- Whole requests
+
+class Requests : public support::ModuleTest {
+ protected:
+  cerrno walk(Request& request, std::uint32_t operation = YFW_REQUEST_EDIT) {
+    platform.set_operation(operation);
+    return ymap_oq_oclacp_openconfiglacp_lvla_lacp(platform.ctx(), request.root(), platform.output());
+  }
+};
+
+TEST_F(Requests, DeleteOfLacpWithChildrenIsRefused) {
+  Request request(container("lacp", {container("config")}).with(YFW_OPERATION_DELETE));
+  EXPECT_EQ(walk(request), YFW_INVALID_ARGUMENTS);
+  EXPECT_EQ(platform.traced(support::kEntryWalker, "Delete request with subtree present"), 1U);
+  EXPECT_THAT(added(), IsEmpty());
+}
+
+TEST_F(Requests, DeleteOfLacpByNameExpandsIntoEveryChildWalker) {
+  Request request(container("lacp").with(YFW_OPERATION_DELETE));
+  EXPECT_EQ(walk(request), YFW_OK);
+  EXPECT_EQ(platform.traced("ymap_oq_oclacp_openconfiglacp_lvla_lacp_config", "Start"), 1U);
+  EXPECT_EQ(platform.traced("ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces", "Start"), 1U);
+  EXPECT_EQ(platform.traced("ymap_oq_oclacp_openconfiglacp_lvla_lacp_state", "Start"), 0U);
+  EXPECT_THAT(support::left_behind(platform, request), IsEmpty());
+}
+
+TEST_F(Requests, UnknownTagIsAnErrorInAnEditAndIgnoredInARead) {
+  Request request(container("lacp", {leaf("unheard-of")}));
+  EXPECT_EQ(walk(request), YFW_UNSUPPORTED_NODE);
+  EXPECT_EQ(walk(request, YFW_REQUEST_READ_CONFIG), YFW_OK);
+  EXPECT_EQ(walk(request, YFW_REQUEST_READ_STATE), YFW_OK);
+}
+
+TEST_F(Requests, InterfaceWithTwoNamesIsRefused) {
+  Request request(lacp_with_interfaces({container("interface", {leaf("name", "a"), leaf("name", "b")})}));
+  EXPECT_EQ(walk(request), YFW_BAD_LIST_KEY);
+  EXPECT_EQ(platform.traced("ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface", "List key node error."),
+            1U);
+  EXPECT_EQ(platform.error_tag(), "name");
+}
+
+TEST_F(Requests, ReplaceOfAContainerRunsItsHandlerTwiceAndEndsAsReplace) {
+  Request request(container("lacp", {container("config", {leaf("system-priority", "7")}).with(YFW_OPERATION_REPLACE)}));
+  EXPECT_EQ(walk(request), YFW_OK);
+  EXPECT_EQ(platform.traced("ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_config", "Start"), 2U);
+  EXPECT_THAT(added(), ElementsAre("/lacp/system-priority", "/lacp/system-priority=7"));
+  EXPECT_EQ(platform.additions().at(0).operation, std::uint32_t{YFW_OPERATION_REMOVE});
+  EXPECT_EQ(platform.additions().at(1).operation, std::uint32_t{YFW_OPERATION_NONE});
+  EXPECT_EQ(request.find("config")->operation, std::uint32_t{YFW_OPERATION_REPLACE});
+  EXPECT_THAT(support::left_behind(platform, request), IsEmpty());
+}
+
+TEST_F(Requests, ReadOfTheOperationalIntervalIsRefusedByName) {
+  Request request(lacp_with_interfaces(
+      {container("interface", {leaf("name", "Bundle-Ether1"), container("state", {leaf("interval")})})}));
+  EXPECT_EQ(walk(request, YFW_REQUEST_READ_STATE), YFW_UNSUPPORTED_NODE);
+  EXPECT_EQ(platform.error_tag(), "interval");
+}
+
+TEST_F(Requests, DeletedKeyOfAnInterfaceIsRefused) {
+  Request request(lacp_with_interfaces(
+      {container("interface", {leaf("name", "Bundle-Ether1").with(YFW_OPERATION_DELETE), container("config")})}));
+  EXPECT_EQ(walk(request), YFW_LIST_KEY_DELETED);
+  EXPECT_EQ(platform.traced("ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface",
+                            "The key node should not have delete operation."),
+            1U);
+}
+
+TEST_F(Requests, ReadingActivityAndTimeoutAsksForThePortStateTwice) {
+  Request request(lacp_with_interfaces({container(
+      "interface",
+      {leaf("name", "Bundle-Ether1"),
+       container("members", {container("member", {leaf("interface", "a"),
+                                                  container("state", {leaf("activity"), leaf("timeout")})})})})}));
+  EXPECT_EQ(walk(request, YFW_REQUEST_READ_STATE), YFW_OK);
+  EXPECT_EQ(platform.count("yfw_map_datatree_add_path_flagged", "/link-data/actor-port-state\""), 2U);
+}
+
+TEST_F(Requests, EditOfOperationalStateAddsNothing) {
+  Request request(
+      lacp_with_interfaces({interface_entry("Bundle-Ether1"),
+                            container("interface", {leaf("name", "Bundle-Ether2"), container("members")})}));
+  EXPECT_EQ(walk(request), YFW_UNSUPPORTED_NODE);
+  EXPECT_EQ(platform.error_tag(), "members");
+  EXPECT_THAT(added(), Not(Contains(testing::HasSubstr("/lacp-bundles"))));
+}
+
+}  // namespace
