@@ -11,7 +11,9 @@ namespace {
 
 const host::Bag& bag_named(const host::RecordRegistry& registry, const std::string& name) {
   const host::Bag* bag = registry.find(name);
-  if (bag == nullptr) throw host::Refusal(name + ": no such bag; `oclacp records list` shows all");
+  if (bag == nullptr) {
+    throw host::Refusal(name + ": no such bag; `oclacp records list` shows all");
+  }
   return *bag;
 }
 
@@ -43,7 +45,9 @@ void RecordsCommand::define_decode() {
 }
 
 std::string RecordsCommand::run() const {
-  if (decode_->parsed()) return decode();
+  if (decode_->parsed()) {
+    return decode();
+  }
   const host::RecordRegistry& registry = host::register_records_of(module_);
   return show_->parsed() ? host::show_bag(bag_named(registry, name_)) : host::list_bags(registry);
 }

@@ -13,9 +13,13 @@ RecordRegistry& RecordRegistry::of_process() {
 const RecordRegistry& register_records_of(const std::string& module_file) {
   const Module module(module_file);
   Module::RecordRegistration* register_all = module.record_registration();
-  if (register_all == nullptr) throw Refusal(module_file + ": has no records");
+  if (register_all == nullptr) {
+    throw Refusal(module_file + ": has no records");
+  }
   const cerrno status = register_all();
-  if (status != YFW_OK) throw Refusal(RecordRegistry::of_process().reason());
+  if (status != YFW_OK) {
+    throw Refusal(RecordRegistry::of_process().reason());
+  }
   return RecordRegistry::of_process();
 }
 

@@ -25,7 +25,9 @@ std::string hexadecimal_bytes(std::string_view bytes, const char* separator) {
   for (const char byte : bytes) {
     std::array<char, 3> digits{};
     std::snprintf(digits.data(), digits.size(), "%02x", static_cast<unsigned>(static_cast<unsigned char>(byte)));
-    if (!text.empty()) text += separator;
+    if (!text.empty()) {
+      text += separator;
+    }
     text += digits.data();
   }
   return text;
@@ -44,11 +46,15 @@ class Decoder {
 
   // The record that starts at an offset.
   DecodedField record(const RecordType& type, std::uint64_t offset) {
-    if (type.is_bare()) return value(type.fields.front().type, offset);
+    if (type.is_bare()) {
+      return value(type.fields.front().type, offset);
+    }
     DecodedField decoded;
     decoded.offset = offset;
     decoded.size = type.size;
-    for (const RecordField& field : type.fields) decoded.members.push_back(this->field(field, offset));
+    for (const RecordField& field : type.fields) {
+      decoded.members.push_back(this->field(field, offset));
+    }
     return decoded;
   }
 
@@ -128,7 +134,9 @@ class Decoder {
     const std::uint64_t chosen = number(decoded.offset, tag_type.size);
     const auto arm = std::find_if(type.arms.begin(), type.arms.end(),
                                   [chosen](const UnionArm& candidate) { return candidate.value == chosen; });
-    if (arm != type.arms.end()) decoded.members.push_back(field(arm->field, decoded.offset));
+    if (arm != type.arms.end()) {
+      decoded.members.push_back(field(arm->field, decoded.offset));
+    }
   }
 
   void set_number(DecodedField& decoded, const FieldType& type) {
@@ -146,7 +154,9 @@ class Decoder {
   }
 
   static std::string shown_bytes(DisplayHint hint, std::string_view bytes) {
-    if (hint == DisplayHint::kIpv6) return address(AF_INET6, bytes);
+    if (hint == DisplayHint::kIpv6) {
+      return address(AF_INET6, bytes);
+    }
     return hexadecimal_bytes(bytes, hint == DisplayHint::kMac ? ":" : "");
   }
 

@@ -17,7 +17,9 @@ class Table {
 
   void add(std::vector<std::string> cells) {
     widths_.resize(std::max(widths_.size(), cells.size()));
-    for (std::size_t i = 0; i < cells.size(); ++i) widths_[i] = std::max(widths_[i], cells[i].size());
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+      widths_[i] = std::max(widths_[i], cells[i].size());
+    }
     lines_.push_back(std::move(cells));
   }
 
@@ -29,7 +31,9 @@ class Table {
       for (std::size_t i = 0; i < line.size(); ++i) {
         const std::string padding(widths_[i] - line[i].size(), ' ');
         const bool is_number = heading[i] == "OFFSET" || heading[i] == "SIZE";
-        if (i > 0) text += "  ";
+        if (i > 0) {
+          text += "  ";
+        }
         text += is_number ? padding + line[i] : line[i] + padding;
       }
       const std::size_t last = text.find_last_not_of(' ');
@@ -52,8 +56,12 @@ std::string indented(const std::string& text, unsigned depth) {
 std::string type_text(const FieldType& type) {
   switch (type.kind) {
     case FieldKind::kUnsigned:
-      if (type.hint == DisplayHint::kInterface) return "interface handle";
-      if (type.hint == DisplayHint::kNode) return "node";
+      if (type.hint == DisplayHint::kInterface) {
+        return "interface handle";
+      }
+      if (type.hint == DisplayHint::kNode) {
+        return "node";
+      }
       return "unsigned, " + std::to_string(type.size * 8) + " bits";
     case FieldKind::kEnumeration:
       return "enum " + type.enumeration;
@@ -62,8 +70,12 @@ std::string type_text(const FieldType& type) {
     case FieldKind::kText:
       return "reference to text";
     case FieldKind::kBytes:
-      if (type.hint == DisplayHint::kMac) return "MAC address";
-      if (type.hint == DisplayHint::kIpv6) return "IPv6 address";
+      if (type.hint == DisplayHint::kMac) {
+        return "MAC address";
+      }
+      if (type.hint == DisplayHint::kIpv6) {
+        return "IPv6 address";
+      }
       return std::to_string(type.size) + " bytes";
     case FieldKind::kRecord:
       return "record " + type_name(type.record);
@@ -101,9 +113,15 @@ class FieldLister {
   }
 
   void members(const FieldType& type, std::uint64_t offset, unsigned depth) {
-    if (type.kind == FieldKind::kReference || type.kind == FieldKind::kArray) referred_.insert(type.record);
-    if (type.kind == FieldKind::kRecord) fields(*schema_.find(type.record), offset, depth);
-    if (type.kind != FieldKind::kUnion) return;
+    if (type.kind == FieldKind::kReference || type.kind == FieldKind::kArray) {
+      referred_.insert(type.record);
+    }
+    if (type.kind == FieldKind::kRecord) {
+      fields(*schema_.find(type.record), offset, depth);
+    }
+    if (type.kind != FieldKind::kUnion) {
+      return;
+    }
     table_.add({std::to_string(offset), "4", indented(type.tag, depth), "enum " + type.enumeration});
     for (const UnionArm& arm : type.arms) {
       add(arm.field.name, offset + arm.field.offset, arm.field.type, depth,
@@ -137,7 +155,9 @@ std::string value_text(const DecodedField& field) {
 
 void add_lines(Table& table, const DecodedField& field, unsigned depth) {
   table.add({std::to_string(field.offset), std::to_string(field.size), indented(field.name, depth), value_text(field)});
-  for (const DecodedField& member : field.members) add_lines(table, member, depth + 1);
+  for (const DecodedField& member : field.members) {
+    add_lines(table, member, depth + 1);
+  }
 }
 
 // Texts are UTF-8 already: what has to be escaped are quotes, backslashes and control characters.
@@ -186,7 +206,9 @@ std::string list_bags(const RecordRegistry& registry) {
   for (const Bag& bag : registry.bags()) {
     std::string further;
     for (const RecordType& type : bag.schema.types()) {
-      if (&type == &bag.schema.top()) continue;
+      if (&type == &bag.schema.top()) {
+        continue;
+      }
       further += (further.empty() ? "" : ", ") + type_name(type.number) + " (" + std::to_string(type.size) + ")";
     }
     const RecordType& top = bag.schema.top();
@@ -206,7 +228,9 @@ std::string show_bag(const Bag& bag) {
     FieldLister(bag.schema, table, referred).fields(record, 0, 0);
     text += "\nrecord " + type_name(record.number) + ", " + std::to_string(record.size) + " bytes\n" + table.text();
     for (const std::uint32_t number : referred) {
-      if (shown.insert(number).second) waiting.push_back(number);
+      if (shown.insert(number).second) {
+        waiting.push_back(number);
+      }
     }
   }
   return text;
@@ -214,8 +238,12 @@ std::string show_bag(const Bag& bag) {
 
 std::string record_as_table(const DecodedField& record) {
   Table table({"OFFSET", "SIZE", "FIELD", "VALUE"});
-  if (record.form != Form::kRecord) add_lines(table, record, 0);
-  for (const DecodedField& member : record.members) add_lines(table, member, 0);
+  if (record.form != Form::kRecord) {
+    add_lines(table, record, 0);
+  }
+  for (const DecodedField& member : record.members) {
+    add_lines(table, member, 0);
+  }
   return table.text();
 }
 

@@ -13,7 +13,9 @@ namespace {
 // Reads one of a descriptor's schemas; a refusal says which.
 RecordSchema read_schema(const char* text, RecordSchema::Form form) {
   const char* which = form == RecordSchema::Form::kFull ? "full schema" : "compact schema";
-  if (text == nullptr) throw Refusal(std::string("no ") + which);
+  if (text == nullptr) {
+    throw Refusal(std::string("no ") + which);
+  }
   try {
     return {text, form};
   } catch (const Refusal& refusal) {
@@ -27,8 +29,12 @@ void check_same_records(const RecordSchema& full, const RecordSchema& compact) {
   const auto [difference, end] =
       std::mismatch(one.begin(), one.end(), other.begin(), other.end(),
                     [](const auto& type, const auto& same) { return same_but_for_names(type, same); });
-  if (difference != one.end()) throw Refusal(type_name(difference->number) + " differs between the two schemas");
-  if (end != other.end()) throw Refusal(type_name(end->number) + " is in the compact schema only");
+  if (difference != one.end()) {
+    throw Refusal(type_name(difference->number) + " differs between the two schemas");
+  }
+  if (end != other.end()) {
+    throw Refusal(type_name(end->number) + " is in the compact schema only");
+  }
 }
 
 // Compares one record of the layout table with what its schema says. A record of bare raw bytes has no offsets.
@@ -43,7 +49,9 @@ void check_record(std::uint64_t size, const std::uint64_t* offsets, const Record
   }
   for (std::size_t i = 0; has_offsets && i < type.fields.size(); ++i) {
     const RecordField& field = type.fields[i];
-    if (offsets[i] == field.offset) continue;
+    if (offsets[i] == field.offset) {
+      continue;
+    }
     const std::string which = "field " + std::to_string(i + 1) + " at offset " + std::to_string(offsets[i]);
     if (offsets[i] >= size || field.type.size > size - offsets[i]) {
       throw Refusal(where + which + " lies outside of the record's " + std::to_string(size) + " bytes");
@@ -53,7 +61,9 @@ void check_record(std::uint64_t size, const std::uint64_t* offsets, const Record
 }
 
 void check_layout(const bag_layout* layout, const RecordSchema& schema) {
-  if (layout == nullptr) throw Refusal("no layout table");
+  if (layout == nullptr) {
+    throw Refusal("no layout table");
+  }
   const std::uint64_t further_count = schema.types().size() - 1;
   if (layout->further_count != further_count) {
     throw Refusal("the layout table has " + std::to_string(layout->further_count) +
@@ -84,7 +94,9 @@ Bag read_descriptor(const bag_descriptor& descriptor) {
   if (descriptor.format != BAG_DESCRIPTOR_FORMAT) {
     throw Refusal("descriptor format " + std::to_string(descriptor.format) + " is not supported");
   }
-  if (descriptor.owner_library == nullptr || *descriptor.owner_library == '\0') throw Refusal("no owner library");
+  if (descriptor.owner_library == nullptr || *descriptor.owner_library == '\0') {
+    throw Refusal("no owner library");
+  }
   RecordSchema full = read_schema(descriptor.full_schema, RecordSchema::Form::kFull);
   check_same_records(full, read_schema(descriptor.compact_schema, RecordSchema::Form::kCompact));
   check_layout(descriptor.layout, full);
@@ -100,17 +112,23 @@ cerrno RecordRegistry::fail(cerrno status, std::string reason) {
 }
 
 cerrno RecordRegistry::start() {
-  if (is_open_) return fail(kRegistryMisused, "a registration of records has started and not ended");
+  if (is_open_) {
+    return fail(kRegistryMisused, "a registration of records has started and not ended");
+  }
   is_open_ = true;
   is_spoilt_ = false;
   return YFW_OK;
 }
 
 cerrno RecordRegistry::add(const bag_descriptor* descriptor) {
-  if (!is_open_) return fail(kRegistryMisused, "no registration of records has started");
+  if (!is_open_) {
+    return fail(kRegistryMisused, "no registration of records has started");
+  }
   const bool is_named = descriptor != nullptr && descriptor->name != nullptr && is_name(descriptor->name);
   try {
-    if (!is_named) throw Refusal("no name of letters, digits and underscores");
+    if (!is_named) {
+      throw Refusal("no name of letters, digits and underscores");
+    }
     Bag bag = read_descriptor(*descriptor);
     check_against_known(bag);
     added_.push_back(std::move(bag));
@@ -126,7 +144,9 @@ cerrno RecordRegistry::add(const bag_descriptor* descriptor) {
 void RecordRegistry::check_against_known(const Bag& bag) const {
   for (const auto* known : {&bags_, &added_}) {
     for (const Bag& other : *known) {
-      if (other.name == bag.name) throw Refusal("registered already");
+      if (other.name == bag.name) {
+        throw Refusal("registered already");
+      }
       for (const RecordType& type : bag.schema.types()) {
         const RecordType* same = other.schema.find(type.number);
         if (same != nullptr && !same_but_for_names(type, *same)) {
@@ -138,9 +158,13 @@ void RecordRegistry::check_against_known(const Bag& bag) const {
 }
 
 cerrno RecordRegistry::end() {
-  if (!is_open_) return fail(kRegistryMisused, "no registration of records has started");
+  if (!is_open_) {
+    return fail(kRegistryMisused, "no registration of records has started");
+  }
   const bool is_spoilt = is_spoilt_;
-  if (!is_spoilt) std::move(added_.begin(), added_.end(), std::back_inserter(bags_));
+  if (!is_spoilt) {
+    std::move(added_.begin(), added_.end(), std::back_inserter(bags_));
+  }
   abort();
   return is_spoilt ? fail(kRegistryMisused, "a registration with a refused descriptor cannot be ended") : YFW_OK;
 }

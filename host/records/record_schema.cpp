@@ -33,29 +33,41 @@ class SchemaReader {
   [[nodiscard]] bool at_digit() const { return next() >= '0' && next() <= '9'; }
 
   bool skip(char c) {
-    if (next() != c || at_ == text_.size()) return false;
+    if (next() != c || at_ == text_.size()) {
+      return false;
+    }
     ++at_;
     return true;
   }
 
   void expect(char c) {
-    if (!skip(c)) refuse(std::string("'") + c + "' is missing");
+    if (!skip(c)) {
+      refuse(std::string("'") + c + "' is missing");
+    }
   }
 
   std::uint32_t number() {
-    if (!at_digit()) refuse("a number is missing");
+    if (!at_digit()) {
+      refuse("a number is missing");
+    }
     std::uint64_t value = 0;
     for (; at_digit(); ++at_) {
       value = value * 10 + static_cast<std::uint64_t>(next() - '0');
-      if (value > UINT32_MAX) refuse("the number is too large");
+      if (value > UINT32_MAX) {
+        refuse("the number is too large");
+      }
     }
     return static_cast<std::uint32_t>(value);
   }
 
   std::string name() {
     const std::size_t start = at_;
-    while (std::isalnum(static_cast<unsigned char>(next())) != 0 || next() == '_') ++at_;
-    if (at_ == start) refuse("a name is missing");
+    while (std::isalnum(static_cast<unsigned char>(next())) != 0 || next() == '_') {
+      ++at_;
+    }
+    if (at_ == start) {
+      refuse("a name is missing");
+    }
     return std::string(text_.substr(start, at_ - start));
   }
 
@@ -75,7 +87,9 @@ class SchemaReader {
   RecordField field(bool is_first) {
     RecordField field;
     const bool is_bare = is_first && (at_digit() || next() == '?');
-    if (has_names_ && !is_bare) field.name = braced_name();
+    if (has_names_ && !is_bare) {
+      field.name = braced_name();
+    }
     field.type = type();
     return field;
   }
@@ -88,7 +102,9 @@ class SchemaReader {
   }
 
   FieldType type() {
-    if (at_digit()) return raw_bytes();
+    if (at_digit()) {
+      return raw_bytes();
+    }
     const char letter = next();
     ++at_;
     switch (letter) {
@@ -113,10 +129,14 @@ class SchemaReader {
       case '?':
         return one_of_several();
       case '[':
-        if (has_names_) return named_enumeration();
+        if (has_names_) {
+          return named_enumeration();
+        }
         break;
       case 'e':
-        if (!has_names_) return plain(FieldKind::kEnumeration, 4);
+        if (!has_names_) {
+          return plain(FieldKind::kEnumeration, 4);
+        }
         break;
       default:
         break;
@@ -145,13 +165,17 @@ class SchemaReader {
     FieldType type;
     type.kind = FieldKind::kBytes;
     type.size = number();
-    if (type.size == 0 || type.size > kLargestRecord) refuse("raw bytes of this length are not supported");
+    if (type.size == 0 || type.size > kLargestRecord) {
+      refuse("raw bytes of this length are not supported");
+    }
     expect('x');
     return with_hint(type);
   }
 
   FieldType with_hint(FieldType type) {
-    if (!skip('%')) return type;
+    if (!skip('%')) {
+      return type;
+    }
     const bool is_number = type.kind == FieldKind::kUnsigned;
     if (is_number && skip('h')) {
       type.hint = DisplayHint::kInterface;
@@ -171,7 +195,9 @@ class SchemaReader {
     FieldType type;
     type.kind = FieldKind::kRecord;
     type.record = number();
-    if (!has_names_) expect('.');
+    if (!has_names_) {
+      expect('.');
+    }
     return type;
   }
 
@@ -188,7 +214,9 @@ class SchemaReader {
   }
 
   FieldType one_of_several() {
-    if (++unions_ > kDeepestNesting) refuse("unions are nested too deep");
+    if (++unions_ > kDeepestNesting) {
+      refuse("unions are nested too deep");
+    }
     FieldType type;
     type.kind = FieldKind::kUnion;
     type.alignment = kUnionTagSize;
@@ -213,7 +241,9 @@ class SchemaReader {
     UnionArm arm;
     arm.value = number();
     expect(':');
-    if (has_names_) arm.field.name = braced_name();
+    if (has_names_) {
+      arm.field.name = braced_name();
+    }
     arm.field.type = type();
     arm.field.offset = kUnionTagSize;
     return arm;
@@ -232,7 +262,9 @@ std::uint64_t round_up(std::uint64_t size, std::uint64_t alignment) {
 // The first type is the top record, the others stand in ascending number.
 template <typename Types>
 auto* find(Types& types, std::uint32_t number) {
-  if (types.front().number == number) return &types.front();
+  if (types.front().number == number) {
+    return &types.front();
+  }
   const auto found =
       std::lower_bound(types.begin() + 1, types.end(), number,
                        [](const RecordType& type, std::uint32_t wanted) { return type.number < wanted; });
@@ -253,14 +285,20 @@ class Layout {
 
  private:
   void lay_out(RecordType& record, unsigned depth) {
-    if (record.size != 0) return;
-    if (depth > kDeepestNesting) throw Refusal(type_name(record.number) + " is embedded too deep, or in itself");
+    if (record.size != 0) {
+      return;
+    }
+    if (depth > kDeepestNesting) {
+      throw Refusal(type_name(record.number) + " is embedded too deep, or in itself");
+    }
     std::uint64_t size = 0;
     for (RecordField& field : record.fields) {
       settle(field.type, depth);
       field.offset = round_up(size, field.type.alignment);
       size = field.offset + field.type.size;
-      if (size > kLargestRecord) throw Refusal(type_name(record.number) + " is too large");
+      if (size > kLargestRecord) {
+        throw Refusal(type_name(record.number) + " is too large");
+      }
       record.alignment = std::max(record.alignment, field.type.alignment);
     }
     record.size = round_up(size, record.alignment);
@@ -288,7 +326,9 @@ class Layout {
 
   RecordType& known(std::uint32_t number) {
     RecordType* record = find(types_, number);
-    if (record == nullptr) throw Refusal(type_name(number) + " is used and not defined");
+    if (record == nullptr) {
+      throw Refusal(type_name(number) + " is used and not defined");
+    }
     return *record;
   }
 
@@ -299,8 +339,12 @@ class Layout {
 void check_order(const std::vector<RecordType>& types) {
   for (std::size_t i = 1; i < types.size(); ++i) {
     const std::uint32_t number = types[i].number;
-    if (number == types.front().number) throw Refusal(type_name(number) + " is defined twice");
-    if (i > 1 && number <= types[i - 1].number) throw Refusal(type_name(number) + " is not in ascending order");
+    if (number == types.front().number) {
+      throw Refusal(type_name(number) + " is defined twice");
+    }
+    if (i > 1 && number <= types[i - 1].number) {
+      throw Refusal(type_name(number) + " is not in ascending order");
+    }
   }
 }
 
@@ -332,8 +376,12 @@ RecordSchema::RecordSchema(std::string_view text, Form form) : types_(SchemaRead
   check_order(types_);
   const Layout layout(types_);
   for (const RecordType& type : types_) {
-    if (type.size == 0) throw Refusal(type_name(type.number) + " is defined and not used");
-    if (form == Form::kFull) check_names(type);
+    if (type.size == 0) {
+      throw Refusal(type_name(type.number) + " is defined and not used");
+    }
+    if (form == Form::kFull) {
+      check_names(type);
+    }
   }
 }
 

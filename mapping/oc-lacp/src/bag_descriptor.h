@@ -28,22 +28,24 @@ struct LayoutTable<0> {
 static_assert(sizeof(LayoutTable<2>) == sizeof(bag_layout) + 2 * sizeof(bag_further_record),
               "the further types follow the layout without a gap");
 
-// Which of `Types` the top record refers to, directly or not.
+// Which of `Types` the top record refers to, directly or not, besides itself.
 template <const auto& Types, std::uint32_t Top>
-consteval auto referred_types() {
-  std::array<bool, std::size(Types)> referred{};
-  mark_referred(Types, record_type(Types, Top), referred);
-  return referred;
+consteval auto mark_further() {
+  std::array<bool, std::size(Types)> marks{};
+  const RecordType& top = record_type(Types, Top);
+  mark_referred(Types, top, marks);
+  marks[static_cast<std::size_t>(&top - std::data(Types))] = false;
+  return marks;
 }
 
 // The numbers of the further types, ascending.
 template <const auto& Types, std::uint32_t Top>
 consteval auto further_types() {
-  constexpr auto kReferred = referred_types<Types, Top>();
-  std::array<std::uint32_t, std::count(kReferred.begin(), kReferred.end(), true)> numbers{};
+  constexpr auto kMarks = mark_further<Types, Top>();
+  std::array<std::uint32_t, std::count(kMarks.begin(), kMarks.end(), true)> numbers{};
   std::size_t count = 0;
-  for (std::size_t i = 0; i < kReferred.size(); ++i) {
-    if (kReferred[i]) numbers[count++] = Types[i].number;
+  for (std::size_t i = 0; i < kMarks.size(); ++i) {
+    if (kMarks[i]) numbers[count++] = Types[i].number;
   }
   return numbers;
 }

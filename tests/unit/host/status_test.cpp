@@ -26,7 +26,9 @@ TEST(Status, EveryCodeHasATextOfItsOwn) {
                                      kTextTooLong,
                                      kTextMissing,
                                      kNotFound,
-                                     kBadQuery};
+                                     kBadQuery,
+                                     kBadDescriptor,
+                                     kRegistryMisused};
   std::vector<std::string> texts = {cerr_strerror(0xdeadbeef)};
   for (const cerrno code : codes) {
     EXPECT_THAT(texts, testing::Not(testing::Contains(cerr_strerror(code)))) << std::hex << code;
@@ -44,6 +46,10 @@ TEST(Library, ExportsTheContract) {
                            "_sysdb_bind",
                            "_sysdb_unbind",
                            "access",
+                           "bag_register",
+                           "bag_register_abort",
+                           "bag_register_end",
+                           "bag_register_start",
                            "cerr_strerror",
                            "dt_log_filter_adv",
                            "get_intf_type_if_lacp_configured",
