@@ -75,7 +75,7 @@ ContextPtr new_context(const std::vector<const char*>& modules) {
   return ContextPtr(context);
 }
 
-void measure_floor(benchmark::State& state, Request request) {
+void floor(benchmark::State& state, Request request) {
   const auto interfaces = static_cast<std::size_t>(state.range(0));
   const ContextPtr request_side = new_context({"openconfig-lacp", "ietf-netconf"});
   const ContextPtr native_side = new_context({"Talvo-Brin-QD-bundlemgr-cfg", "ietf-netconf"});
@@ -84,7 +84,7 @@ void measure_floor(benchmark::State& state, Request request) {
   oclacp::host::Translator translator({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE);
   const Device device(translator.native_context(), running);
   const TreePtr edit = parse(native_side.get(), translator.translate(input, device, {}).text);
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     const TreePtr device_read = parse(native_side.get(), running);
     const TreePtr request_read = parse(request_side.get(), input);
     char* printed = nullptr;
@@ -94,24 +94,24 @@ void measure_floor(benchmark::State& state, Request request) {
   }
 }
 
-void measure_host(benchmark::State& state, Request request) {
+void host(benchmark::State& state, Request request) {
   const auto interfaces = static_cast<std::size_t>(state.range(0));
   oclacp::host::Translator translator({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE);
   const std::string input = request_text(request, interfaces);
   const std::string running = running_text(request, interfaces);
-  for (auto _ : state) {
+  while (state.KeepRunning()) {
     const Device device(translator.native_context(), running);
     benchmark::DoNotOptimize(translator.translate(input, device, {}));
   }
 }
 
-void measure_module(benchmark::State& state, Request request) {
-  CountedModule module(request, static_cast<std::size_t>(state.range(0)));
-  for (auto _ : state) {
-    module.walk();
+void module(benchmark::State& state, Request request) {
+  CountedModule counted(request, static_cast<std::size_t>(state.range(0)));
+  while (state.KeepRunning()) {
+    counted.walk();
   }
-  state.counters["calls"] = static_cast<double>(module.calls());
-  state.counters["additions"] = static_cast<double>(module.additions());
+  state.counters["calls"] = static_cast<double>(counted.calls());
+  state.counters["additions"] = static_cast<double>(counted.additions());
 }
 
 // Prints as usual and keeps the times.
@@ -157,20 +157,20 @@ void print_ratios(const Times& times) {
   }
 }
 
-void define(const char* what, void (*measure)(benchmark::State&, Request)) {
-  for (const Request request : {Request::kCreate, Request::kDelete}) {
-    const std::string name = std::string(what) + "/" + name_of(request);
-    benchmark::internal::Benchmark* defined = benchmark::RegisterBenchmark(
-        name.c_str(), [measure, request](benchmark::State& state) { measure(state, request); });
-    for (const std::size_t interfaces : kSizes) defined->Arg(static_cast<std::int64_t>(interfaces));
-    defined->Unit(benchmark::kMicrosecond);
-  }
+void sizes(benchmark::internal::Benchmark* benchmark) {
+  for (const std::size_t interfaces : kSizes) benchmark->Arg(static_cast<std::int64_t>(interfaces));
+  benchmark->Unit(benchmark::kMicrosecond);
 }
 
+// Runs are named "floor/create/100" and so on.
+BENCHMARK_CAPTURE(floor, create, Request::kCreate)->Apply(sizes);
+BENCHMARK_CAPTURE(floor, delete, Request::kDelete)->Apply(sizes);
+BENCHMARK_CAPTURE(host, create, Request::kCreate)->Apply(sizes);
+BENCHMARK_CAPTURE(host, delete, Request::kDelete)->Apply(sizes);
+BENCHMARK_CAPTURE(module, create, Request::kCreate)->Apply(sizes);
+BENCHMARK_CAPTURE(module, delete, Request::kDelete)->Apply(sizes);
+
 int run(int argc, char** argv) {
-  define("floor", measure_floor);
-  define("host", measure_host);
-  define("module", measure_module);
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
   Times times;

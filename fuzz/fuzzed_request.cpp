@@ -56,35 +56,31 @@ const char* take_tag(const yfw_datatree* parent, Bytes& bytes) {
   return known[byte % known.size()];
 }
 
-constexpr const char* kNamespaces[] = {support::kOpenconfigLacp,
-                                       support::kOpenconfigLacp,
-                                       support::kOpenconfigLacp,
-                                       support::kOpenconfigLacp,
-                                       support::kOpenconfigLacp,
-                                       support::kBundlemgrCfg,
-                                       "urn:foreign",
-                                       nullptr};
+constexpr const char* kNamespaces[] = {support::kOpenconfigLacp, support::kBundlemgrCfg, "urn:foreign", nullptr};
 
-// 63 characters fit into the interface manager's buffers, 64 and more do not.
-constexpr const char* kValues[] = {
-    nullptr,
-    "",
-    "FAST",
-    "SLOW",
-    "ACTIVE",
-    "PASSIVE",
-    "100",
-    "00:11:22:33:44:55",
-    "Bundle-Ether1",
-    "Bundle-Ether10",
-    "GigabitEthernet0/0/0/1",
-    "Bundle-Ether1.100",
-    "%s%n%p",
-    "////////////////////////////////////////////////////////////////",
-    "GigabitEthernet0/0/0/0123456789012345678901234567890123456789012",
+// Longer than the buffers for a name, the interface-name scratch buffer and a trace record.
+constexpr char kLongValue[] =
     "a value that is longer than every buffer of the module, the sixty-four bytes of a name, the two hundred of the "
     "scratch buffer and the two hundred and fifty of a trace record, whichever of them it should ever be copied into; "
-    "it goes on for a while, and then it ends here, somewhat later than that"};
+    "it goes on for a while, and then it ends here, somewhat later than that";
+
+// 63 characters fit into the interface manager's buffers, 64 and more do not.
+constexpr const char* kValues[] = {nullptr,
+                                   "",
+                                   "FAST",
+                                   "SLOW",
+                                   "ACTIVE",
+                                   "PASSIVE",
+                                   "100",
+                                   "00:11:22:33:44:55",
+                                   "Bundle-Ether1",
+                                   "Bundle-Ether10",
+                                   "GigabitEthernet0/0/0/1",
+                                   "Bundle-Ether1.100",
+                                   "%s%n%p",
+                                   "////////////////////////////////////////////////////////////////",
+                                   "GigabitEthernet0/0/0/0123456789012345678901234567890123456789012",
+                                   kLongValue};
 
 constexpr std::uint32_t kOperations[] = {
     YFW_OPERATION_NONE,   YFW_OPERATION_NONE,   YFW_OPERATION_REPLACE, YFW_OPERATION_CREATE,

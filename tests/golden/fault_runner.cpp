@@ -28,10 +28,6 @@ bool has(const std::string& text, std::string_view part) {
   return text.find(part) != std::string::npos;
 }
 
-bool ends_with(const std::string& text, std::string_view end) {
-  return text.size() >= end.size() && text.compare(text.size() - end.size(), end.size(), end) == 0;
-}
-
 bool is_one_of(const std::string& function, std::initializer_list<const char*> functions) {
   return std::any_of(functions.begin(), functions.end(), [&](const char* one) { return function == one; });
 }
@@ -79,7 +75,7 @@ cerrno expected_status(const Fault& fault, const Scenario& scenario, cerrno clea
   if (is_one_of(function, {"access", "_sysdb_bind", "sysdb_find", "sysdb_list_next"})) {
     return fault.replace_flags != 0 ? clean : status_of_unanswered_deletion(scenario);
   }
-  if (function == "yfw_strcmp_s" && ends_with(fault.call.arguments, " \"SLOW\"")) return YFW_UNSUPPORTED_INTERVAL;
+  if (function == "yfw_strcmp_s" && fault.call.arguments.ends_with(" \"SLOW\"")) return YFW_UNSUPPORTED_INTERVAL;
   if (function == "yfw_map_datatree_add_path_flagged") return status_of_failed_addition(fault, scenario, clean);
   return kInjected;
 }
@@ -111,7 +107,7 @@ std::vector<std::string> unended(const support::Platform& platform) {
 bool may_lack_end(const std::string& handler, const support::Platform& platform) {
   const std::optional<Fault>& fault = platform.fault();
   if (fault && is_one_of(fault->call.function, {"yfw_strcmp_s", "yfw_strcpy_s"}) &&
-      fault->call.arguments.rfind("\"" + handler + "\"", 0) == 0) {
+      fault->call.arguments.starts_with("\"" + handler + "\"")) {
     return true;
   }
   return handler == "ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface" &&

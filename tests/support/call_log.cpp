@@ -33,8 +33,8 @@ std::optional<Line> folded_record(const std::vector<Call>& calls, std::size_t at
   const std::string text = steps[1]->arguments.substr(4);
   const std::string& traced = steps[3]->arguments;
   const std::string asked = level == "ERR" ? "0" : "3";
-  if (steps[0]->arguments != asked || traced.size() < text.size() + 5 || traced.compare(0, 3, level) != 0 ||
-      traced.compare(traced.size() - text.size(), text.size(), text) != 0) {
+  if (steps[0]->arguments != asked || traced.size() < text.size() + 5 || !traced.starts_with(level) ||
+      !traced.ends_with(text)) {
     return std::nullopt;
   }
   const std::string handler = traced.substr(4, traced.size() - text.size() - 5);
@@ -48,7 +48,7 @@ Line folded_comparisons(const std::vector<Call>& calls, std::size_t at) {
   Line line{std::string(kFunction) + " " + tag + ":", 0};
   for (std::size_t next = at; next < calls.size(); ++next, ++line.calls) {
     const Call& call = calls[next];
-    if (call.function != kFunction || call.arguments.compare(0, tag.size() + 1, tag + " ") != 0) break;
+    if (call.function != kFunction || !call.arguments.starts_with(tag + " ")) break;
     line.text += (call.answer == "0" ? " " : " =") + call.arguments.substr(tag.size() + 1);
   }
   return line;
@@ -70,16 +70,16 @@ class Indent {
   [[nodiscard]] std::size_t depth() const { return running_.size(); }
 
   void before(const std::string& line) {
-    const bool ends = ends_with(line, ": End");
+    const bool ends = records(line, ": End");
     if (left_ && !(ends && handler_of(line) == running_.back())) running_.pop_back();
     left_ = false;
     if (ends) drop_to(handler_of(line));
   }
 
   void after(const std::string& line) {
-    if (ends_with(line, ": Start")) running_.push_back(handler_of(line));
-    if (starts_with(line, "yfw_map_add_to_node_hierarchy ")) entered_.push_back(running_.size());
-    if (starts_with(line, "yfw_map_remove_from_node_hierarchy ") && !entered_.empty()) {
+    if (records(line, ": Start")) running_.push_back(handler_of(line));
+    if (line.starts_with("yfw_map_add_to_node_hierarchy ")) entered_.push_back(running_.size());
+    if (line.starts_with("yfw_map_remove_from_node_hierarchy ") && !entered_.empty()) {
       running_.resize(std::min(running_.size(), entered_.back()));
       entered_.pop_back();
       left_ = !running_.empty();
@@ -87,12 +87,8 @@ class Indent {
   }
 
  private:
-  static bool starts_with(const std::string& line, std::string_view start) {
-    return line.compare(0, start.size(), start) == 0;
-  }
-  static bool ends_with(const std::string& line, std::string_view end) {
-    return starts_with(line, "TRC ") && line.size() > end.size() &&
-           line.compare(line.size() - end.size(), end.size(), end) == 0;
+  static bool records(const std::string& line, std::string_view text) {
+    return line.starts_with("TRC ") && line.ends_with(text);
   }
   static std::string handler_of(const std::string& line) { return line.substr(4, line.rfind(": ") - 4); }
 

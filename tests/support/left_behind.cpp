@@ -10,16 +10,13 @@ void check(Sentences& sentences, bool right, const char* what) {
 }
 
 bool is_deleted_entry(const NodeFields& before, const NodeFields& after, Store store) {
-  constexpr std::string_view kEntry = "/interface";
-  const bool is_entry = before.path.size() > kEntry.size() &&
-                        before.path.compare(before.path.size() - kEntry.size(), kEntry.size(), kEntry) == 0;
   const bool deleted = before.operation == YFW_OPERATION_DELETE || before.operation == YFW_OPERATION_REMOVE;
   const bool working =
       after.operation == YFW_OPERATION_REMOVE || (after.operation == YFW_OPERATION_NONE && store == Store::kLeftOpen);
   NodeFields expected = before;
   expected.operation = after.operation;
   expected.flags |= YFW_FLAG_OPERATION_CHANGED;
-  return is_entry && deleted && working && after == expected;
+  return before.path.ends_with("/interface") && deleted && working && after == expected;
 }
 
 void check_fields(Sentences& sentences, const Request& request, Store store) {

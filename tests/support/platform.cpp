@@ -21,7 +21,7 @@ std::string Call::text() const {
   return text;
 }
 
-Platform::Platform() {
+Platform::Platform() : outer_(std::exchange(current_platform, this)) {
   state_.descriptor = &descriptor_;
   descriptor_.operation = YFW_REQUEST_EDIT;
   context_.request = &state_;
@@ -30,11 +30,10 @@ Platform::Platform() {
   context_.trace_log = reinterpret_cast<yfw_log_stream*>(&context_.trace_log);
   context_.trace_buffer = reinterpret_cast<yfw_trace_buffer*>(&context_.trace_buffer);
   context_.trace_enabled = 1;
-  current_platform = this;
 }
 
 Platform::~Platform() {
-  current_platform = nullptr;
+  current_platform = outer_;
   for (const void* copy : seen_.copies) std::free(const_cast<void*>(copy));
 }
 

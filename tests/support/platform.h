@@ -2,7 +2,7 @@
 // down every call in order, gives any answer that a test scripts, and holds what a device would: interfaces and the
 // data store's items.
 //
-// A test makes one Platform; the contract's functions then work on it. One at a time, on one thread.
+// The contract's functions work on the Platform that was made last, until it is gone. All on one thread.
 #pragma once
 
 #include <cstddef>
@@ -208,6 +208,7 @@ class Platform {
   // The scripted answer of a call, if there is one; runs the actions that wait for the call.
   std::optional<std::uint32_t> scripted(const Call& call, bool fallible);
 
+  Platform* outer_;
   yfw_request_descriptor descriptor_{};
   yfw_request_state state_{};
   yfw_map_ctx_record context_{};

@@ -19,7 +19,7 @@ std::string pointer_text(const void* pointer) {
 
 // Takes `token` off the front of `text`; false when it does not stand there.
 bool take(std::string_view& text, std::string_view token) {
-  if (text.substr(0, token.size()) != token) return false;
+  if (!text.starts_with(token)) return false;
   text.remove_prefix(token.size());
   return true;
 }

@@ -116,8 +116,8 @@ TEST_F(EditPrinterTest, LeavesMayBeReplacedAndCreated) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "period", "1", source(YFW_OPERATION_REPLACE));
   add_lacp(edit_, "mode", "active", source(YFW_OPERATION_CREATE));
-  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/period [replace] = 1",
-                                              kA + "/lacp/mode [create] = active"));
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/mode [create] = active",
+                                              kA + "/lacp/period [replace] = 1"));
 }
 
 TEST_F(EditPrinterTest, EntriesWithTheSameKeysAreOne) {

@@ -144,7 +144,7 @@ TEST(RequestParser, RefusesUnknownNodesWithTheirPath) {
 TEST(RequestParser, RefusesUnknownModulesWithThePath) {
   EXPECT_EQ(parsed(R"({"no-such:lacp": {}})"), "/no-such:lacp: unknown module 'no-such'");
   EXPECT_EQ(parsed(R"(<lacp xmlns="urn:no-such"/>)"), "/lacp: unknown module 'urn:no-such'");
-  EXPECT_EQ(parsed("<lacp/>"), "/lacp: unknown module ''");
+  EXPECT_EQ(parsed("<lacp/>"), "the request (line 1): Missing XML namespace");
   EXPECT_EQ(parsed(lacp(R"("no-such:config": {})")), "/openconfig-lacp:lacp/no-such:config: unknown module 'no-such'");
 }
 

@@ -63,7 +63,7 @@ TEST(Walkers, TestTheTagsOfTheirChildrenInOrder) {
     std::vector<std::string> tested;
     for (const support::Call& call : platform.calls()) {
       const std::string start = "\"unheard-of\" \"";
-      if (call.function != "yfw_map_do_these_match" || call.arguments.rfind(start, 0) != 0) continue;
+      if (call.function != "yfw_map_do_these_match" || !call.arguments.starts_with(start)) continue;
       tested.push_back(call.arguments.substr(start.size(), call.arguments.size() - start.size() - 1));
     }
     // The scan of the keys tests every child of a list entry once more.

@@ -1,0 +1,128 @@
+// Everything that is refused: one sentence, status 1, nothing on the standard output.
+#include <unistd.h>
+
+#include <cctype>
+#include <filesystem>
+
+#include "tests/e2e/program.h"
+
+namespace support {
+namespace {
+
+struct BadExample {
+  std::string file;
+  std::string sentence;
+};
+
+class BadExamples : public testing::TestWithParam<BadExample> {};
+
+TEST_P(BadExamples, AreRefused) {
+  expect_refusal(run({"translate", "--to", "native", "-d", example("device"), example("bad/" + GetParam().file)}),
+                 "oclacp: " + GetParam().sentence);
+}
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Shipped, BadExamples, testing::Values(
+    BadExample{"bad-interval.json", "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether3']/config/interval: Invalid enumeration value \"MEDIUM\"\n"},
+    BadExample{"bad-priority.json", "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether3']/config/system-priority: Value \"65536\" is out of type uint16 min/max bounds\n"},
+    BadExample{"delete-interface-without-lacp.json", "/openconfig-lacp:lacp/interfaces/interface[name='GigabitEthernet0/0/0/4']: nothing to delete: the device has no LACP configuration for this interface (code 0xaaf28000)\n"},
+    BadExample{"delete-key.json", "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether1']/name: a list key cannot be deleted; the list entry can (error tag 'name', code 0xaaf2f200)\n"},
+    BadExample{"delete-lacp-with-children.json", "/openconfig-lacp:lacp: a container that is deleted may not name children (code 0xaaf2a000)\n"},
+    BadExample{"empty.json", "the request: empty\n"},
+    BadExample{"key-disagrees.json", "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether3']/config/name: 'Bundle-Ether4' differs from the list key that refers to it\n"},
+    BadExample{"long-name.json", "/openconfig-lacp:lacp/interfaces/interface/name: an interface name has at most 63 characters\n"},
+    BadExample{"malformed.json", "the request (line 2): the document ends early\n"},
+    BadExample{"malformed.xml", "/openconfig-lacp:lacp/config (line 1): Opening (\"config\") and closing (\"lacp\") elements tag mismatch\n"},
+    BadExample{"no-key.json", "/openconfig-lacp:lacp/interfaces/interface/name: the list entry must name its key exactly once, with a value (error tag 'name', code 0xaaf2f000)\n"},
+    BadExample{"read-unsupported.xml", "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether1']/state: not supported by this mapping (error tag 'state', code 0xaaf2ee00)\n"},
+    BadExample{"two-keys.xml", "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether3']/name: the list entry must name its key exactly once, with a value (error tag 'name', code 0xaaf2f000)\n"},
+    BadExample{"unknown-module.json", "/openconfig-vlan:vlans: unknown module 'openconfig-vlan'\n"},
+    BadExample{"unknown-node.json", "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether3']/config/colour: no such node\n"}),
+    [](const testing::TestParamInfo<BadExample>& shown) {
+      std::string name;
+      for (const char character : shown.param.file) {
+        name += std::isalnum(static_cast<unsigned char>(character)) != 0 ? character : '_';
+      }
+      return name;
+    });
+// clang-format on
+
+// A shipped example that no test knows would be a promise that nobody keeps.
+TEST(BadExamplesFolder, IsCoveredByTheTestsAbove) {
+  const auto& files = std::filesystem::directory_iterator(example("bad"));
+  EXPECT_EQ(std::distance(begin(files), end(files)), 15);
+}
+
+TEST(BadInput, DocumentsOf50MegabytesAreRefused) {
+  expect_refusal(translate(R"({"openconfig-lacp:lacp": {)" + std::string(50'000'000, ' ') + "}}"),
+                 "the request: longer than 32 MiB");
+}
+
+TEST(BadInput, DocumentsOf10000LevelsAreRefused) {
+  std::string json;
+  std::string xml;
+  for (int level = 0; level < 10'000; ++level) {
+    json += R"({"openconfig-lacp:lacp": )";
+    xml += "<lacp xmlns='http://openconfig.net/yang/lacp'>";
+  }
+  for (const std::string& document : {json, xml, std::string(10'000, '['), json + "1" + std::string(10'000, '}')}) {
+    expect_refusal(translate(document), "the request (line 1): nested deeper than 100 levels");
+  }
+}
+
+TEST(BadInput, NamesOf300CharactersAreRefused) {
+  expect_refusal(translate(interface(R"("name": ")" + std::string(300, 'x') + "\"")),
+                 "/openconfig-lacp:lacp/interfaces/interface/name: an interface name has at most 63 characters");
+}
+
+TEST(BadInput, AnEntryWithoutAnythingIsRefused) {
+  expect_refusal(translate(interface("")), "/openconfig-lacp:lacp/interfaces/interface: the list entry names no keys");
+}
+
+TEST(BadInput, OperationsThatWouldBeOverlookedAreRefused) {
+  expect_refusal(translate(interface(R"("name": "a", "@": {"nc:operation": "delete"})")), "'nc:operation'");
+  expect_refusal(translate(R"(<lacp xmlns="http://openconfig.net/yang/lacp" operation="delete"/>)"), "'operation'");
+}
+
+TEST(BadInput, NoByteOfARequestIsTooMuchOrTooLittle) {
+  const std::string request = interface(R"("name": "Bundle-Ether1", "config": {"interval": "FAST"})");
+  ASSERT_EQ(translate(request).status, 0);
+  for (size_t length = 0; length < request.size(); ++length) {
+    const Outcome cut = translate(request.substr(0, length));
+    EXPECT_EQ(cut.status, 1) << length;
+    EXPECT_EQ(cut.out, "") << length;
+  }
+  expect_refusal(translate(request + "}"), "text behind the end of the document");
+}
+
+TEST(BadFiles, ARequestThatCannotBeReadIsRefused) {
+  expect_refusal(run({"translate", "--to", "native", "/no/such"}), "/no/such: No such file or directory");
+  expect_refusal(run({"translate", "--to", "native", "/"}), "/: Is a directory");
+}
+
+TEST(BadFiles, ADeviceThatCannotBeReadIsRefused) {
+  expect_refusal(translate("{}", {"-d", "/no/such"}), "/no/such: no such device directory");
+  expect_refusal(translate("{}", {"-d", example("requests")}), "/requests/platform.json: No such file or directory");
+}
+
+TEST(BadFiles, AnUnreadableDeviceIsRefused) {
+  // A folder in the place of the file: not even root can read that.
+  const auto folder = std::filesystem::temp_directory_path() / ("oclacp-" + std::to_string(getpid()));
+  std::filesystem::create_directories(folder / "platform.json");
+  expect_refusal(translate("{}", {"-d", folder}), "/platform.json: Is a directory");
+  std::filesystem::remove_all(folder);
+}
+
+TEST(BadFiles, AModuleThatCannotBeUsedIsRefused) {
+  expect_refusal(translate("{}", {"--module", "/no/such.so"}), "the mapping module cannot be loaded: /no/such.so");
+  expect_refusal(translate("{}", {"--module", example("bad/empty.json")}), "the mapping module cannot be loaded: ");
+  expect_refusal(translate("{}", {"--module", OCLACP_HOST_LIBRARY}), "is no mapping module for openconfig-lacp");
+}
+
+TEST(BadFiles, SchemasThatCannotBeReadAreRefused) {
+  expect_refusal(translate("{}", {"--yang-dir", "/no/such"}), "/no/such: no such folder of schemas");
+  expect_refusal(translate("{}", {"--yang-dir", example("device")}), "schema openconfig-lacp: ");
+}
+
+}  // namespace
+}  // namespace support

@@ -1,0 +1,57 @@
+// Reads, from the request to the native paths that they ask for.
+#include "tests/e2e/program.h"
+
+namespace support {
+namespace {
+
+const std::string kInterface =
+    "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act']"
+    "[interface-name='Bundle-Ether1']/Talvo-Brin-QD-bundlemgr-cfg:lacp/";
+const std::string kAnyInterface =
+    "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration/Talvo-Brin-QD-bundlemgr-cfg:lacp/";
+
+std::string read(const std::string& what, const std::string& name) {
+  const Outcome result = run({"translate", "--to", "native", "--read", what, example("requests/" + name)});
+  expect_success(result);
+  return result.out;
+}
+
+TEST(Read, OfConfigurationAsksForAllLeavesOfAnInterface) {
+  EXPECT_EQ(read("config", "read-interface.json"), kInterface + "period\n" + kInterface + "mode\n" + kInterface +
+                                                       "system-mac\n" + kInterface + "system-priority\n");
+}
+
+TEST(Read, OfAllAsksForStateToo) {
+  const std::string paths = read("all", "read-interface.json");
+  EXPECT_THAT(paths, testing::StartsWith(read("config", "read-interface.json")));
+  EXPECT_THAT(paths, testing::HasSubstr("\n/Talvo-Brin-QD-bundlemgr-oper:lacp-bundles/bundles/bundle/members/member/"
+                                        "link-data/actor-port-state\n"));
+}
+
+TEST(Read, OfLacpAsksForEveryInterface) {
+  EXPECT_EQ(read("config", "read-lacp.json"), "/Talvo-Brin-QD-bundlemgr-cfg:lacp/system-priority\n" + kAnyInterface +
+                                                  "period\n" + kAnyInterface + "mode\n" + kAnyInterface +
+                                                  "system-mac\n" + kAnyInterface + "system-priority\n");
+}
+
+TEST(Read, OfASelectionAsksForTheSelectedLeaves) {
+  EXPECT_EQ(read("config", "read-selection.xml"), kInterface + "mode\n" + kInterface + "period\n");
+}
+
+TEST(Read, WithAMatchShowsTheValue) {
+  EXPECT_THAT(read("config", "read-match.json"), testing::StartsWith(kInterface + "mode = ACTIVE\n"));
+}
+
+TEST(Read, WithoutAKeyMeansAllEntries) {
+  const Outcome result = translate(interface(R"("config": {"interval": [null]})"), {"--read", "config"});
+  expect_success(result);
+  EXPECT_EQ(result.out, kAnyInterface + "period\n");
+}
+
+TEST(Read, OfAnUnknownStateLeafIsRefused) {
+  expect_refusal(run({"translate", "--to", "native", "--read", "all", example("bad/read-unsupported.xml")}),
+                 "/state/interval: not supported by this mapping (error tag 'interval', code 0xaaf2ee00)");
+}
+
+}  // namespace
+}  // namespace support

@@ -1,0 +1,219 @@
+#include <string>
+
+#include "oclacp/interface_helpers.h"
+#include "unit/module_test.h"
+
+namespace {
+
+using support::Interface;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class EntryForm : public support::ModuleTest {
+ protected:
+  std::string converted(const char* name) {
+    convert_oc_ifname_ifentry(buffer, name, platform.ctx());
+    return buffer;
+  }
+
+  char buffer[OCLACP_IFENTRY_CAPACITY + 1] = {};
+};
+
+TEST_F(EntryForm, HasUnderscoresForSlashes) {
+  EXPECT_EQ(converted("GigabitEthernet0/0/0/1"), "GigabitEthernet0_0_0_1");
+}
+
+TEST_F(EntryForm, LeavesEverythingElseAsItIs) {
+  EXPECT_EQ(converted("Bundle-Ether10.5"), "Bundle-Ether10.5");
+  EXPECT_EQ(converted(""), "");
+  EXPECT_EQ(converted("a_b\\c d"), "a_b\\c d");
+}
+
+TEST_F(EntryForm, IsNotMadeWithoutBufferOrName) {
+  buffer[0] = 'x';
+  convert_oc_ifname_ifentry(buffer, nullptr, platform.ctx());
+  convert_oc_ifname_ifentry(nullptr, "name", platform.ctx());
+  EXPECT_EQ(buffer[0], 'x');
+  EXPECT_THAT(platform.calls(), IsEmpty());
+}
+
+TEST_F(EntryForm, IsCopiedWithRoomForSixtyThreeCharacters) {
+  converted("name");
+  EXPECT_EQ(platform.count("yfw_strncpy_s", "\"convert_oc_ifname_ifentry\" size=64 \"name\" count=64"), 1U);
+}
+
+TEST_F(EntryForm, OfTheLongestNameIsWhole) {
+  const std::string longest(63, 'a');
+  EXPECT_EQ(converted(longest.c_str()), longest);
+  EXPECT_THAT(platform.trace(), IsEmpty());
+}
+
+TEST_F(EntryForm, OfALongerNameIsTracedTerminatedAndConvertedAllTheSame) {
+  buffer[OCLACP_IFENTRY_LENGTH] = 'x';
+  buffer[OCLACP_IFENTRY_LENGTH + 1] = 'y';
+  std::string name(70, 'a');
+  name[5] = '/';
+  const std::string entry = converted(name.c_str());
+  EXPECT_EQ(entry.size(), std::size_t{OCLACP_IFENTRY_LENGTH});
+  EXPECT_EQ(entry.substr(0, 7), "aaaaa_a");
+  EXPECT_EQ(buffer[OCLACP_IFENTRY_LENGTH + 1], 'y') << "written behind the buffer";
+  EXPECT_THAT(platform.trace(),
+              ElementsAre("TRC convert_oc_ifname_ifentry:  convert_oc_ifname_ifentry yfw_strncpy_s failed with error : "
+                          "status 0x0b000001\n"));
+}
+
+TEST_F(EntryForm, TerminatorIsSetForShortNamesToo) {
+  buffer[OCLACP_IFENTRY_LENGTH] = 'x';
+  converted("name");
+  EXPECT_EQ(buffer[OCLACP_IFENTRY_LENGTH], '\0');
+}
+
+TEST_F(EntryForm, IsMadeWithoutContext) {
+  convert_oc_ifname_ifentry(buffer, "a/b", nullptr);
+  EXPECT_STREQ(buffer, "a_b");
+}
+
+TEST_F(EntryForm, FailureIsTracedAtTheTraceLevelInBothSinks) {
+  converted(std::string(64, 'a').c_str());
+  ASSERT_EQ(platform.seen().records.size(), 2U);
+  EXPECT_EQ(platform.seen().records[0].level, "TRC");
+  EXPECT_EQ(platform.seen().records[0].text, platform.seen().records[1].text);
+}
+
+class VirtualInterface : public support::ModuleTest {
+ protected:
+  int is_virtual(const char* name = "Bundle-Ether1") {
+    return yfw_lacp_util_is_virtual(name, &looked_up, platform.ctx());
+  }
+
+  void set(const Interface& interface) { platform.interfaces["Bundle-Ether1"] = interface; }
+
+  static constexpr std::uint32_t kUntouched = 77;
+  std::uint32_t looked_up = kUntouched;
+};
+
+TEST_F(VirtualInterface, IsOneThatTheInterfaceManagerMarksSo) {
+  set({.attribute = 0x409A0600, .flags = 0x01000000});
+  EXPECT_EQ(is_virtual(), 1);
+  EXPECT_EQ(looked_up, kUntouched);
+  EXPECT_EQ(platform.count("imc_s_interface_get_flags"), 0U);
+  EXPECT_EQ(platform.count("imc_ifname_parse"), 0U);
+}
+
+TEST_F(VirtualInterface, IsLookedUpInEntryForm) {
+  platform.add_virtual("GigabitEthernet0_0_0_1");
+  EXPECT_EQ(is_virtual("GigabitEthernet0/0/0/1"), 1);
+  EXPECT_EQ(platform.count("yfw_strncpy_s", "\"yfw_lacp_util_is_virtual\" size=64 \"GigabitEthernet0_0_0_1\" count=64"),
+            1U);
+}
+
+TEST_F(VirtualInterface, WithAnotherAttributeIsJudgedByFlagsAndName) {
+  set({.handle = 9, .attribute = 0x409A0601, .flags = 0, .name_kind = 1});
+  EXPECT_EQ(is_virtual(), 1);
+  EXPECT_EQ(looked_up, 1U);
+  EXPECT_EQ(platform.count("imc_s_interface_get_flags", "handle=9"), 1U);
+  EXPECT_EQ(platform.count("imc_ifname_parse", "\"Bundle-Ether1\""), 1U);
+}
+
+TEST_F(VirtualInterface, IsNotOneWhoseNameIsThatOfAPhysicalOne) {
+  set({.name_kind = 2});
+  EXPECT_EQ(is_virtual(), 0);
+  EXPECT_EQ(looked_up, 1U);
+}
+
+TEST_F(VirtualInterface, FlagsDecideBeforeTheName) {
+  struct Case {
+    std::uint64_t flags;
+    bool leaves_it_to_the_name;
+  };
+  for (const Case& one : {Case{0, true}, Case{0x00800040, true}, Case{0x01000000, false}, Case{0x01800000, false},
+                          Case{0x01000040, false}, Case{0x01800040, true}, Case{0xFFFFFFFF, true},
+                          Case{UINT64_C(0x0180004000000000), true}, Case{UINT64_C(0xFFFFFFFF01000000), false}}) {
+    SCOPED_TRACE(one.flags);
+    set({.flags = one.flags, .name_kind = 1});
+    EXPECT_EQ(is_virtual(), one.leaves_it_to_the_name ? 1 : 0);
+    set({.flags = one.flags, .name_kind = 2});
+    EXPECT_EQ(is_virtual(), 0);
+  }
+}
+
+TEST_F(VirtualInterface, IsNotOneWhoseFlagsCannotBeRead) {
+  set({.name_kind = 1});
+  platform.script("imc_s_interface_get_flags", 0, 0x51);
+  EXPECT_EQ(is_virtual(), 0);
+  EXPECT_EQ(looked_up, 1U);
+  EXPECT_EQ(platform.count("imc_ifname_parse"), 0U);
+}
+
+TEST_F(VirtualInterface, ThatIsNotFoundIsAskedAboutUnderHandleZero) {
+  platform.interfaces["someone-else"] = {.handle = 0};
+  EXPECT_EQ(is_virtual(), 1) << "its flags allow it, and its name is unknown";
+  EXPECT_EQ(looked_up, 1U);
+  EXPECT_EQ(platform.count("imc_s_interface_get_flags", "handle=0"), 1U);
+}
+
+TEST_F(VirtualInterface, FailedLookUpCountsMoreThanTheAttribute) {
+  set({.attribute = IMC_ATTRIBUTE_VIRTUAL});
+  platform.script("imc_interface_find", 0, 0x52);
+  platform.script("imc_s_interface_get_flags", 0, 0x53);
+  EXPECT_EQ(is_virtual(), 0);
+}
+
+TEST_F(VirtualInterface, NameThatCannotBeParsedIsNoPhysicalOne) {
+  set({.name_kind = 2});
+  platform.script("imc_ifname_parse", 0, 0x54);
+  EXPECT_EQ(is_virtual(), 1);
+}
+
+TEST_F(VirtualInterface, NameThatCannotBeCopiedIsTracedAndNotVirtual) {
+  set({.attribute = IMC_ATTRIBUTE_VIRTUAL});
+  platform.script("yfw_strncpy_s", 2, 0x55);
+  EXPECT_EQ(is_virtual(), 0);
+  EXPECT_EQ(looked_up, kUntouched);
+  EXPECT_EQ(platform.count("imc_interface_find"), 0U);
+  EXPECT_THAT(platform.trace(),
+              ElementsAre("TRC yfw_lacp_util_is_virtual:  yfw_lacp_util_is_virtual yfw_strncpy_s failed with error : "
+                          "status 0x00000055\n"));
+}
+
+TEST_F(VirtualInterface, NameThatIsTooLongIsNotVirtual) {
+  EXPECT_EQ(is_virtual(std::string(300, 'a').c_str()), 0);
+  EXPECT_EQ(platform.count("yfw_strncpy_s"), 2U);
+  EXPECT_EQ(looked_up, kUntouched);
+}
+
+TEST_F(VirtualInterface, ReportsNothingToTheFramework) {
+  is_virtual();
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
+  EXPECT_THAT(platform.trace(), IsEmpty());
+}
+
+TEST_F(VirtualInterface, NeedsNoContextUnlessACopyFails) {
+  platform.add_virtual("Bundle-Ether1");
+  EXPECT_EQ(yfw_lacp_util_is_virtual("Bundle-Ether1", &looked_up, nullptr), 1);
+}
+
+using VirtualInterfaceDeathTest = VirtualInterface;
+
+TEST_F(VirtualInterfaceDeathTest, NullContextEndsTheProcessWhenACopyFails) {
+  platform.script("yfw_strncpy_s", 0, 0x55);
+  EXPECT_DEATH(yfw_lacp_util_is_virtual("Bundle-Ether1", &looked_up, nullptr),
+               "int yfw_lacp_util_is_virtual\\(const char \\*, uint32_t \\*, yfw_map_ctx\\): "
+               "Assertion `\\(\\(void \\*\\)0\\) != ctx' failed");
+}
+
+TEST(InterfaceNames, OfSubinterfacesHaveADot) {
+  EXPECT_EQ(yfw_is_oc_subinterface("Bundle-Ether1.100"), 1);
+  EXPECT_EQ(yfw_is_oc_subinterface("Bundle-Ether1"), 0);
+  EXPECT_EQ(yfw_is_oc_subinterface("."), 1);
+  EXPECT_EQ(yfw_is_oc_subinterface(""), 0);
+}
+
+TEST(InterfaceNames, OfBundlesSaySo) {
+  EXPECT_EQ(yfw_is_oc_bundleinterface("Bundle-Ether1"), 1);
+  EXPECT_EQ(yfw_is_oc_bundleinterface("My-Bundle"), 1);
+  EXPECT_EQ(yfw_is_oc_bundleinterface("bundle-ether1"), 0);
+  EXPECT_EQ(yfw_is_oc_bundleinterface("GigabitEthernet0/0/0/1"), 0);
+}
+
+}  // namespace
