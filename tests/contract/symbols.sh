@@ -39,8 +39,10 @@ declared() {
   find "$1" -name '*.h' | sort | sed 's/.*/#include "&"/' >"$scratch/all.c"
   "$compiler" -std=c11 -I "$include" -I "$contract" -aux-info "$scratch/prototypes" -c "$scratch/all.c" -o /dev/null
   grep -F "/* $1/" "$scratch/prototypes" | sed -E 's/ \(.*//; s/.*[ *]//'
-  "$compiler" -std=c11 -I "$include" -I "$contract" -E -P "$scratch/all.c" |
-    sed -nE 's/^extern [^()]*[ *]([A-Za-z_][A-Za-z_0-9]*)(\[[^]]*\])?;$/\1/p'
+  # Line markers tell which header a declaration stands in.
+  "$compiler" -std=c11 -I "$include" -I "$contract" -E "$scratch/all.c" |
+    awk -v folder="\"$1/" '/^# [0-9]+ "/ { inside = index($3, folder) == 1 } inside' |
+    sed -nE 's/^(.* )?extern [^()]*[ *]([A-Za-z_][A-Za-z_0-9]*)(\[[^]]*\])?;$/\2/p'
 }
 
 # The difference of two lists, both ways.
