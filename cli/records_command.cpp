@@ -54,7 +54,7 @@ std::string RecordsCommand::run() const {
 
 std::string RecordsCommand::decode() const {
   const host::Bag& bag = bag_named(host::register_records_of(module_), name_);
-  const std::string bytes = host::read_text_file(file_, host::kLargestRecord);
+  const std::string bytes = host::read_text_file(file_, bag.schema.top().size);
   host::InterfaceNames interfaces = host::interface_names(host::EmptyDevice());
   if (!device_.empty()) {
     const host::Translator translator({shipped_schemas(), ""}, module_);

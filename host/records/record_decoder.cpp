@@ -197,7 +197,7 @@ DecodedField decode_record(const Bag& bag, std::string_view bytes, const Interfa
   const RecordType& top = bag.schema.top();
   if (bytes.size() != top.size) {
     throw Refusal(bag.name + ": a record has " + std::to_string(top.size) + " bytes, not " +
-                  std::to_string(bytes.size()));
+                  (bytes.size() < top.size ? std::to_string(bytes.size()) : "more"));
   }
   return Decoder(bag.schema, bytes, interfaces).record(top, 0);
 }
