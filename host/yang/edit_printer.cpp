@@ -1,5 +1,6 @@
 #include "host/yang/edit_printer.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <memory>
 
@@ -110,18 +111,27 @@ class Builder {
   TreePtr top_;
 };
 
+// A stream in memory: libyang's own text buffer is reallocated and its parts are allocated with every few bytes.
+std::string print_tree(const ly_ctx* context, const lyd_node* tree, LYD_FORMAT format) {
+  char* text = nullptr;
+  size_t size = 0;
+  FILE* stream = open_memstream(&text, &size);
+  const LY_ERR status = stream == nullptr ? LY_EMEM : lyd_print_file(stream, tree, format, LYD_PRINT_WITHSIBLINGS);
+  const bool is_closed = stream != nullptr && std::fclose(stream) == 0;
+  const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
+  if (!is_closed || status != LY_SUCCESS) {
+    throw Refusal(last_complaint(context, "the native edit"));
+  }
+  return {text, size};
+}
+
 }  // namespace
 
 std::string print_edit(const ly_ctx* context, const EditTree& edit, LYD_FORMAT format) {
   Builder builder(context, format);
   builder.add_below(edit.root(), nullptr);
   const TreePtr tree = builder.take();
-  char* printed = nullptr;
-  if (lyd_print_mem(&printed, tree.get(), format, LYD_PRINT_WITHSIBLINGS) != LY_SUCCESS) {
-    throw Refusal(last_complaint(context, "the native edit"));
-  }
-  const std::unique_ptr<char, decltype(&std::free)> owner(printed, &std::free);
-  return printed == nullptr ? "" : printed;
+  return print_tree(context, tree.get(), format);
 }
 
 }  // namespace oclacp::host
