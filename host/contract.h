@@ -8,6 +8,7 @@
 #include <stdint.h>
 
 #pragma GCC visibility push(default)
+#include "bag/bag.h"
 #include "imc/imc.h"
 #include "platform/router.h"
 #include "sysdb/sysdb.h"

@@ -12,6 +12,7 @@ namespace {
 constexpr std::array kRegistrations = {"yfw_map_reg_oclacp_lacpbundles_conf", "yfw_map_reg_oclacp_lacpbundles_oper",
                                        "yfw_map_reg_oclacp_lacpbundles_global_conf",
                                        "yfw_map_reg_oclacp_lacpglobaldata_oper"};
+constexpr const char* kRecordRegistration = "bag_register_all_bundlemgr_distrib_bags";
 
 }  // namespace
 
@@ -64,6 +65,10 @@ yfw_map_walker Module::native_walker(std::string_view ns, std::string_view root)
     return registration.native_ns == ns && registration.native_root == root;
   });
   return found == registrations_.end() ? nullptr : found->native_walker;
+}
+
+Module::RecordRegistration* Module::record_registration() const {
+  return find<RecordRegistration>(kRecordRegistration);
 }
 
 }  // namespace oclacp::host

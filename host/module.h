@@ -15,6 +15,8 @@ namespace oclacp::host {
 // program is linked with it). Made and destroyed on one thread.
 class Module {
  public:
+  using RecordRegistration = cerrno();
+
   // `file` is a path. Throws Refusal when it cannot be loaded, is no such module, or does not start.
   explicit Module(const std::string& file);
 
@@ -27,6 +29,9 @@ class Module {
 
   // The entry walker for the native tree below a top node; null when the module maps no such tree.
   [[nodiscard]] yfw_map_walker native_walker(std::string_view ns, std::string_view root) const;
+
+  // Registers the module's records; null when it has none.
+  [[nodiscard]] RecordRegistration* record_registration() const;
 
  private:
   struct Close {

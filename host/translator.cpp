@@ -1,13 +1,18 @@
 #include "host/translator.h"
 
+#include <optional>
+
+#include "host/datastore/edit_application.h"
 #include "host/datastore/installed_device.h"
 #include "host/failure.h"
 #include "host/framework/edit_tree.h"
+#include "host/framework/ignored_nodes.h"
 #include "host/framework/native_paths.h"
 #include "host/framework/read_paths.h"
 #include "host/framework/request.h"
 #include "host/log/sinks.h"
 #include "host/module.h"
+#include "host/yang/delete_request.h"
 #include "host/yang/edit_printer.h"
 #include "host/yang/request_parser.h"
 
@@ -83,11 +88,16 @@ class Records {
 };
 
 void walk(const Module& module, RequestTree& tree, EditScript& script, const TranslateOptions& options) {
+  module.require_offer();
   Request request(operation_code(options.kind), script);
   const Records records(request, options);
   const cerrno status = module.request_walker()(&request, tree.top(), request.output_root());
   if (status != YFW_OK || request.refused()) {
     throw Refusal(describe_failure(request, tree, status));
+  }
+  const yfw_datatree* ignored = options.is_strict && request.is_edit() ? find_ignored_node(tree) : nullptr;
+  if (ignored != nullptr) {
+    throw Refusal(node_path(ignored) + ": would be ignored");
   }
 }
 
@@ -123,30 +133,59 @@ const ly_ctx* Translator::native_context() const {
   return parts_->schemas.native();
 }
 
+namespace {
+
+// An edit from its text to what it comes to natively; the later are made of the earlier.
+struct TranslatedEdit {
+  TranslatedEdit(const ly_ctx* context, const Module& module, NativePaths& paths, const std::string& text,
+                 const Device& device, const TranslateOptions& options)
+      : request(parse_request(context, text)), script(paths, true) {
+    apply_default(options.operation, request.tree);
+    const InstalledDevice installed(device);
+    walk(module, request.tree, script, options);
+    native.emplace(script);
+  }
+
+  ParsedRequest request;
+  EditScript script;
+  std::optional<EditTree> native;
+};
+
+}  // namespace
+
 Translation Translator::translate(const std::string& request, const Device& device, const TranslateOptions& options) {
+  Translation translation;
+  if (options.kind == RequestKind::kEdit) {
+    const TranslatedEdit edit(parts_->schemas.request(), parts_->module, parts_->paths, request, device, options);
+    translation.dropped_entries = edit.native->dropped_entries();
+    translation.text = print_edit(native_context(), *edit.native, output_format(options.format, edit.request.format));
+    return translation;
+  }
   ParsedRequest parsed = parse_request(parts_->schemas.request(), request);
-  const bool is_edit = options.kind == RequestKind::kEdit;
-  if (is_edit) {
-    apply_default(options.operation, parsed.tree);
-  } else if (parsed.tree.operations() != 0) {
+  if (parsed.tree.operations() != 0) {
     throw Refusal(node_path(parsed.tree.top()) + ": a read carries no edit operations");
   }
   const InstalledDevice installed(device);
-  parts_->module.require_offer();
-  EditScript script(parts_->paths, is_edit);
+  EditScript script(parts_->paths, false);
   walk(parts_->module, parsed.tree, script, options);
-
-  Translation translation;
-  if (is_edit) {
-    const EditTree edit(script);
-    translation.dropped_entries = edit.dropped_entries();
-    translation.text = print_edit(parts_->schemas.native(), edit, output_format(options.format, parsed.format));
-  } else {
-    for (const std::string& path : list_read_paths(script)) {
-      translation.text.append(path).append("\n");
-    }
+  for (const std::string& path : list_read_paths(script)) {
+    translation.text.append(path).append("\n");
   }
   return translation;
+}
+
+EditPlan Translator::plan_edit(const std::string& request, const Device& device, const TranslateOptions& options) {
+  const TranslatedEdit edit(parts_->schemas.request(), parts_->module, parts_->paths, request, device, options);
+  EditPlan plan;
+  plan.running = apply_edit(native_context(), *edit.native, device);
+  plan.difference = find_difference(native_context(), device.running(), plan.running.get());
+  plan.format = output_format(options.format, edit.request.format);
+  plan.dropped_entries = edit.native->dropped_entries();
+  return plan;
+}
+
+std::string Translator::delete_request(const std::string& path) const {
+  return make_delete_request(parts_->schemas.request(), path);
 }
 
 const char* version() {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/datastore/device.h"
+#include "host/edit_plan.h"
 #include "host/export.h"
 #include "host/refusal.h"
 #include "host/yang/schemas.h"
@@ -28,6 +29,7 @@ struct TranslateOptions {
   RequestKind kind = RequestKind::kEdit;
   DefaultOperation operation = DefaultOperation::kMerge;  // edits only
   Format format = Format::kAsInput;                       // edits only
+  bool is_strict = false;                                 // edits only: refused when a node would be ignored
   // Where the module's records go; null for nowhere. Both are also filled when the translation is refused.
   std::ostream* debug_log = nullptr;
   std::vector<std::string>* trace = nullptr;
@@ -56,6 +58,14 @@ class OCLACP_HOST_API Translator {
 
   // Translates a request in JSON or XML. Throws Refusal; nothing is changed by a refused request, nor by any other.
   Translation translate(const std::string& request, const Device& device, const TranslateOptions& options);
+
+  // Translates an edit and applies it to the configuration of `device`, which stays as it is; to carry the plan out is
+  // the caller's part. Throws Refusal as translate() does, and for what cannot be applied.
+  EditPlan plan_edit(const std::string& request, const Device& device, const TranslateOptions& options);
+
+  // The request, in JSON, that deletes the node of an instance path such as
+  // /lacp/interfaces/interface[name='Bundle-Ether1']/config. Throws Refusal.
+  [[nodiscard]] std::string delete_request(const std::string& path) const;
 
  private:
   struct Parts;

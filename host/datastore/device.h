@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "host/export.h"
@@ -32,6 +33,11 @@ class OCLACP_HOST_API Device {
   [[nodiscard]] virtual const std::vector<Interface>& interfaces() const = 0;
   // The running configuration: the first of its top nodes, of the native models; null when it is empty.
   [[nodiscard]] virtual const lyd_node* running() const = 0;
+  // The text that the device keeps when a leaf of its configuration is set to `value`. As written unless the device has
+  // a form of its own.
+  [[nodiscard]] virtual std::string kept_value(const lysc_node& /*leaf*/, std::string_view value) const {
+    return std::string(value);
+  }
 };
 
 // A device of which nothing is known: no interfaces, no configuration. It is of a platform type that mappings serve.

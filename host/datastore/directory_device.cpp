@@ -6,12 +6,15 @@
 
 #include "host/refusal.h"
 #include "host/text_file.h"
+#include "host/yang/request_text.h"
 
 namespace oclacp::host {
 namespace {
 
 TreePtr read_tree(const ly_ctx* context, const std::string& file) {
   const std::string text = read_text_file(file);
+  // libyang takes an empty file for an empty configuration and does not look behind the end of a document.
+  check_json_document(text, file);
   lyd_node* tree = nullptr;
   if (lyd_parse_data_mem(context, text.c_str(), LYD_JSON, LYD_PARSE_STRICT, LYD_VALIDATE_NO_STATE, &tree) !=
       LY_SUCCESS) {
@@ -37,6 +40,12 @@ DirectoryDevice::DirectoryDevice(const ly_ctx* native, const std::string& direct
   running_ = read_tree(native, directory + "/running.json");
 }
 
+std::string DirectoryDevice::kept_value(const lysc_node& leaf, std::string_view value) const {
+  const bool is_period =
+      std::strcmp(leaf.module->name, "Talvo-Brin-QD-bundlemgr-cfg") == 0 && std::strcmp(leaf.name, "period") == 0;
+  return has_canonical_period_ && is_period && value == "1" ? "true" : std::string(value);
+}
+
 void DirectoryDevice::read_platform(const ly_ctx* native, const std::string& file) {
   const TreePtr tree = read_tree(native, file);
   const lys_module* module = ly_ctx_get_module_implemented(native, "oclacp-platform");
@@ -48,8 +57,11 @@ void DirectoryDevice::read_platform(const ly_ctx* native, const std::string& fil
     throw Refusal(file + ": describes no platform");
   }
   for (const lyd_node* child = lyd_child(platform); child != nullptr; child = child->next) {
-    if (std::strcmp(child->schema->name, "router-type") == 0) {
+    const std::string_view tag = child->schema->name;
+    if (tag == "router-type") {
       router_type_ = reinterpret_cast<const lyd_node_term*>(child)->value.uint32;
+    } else if (tag == "period") {
+      has_canonical_period_ = std::strcmp(lyd_get_value(child), "canonical") == 0;
     } else {
       const lyd_node* name = lyd_child(child);
       interfaces_.push_back({lyd_get_value(name), interface_type(lyd_get_value(name->next))});

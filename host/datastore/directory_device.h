@@ -18,11 +18,14 @@ class OCLACP_HOST_API DirectoryDevice final : public Device {
   [[nodiscard]] uint32_t router_type() const override { return router_type_; }
   [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
   [[nodiscard]] const lyd_node* running() const override { return running_.get(); }
+  // With the canonical period of platform.json, a LACP period of "1" is kept as "true".
+  [[nodiscard]] std::string kept_value(const lysc_node& leaf, std::string_view value) const override;
 
  private:
   void read_platform(const ly_ctx* native, const std::string& file);
 
   uint32_t router_type_ = 0;
+  bool has_canonical_period_ = false;
   std::vector<Interface> interfaces_;
   TreePtr running_;
 };

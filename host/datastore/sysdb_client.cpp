@@ -3,6 +3,7 @@
 #include <regex.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -97,6 +98,10 @@ cerrno sysdb_find(sysdb_handle connection, const char* pattern, const char* seco
       found->items.push_back(std::move(item));
     }
   }
+  // A mapping may look for an interface by a part of its name. The longest names come first, so that it finds
+  // Bundle-Ether10 before Bundle-Ether1.
+  std::stable_sort(found->items.begin(), found->items.end(),
+                   [](const std::string& one, const std::string& other) { return one.find('/') > other.find('/'); });
   *count = static_cast<uint32_t>(found->items.size());
   *list = found->items.empty() ? nullptr : found.release();
   return YFW_OK;

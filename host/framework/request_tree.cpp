@@ -15,7 +15,7 @@ namespace oclacp::host {
 namespace {
 
 const lyd_node_opaq* as_opaque(const lyd_node* node) {
-  return node->schema == nullptr ? reinterpret_cast<const lyd_node_opaq*>(node) : nullptr;
+  return node != nullptr && node->schema == nullptr ? reinterpret_cast<const lyd_node_opaq*>(node) : nullptr;
 }
 
 const char* name_of(const lyd_node* node) {
@@ -115,18 +115,23 @@ RequestTree::RequestTree(const ly_ctx* context, TreePtr data)
   size_t count = 0;
   const lyd_node* node = nullptr;
   LYD_TREE_DFS_BEGIN(data_.get(), node) {
-    ++count;
+    // A list entry may get a child more than it has.
+    count += node->schema != nullptr && node->schema->nodetype != LYS_LIST ? 1 : 2;
     LYD_TREE_DFS_END(data_.get(), node);
   }
   nodes_.reserve(count);
   infos_.reserve(count);
 
-  nodes_.push_back({});
-  infos_.push_back({nullptr, data_.get(), data_->schema});
-  fill(0);
+  append(nullptr, data_.get(), data_->schema);
   for (size_t index = 0; index < nodes_.size(); ++index) {
     append_children(index);
   }
+}
+
+void RequestTree::append(yfw_datatree* parent, const lyd_node* data, const lysc_node* schema) {
+  nodes_.push_back({});
+  infos_.push_back({parent, data, schema});
+  fill(nodes_.size() - 1);
 }
 
 void RequestTree::append_children(size_t index) {
@@ -134,9 +139,7 @@ void RequestTree::append_children(size_t index) {
   // At most as many as the schema has nodes here, as a second one is refused.
   std::vector<const lysc_node*> seen;
   for (const lyd_node* child = lyd_child(infos_[index].data); child != nullptr; child = child->next) {
-    nodes_.push_back({});
-    infos_.push_back({&nodes_[index], child, child->schema});
-    fill(nodes_.size() - 1);
+    append(&nodes_[index], child, child->schema);
     const lysc_node* schema = infos_.back().schema;
     // A second key leaf is for the module to refuse.
     if (schema->nodetype == LYS_LIST || lysc_is_key(schema)) {
@@ -147,10 +150,33 @@ void RequestTree::append_children(size_t index) {
     }
     seen.push_back(schema);
   }
+  if (nodes_[index].operation == YFW_OPERATION_REPLACE && infos_[index].schema->nodetype == LYS_LIST) {
+    move_replace_to_config(index, first);
+  }
   if (nodes_.size() > first) {
     nodes_[index].children = &nodes_[first];
     nodes_[index].child_count = static_cast<unsigned>(nodes_.size() - first);
     nodes_[index].flags |= YFW_FLAG_SUBTREE;
+  }
+}
+
+void RequestTree::move_replace_to_config(size_t index, size_t first_child) {
+  const lysc_node* list = infos_[index].schema;
+  const lysc_node* config = lys_find_child(list, list->module, "config", 0, LYS_CONTAINER, 0);
+  if (config == nullptr) {
+    return;
+  }
+  size_t child = first_child;
+  while (child < nodes_.size() && infos_[child].schema != config) {
+    ++child;
+  }
+  if (child == nodes_.size()) {
+    append(&nodes_[index], nullptr, config);
+  }
+  nodes_[index].operation = YFW_OPERATION_NONE;
+  // One that is deleted leaves nothing either.
+  if (nodes_[child].operation == YFW_OPERATION_NONE || nodes_[child].operation == YFW_OPERATION_CREATE) {
+    nodes_[child].operation = YFW_OPERATION_REPLACE;
   }
 }
 
@@ -203,7 +229,7 @@ uint32_t RequestTree::operation_of(const yfw_datatree& node, const NodeInfo& inf
       }
       found = attribute->value;
     }
-  } else {
+  } else if (info.data != nullptr) {
     for (const lyd_meta* meta = info.data->meta; meta != nullptr; meta = meta->next) {
       if (meta->annotation->module != operation_module_) {
         throw Refusal(node_path(&node) + ": attribute '" + meta->name + "' is not understood");

@@ -12,7 +12,8 @@ namespace oclacp::host {
 // What the framework knows of a node beyond the contract's record: the target of yfw_datatree::framework.
 struct NodeInfo {
   yfw_datatree* parent;     // null at the top
-  const lyd_node* data;     // opaque (without schema) where a leaf has no value or an entry lacks a key
+  const lyd_node* data;     // opaque (without schema) where a leaf has no value or an entry lacks a key; null for a
+                            // node that the request does not name
   const lysc_node* schema;  // never null
 };
 
@@ -26,6 +27,10 @@ std::string node_path(const yfw_datatree* node);
 
 // Owns the nodes of one request, in breadth-first order, so that children stand side by side. Texts are borrowed from
 // the libyang tree, which this owns too.
+//
+// The replace of a list entry is handed over as the replace of its `config` container, which is added when the request
+// names none: a module deletes nothing for a list entry whose replace begins, since it does not see the entry's key
+// then, while a replaced container it deletes first.
 class RequestTree {
  public:
   // Takes `data`, a tree with one top node, read against `context`. Refuses what libyang let pass as opaque although
@@ -47,6 +52,8 @@ class RequestTree {
 
  private:
   void append_children(size_t index);
+  void move_replace_to_config(size_t index, size_t first_child);
+  void append(yfw_datatree* parent, const lyd_node* data, const lysc_node* schema);
   void fill(size_t index);
   void fill_leaf(yfw_datatree& node, const NodeInfo& info);
   uint32_t operation_of(const yfw_datatree& node, const NodeInfo& info);

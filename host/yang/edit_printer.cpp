@@ -1,12 +1,6 @@
 #include "host/yang/edit_printer.h"
 
-#include <cstdio>
-#include <cstdlib>
-#include <memory>
-
-#include "host/framework/path_text.h"
-#include "host/framework/request_tree.h"
-#include "host/refusal.h"
+#include "host/yang/native_node.h"
 #include "host/yang/schemas.h"
 
 namespace oclacp::host {
@@ -43,7 +37,7 @@ class Builder {
     if (is_leaf && !node.is_set) {
       made = make_bare_leaf(node, parent);
     } else {
-      check(make(node, parent, made), node);
+      check(make_native_node(node, node.value.data(), parent, made), node);
       if (node.operation != YFW_OPERATION_NONE) {
         // An empty container is printed only when it is not taken for a default.
         const ly_bool is_no_default = 1;
@@ -58,23 +52,6 @@ class Builder {
       top_.reset(first);
     }
     add_below(node, made);
-  }
-
-  static LY_ERR make(const EditNode& node, lyd_node* parent, lyd_node*& made) {
-    const lysc_node* schema = node.schema;
-    if (schema->nodetype == LYS_LIST) {
-      // The function takes as many keys as the list has; two are the most that a native list has.
-      if (node.keys.size() > 2) {
-        return LY_EINVAL;
-      }
-      return lyd_new_list(parent, schema->module, schema->name, 0, &made, node.keys.front().data(),
-                          node.keys.back().data());
-    }
-    if ((schema->nodetype & LYD_NODE_TERM) != 0) {
-      return lyd_new_term(parent, schema->module, schema->name, node.value.data() == nullptr ? "" : node.value.data(),
-                          0, &made);
-    }
-    return lyd_new_inner(parent, schema->module, schema->name, 0, &made);
   }
 
   // A leaf without value. libyang keeps such a node without its schema, in the form of one text format.
@@ -95,14 +72,9 @@ class Builder {
   }
 
   void check(LY_ERR status, const EditNode& node) const {
-    if (status == LY_SUCCESS) {
-      return;
+    if (status != LY_SUCCESS) {
+      refuse_native(context_, node);
     }
-    const std::string complaint = last_complaint(context_, "");
-    std::string sentence = node.source == nullptr ? "" : node_path(node.source) + ": ";
-    sentence += "native ";
-    append_step(sentence, *node.schema, nullptr);
-    throw Refusal(sentence + complaint.substr(complaint.find(": ")));
   }
 
   const ly_ctx* context_;
@@ -110,20 +82,6 @@ class Builder {
   const lys_module* operation_module_;
   TreePtr top_;
 };
-
-// A stream in memory: libyang's own text buffer is reallocated and its parts are allocated with every few bytes.
-std::string print_tree(const ly_ctx* context, const lyd_node* tree, LYD_FORMAT format) {
-  char* text = nullptr;
-  size_t size = 0;
-  FILE* stream = open_memstream(&text, &size);
-  const LY_ERR status = stream == nullptr ? LY_EMEM : lyd_print_file(stream, tree, format, LYD_PRINT_WITHSIBLINGS);
-  const bool is_closed = stream != nullptr && std::fclose(stream) == 0;
-  const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
-  if (!is_closed || status != LY_SUCCESS) {
-    throw Refusal(last_complaint(context, "the native edit"));
-  }
-  return {text, size};
-}
 
 }  // namespace
 

@@ -1,6 +1,10 @@
 #include "host/yang/libyang.h"
 
+#include <cstdio>
+#include <cstdlib>
 #include <string_view>
+
+#include "host/refusal.h"
 
 namespace oclacp::host {
 namespace {
@@ -39,6 +43,20 @@ std::string last_complaint(const ly_ctx* context, const std::string& what) {
     sentence.pop_back();
   }
   return sentence;
+}
+
+// A stream in memory: libyang's own text buffer is reallocated and its parts are allocated with every few bytes.
+std::string print_tree(const ly_ctx* context, const lyd_node* tree, LYD_FORMAT format) {
+  char* text = nullptr;
+  size_t size = 0;
+  FILE* stream = open_memstream(&text, &size);
+  const LY_ERR status = stream == nullptr ? LY_EMEM : lyd_print_file(stream, tree, format, LYD_PRINT_WITHSIBLINGS);
+  const bool is_closed = stream != nullptr && std::fclose(stream) == 0;
+  const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
+  if (!is_closed || status != LY_SUCCESS) {
+    throw Refusal(last_complaint(context, "the data"));
+  }
+  return {text, size};
 }
 
 }  // namespace oclacp::host

@@ -23,4 +23,7 @@ using TreePtr = std::unique_ptr<lyd_node, FreeTree>;
 // stands in front when no node is named. Never empty.
 std::string last_complaint(const ly_ctx* context, const std::string& what);
 
+// A tree with all its siblings as text; null is an empty document. Throws Refusal.
+std::string print_tree(const ly_ctx* context, const lyd_node* tree, LYD_FORMAT format);
+
 }  // namespace oclacp::host

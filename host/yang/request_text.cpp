@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "host/refusal.h"
 
@@ -14,13 +15,13 @@ constexpr std::string_view kJsonOperation = "ietf-netconf:operation";
 // A position in the text, and how to refuse there.
 class Scanner {
  public:
-  explicit Scanner(std::string_view text) : text_(text) {}
+  Scanner(std::string_view text, std::string subject) : text_(text), subject_(std::move(subject)) {}
 
  protected:
   [[noreturn]] void refuse(size_t position, const std::string& reason) const {
     const auto before = text_.substr(0, std::min(position, text_.size()));
     const auto line = std::count(before.begin(), before.end(), '\n') + 1;
-    throw Refusal("the request (line " + std::to_string(line) + "): " + reason);
+    throw Refusal(subject_ + " (line " + std::to_string(line) + "): " + reason);
   }
 
   void enter(size_t position) {
@@ -38,12 +39,13 @@ class Scanner {
 
  private:
   std::string_view text_;
+  std::string subject_;
 };
 
 // Brackets and strings of a JSON text; everything else is libyang's to judge.
 class JsonScanner : Scanner {
  public:
-  explicit JsonScanner(std::string_view text) : Scanner(text) {}
+  using Scanner::Scanner;
 
   void scan() {
     size_t position = 0;
@@ -129,7 +131,7 @@ class JsonScanner : Scanner {
 // Tags and attributes of an XML text; everything else is libyang's to judge.
 class XmlScanner : Scanner {
  public:
-  explicit XmlScanner(std::string_view text) : Scanner(text) {}
+  using Scanner::Scanner;
 
   size_t scan() {
     size_t position = 0;
@@ -211,24 +213,36 @@ class XmlScanner : Scanner {
   size_t operations_ = 0;
 };
 
+constexpr const char* kRequest = "the request";
+
+// Where the text begins that is not blank.
+size_t check_not_empty(std::string_view text, const std::string& subject) {
+  if (text.find('\0') != std::string_view::npos) {
+    throw Refusal(subject + ": holds a NUL character");
+  }
+  const size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) {
+    throw Refusal(subject + ": empty");
+  }
+  return first;
+}
+
 }  // namespace
 
 RequestText inspect_request(std::string_view text) {
   if (text.size() > kMaxRequestBytes) {
-    throw Refusal("the request: longer than " + std::to_string(kMaxRequestBytes >> 20) + " MiB");
+    throw Refusal(std::string(kRequest) + ": longer than " + std::to_string(kMaxRequestBytes >> 20) + " MiB");
   }
-  if (text.find('\0') != std::string_view::npos) {
-    throw Refusal("the request: holds a NUL character");
+  if (text[check_not_empty(text, kRequest)] == '<') {
+    return {LYD_XML, XmlScanner(text, kRequest).scan()};
   }
-  const size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) {
-    throw Refusal("the request: empty");
-  }
-  if (text[first] == '<') {
-    return {LYD_XML, XmlScanner(text).scan()};
-  }
-  JsonScanner(text).scan();
+  JsonScanner(text, kRequest).scan();
   return {LYD_JSON, 0};
+}
+
+void check_json_document(std::string_view text, const std::string& subject) {
+  check_not_empty(text, subject);
+  JsonScanner(text, subject).scan();
 }
 
 }  // namespace oclacp::host

@@ -4,6 +4,7 @@
 #include <libyang/libyang.h>
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 namespace oclacp::host {
@@ -23,5 +24,9 @@ struct RequestText {
 // a JSON document, and attributes other than the edit operation, which libyang would drop without a word. Linear in the
 // text. Throws Refusal.
 RequestText inspect_request(std::string_view text);
+
+// The same for the depth, the end and the attributes of a document that is JSON and of any size. `subject` is what the
+// Refusal is about: the name of its file.
+void check_json_document(std::string_view text, const std::string& subject);
 
 }  // namespace oclacp::host

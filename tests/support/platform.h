@@ -110,6 +110,7 @@ struct Seen {
   std::vector<std::pair<const yfw_datatree*, int>> hierarchy;
   std::vector<yfw_itree_entry> itree_stack;
   std::vector<const yfw_datatree*> output_list;
+  bool registration_is_open = false;  // of records
 
   // Copies made with yfw_strdup() that were not freed; the one in the error-tag field is among them.
   std::set<const void*> copies;

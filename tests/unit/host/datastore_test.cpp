@@ -95,7 +95,7 @@ TEST_F(DeviceFolder, RefusesWhatIsInvalid) {
   EXPECT_THAT(opened(),
               testing::AllOf(testing::StartsWith(folder_.path() + "/running.json: "), testing::HasSubstr("colour")));
   write(kPlatform, "{");
-  EXPECT_THAT(opened(), testing::StartsWith(folder_.path() + "/running.json: "));
+  EXPECT_THAT(opened(), testing::StartsWith(folder_.path() + "/running.json (line 1): "));
 }
 
 TEST_F(DeviceFolder, ItemsAreTheFilledContainersOfActiveInterfaces) {
@@ -106,6 +106,13 @@ TEST_F(DeviceFolder, ItemsAreTheFilledContainersOfActiveInterfaces) {
   EXPECT_THAT(find(".*"), testing::ElementsAre("GigabitEthernet0_0_0_1/bundle-member/",
                                                "GigabitEthernet0_0_0_1/bundle-member/id/", "Bundle-Ether1/lacp/"));
   EXPECT_THAT(find(".*/lacp/"), testing::ElementsAre("Bundle-Ether1/lacp/"));
+}
+
+TEST_F(DeviceFolder, TheLongestNamesComeFirst) {
+  write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp) + "," + entry("act", "Bundle-Ether2", kLacp) +
+                                 "," + entry("act", "Bundle-Ether10", kLacp)));
+  EXPECT_THAT(find(".*/lacp/"),
+              testing::ElementsAre("Bundle-Ether10/lacp/", "Bundle-Ether1/lacp/", "Bundle-Ether2/lacp/"));
 }
 
 TEST_F(DeviceFolder, PatternsMatchWholeItems) {

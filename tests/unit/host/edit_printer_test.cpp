@@ -230,16 +230,19 @@ TEST_F(EditPrinterTest, RefusesValuesThatNativeLeavesDoNotTake) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "mode", "loud", from);
   EXPECT_EQ(refusal_of([&] { print_edit(schemas().native(), EditTree(edit_), LYD_JSON); }),
-            "/openconfig-lacp:lacp/config/system-priority: native /Talvo-Brin-QD-bundlemgr-cfg:mode: Invalid "
-            "enumeration value \"loud\"");
+            "/openconfig-lacp:lacp/config/system-priority: native "
+            "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act']"
+            "[interface-name='a']/Talvo-Brin-QD-bundlemgr-cfg:lacp/mode: Invalid enumeration value \"loud\"");
 }
 
 TEST_F(EditPrinterTest, RefusesKeysThatNativeListsDoNotTake) {
   RequestTree tree = parse(interface(R"("name": "a")"));
   open(edit_, std::string(64, 'x').c_str(), find(tree, {"interfaces", "interface"}));
-  EXPECT_THAT(refusal_of([&] { print_edit(schemas().native(), EditTree(edit_), LYD_JSON); }),
-              testing::StartsWith("/openconfig-lacp:lacp/interfaces/interface[name='a']: native "
-                                  "/Talvo-Brin-QD-ifmgr-cfg:interface-configuration: "));
+  EXPECT_THAT(
+      refusal_of([&] { print_edit(schemas().native(), EditTree(edit_), LYD_JSON); }),
+      testing::StartsWith("/openconfig-lacp:lacp/interfaces/interface[name='a']: native "
+                          "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act']"
+                          "[interface-name='xxx"));
 }
 
 }  // namespace

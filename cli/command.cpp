@@ -1,0 +1,80 @@
+#include "cli/command.h"
+
+#include <cstdio>
+#include <iostream>
+
+#include "cli/locations.h"
+#include "host/log/trace_tree.h"
+
+namespace oclacp::cli {
+namespace {
+
+const Words<host::DefaultOperation> kOperations = {{"merge", host::DefaultOperation::kMerge},
+                                                   {"replace", host::DefaultOperation::kReplace},
+                                                   {"delete", host::DefaultOperation::kDelete}};
+const Words<host::Format> kFormats = {{"json", host::Format::kJson}, {"xml", host::Format::kXml}};
+
+}  // namespace
+
+void add_request(CLI::App& command, std::string& file) {
+  command.add_option("FILE", file, "The request, JSON (RFC 7951) or XML; - for the standard input")->required();
+}
+
+CLI::Option* add_operation(CLI::App& command, TranslationArguments& arguments) {
+  return add_choice(command, "--operation", arguments.options.operation, kOperations,
+                    "What happens to nodes without an operation of their own: merge (the default), replace the whole, "
+                    "or delete what is named");
+}
+
+CLI::Option* add_format(CLI::App& command, TranslationArguments& arguments, const std::string& help) {
+  return add_choice(command, "--format", arguments.options.format, kFormats, help);
+}
+
+CLI::Option* add_strict(CLI::App& command, TranslationArguments& arguments) {
+  return command.add_flag("--strict", arguments.options.is_strict, "Refuse an edit of which a node would be ignored");
+}
+
+CLI::Option* add_device(CLI::App& command, TranslationArguments& arguments) {
+  return command.add_option("-d", arguments.device, "The device: a folder with platform.json and running.json")
+      ->type_name("DIR");
+}
+
+void add_workings(CLI::App& command, TranslationArguments& arguments) {
+  command.add_flag("--trace", arguments.shows_trace, "Show the handlers that ran, on the standard error");
+  command.add_flag("-v", arguments.shows_log, "Show the debug log, on the standard error");
+  command.add_option("--yang-dir", arguments.published_schemas, "Take openconfig-lacp and what it imports from here")
+      ->type_name("DIR");
+  command.add_option("--module", arguments.module, "The mapping module")->type_name("FILE");
+}
+
+std::unique_ptr<host::Translator> make_translator(const TranslationArguments& arguments) {
+  const host::SchemaDirectories schemas = {shipped_schemas(), arguments.published_schemas};
+  return std::make_unique<host::Translator>(schemas, arguments.module.empty() ? default_module() : arguments.module);
+}
+
+Records::Records(TranslationArguments& arguments) : arguments_(arguments) {
+  arguments_.options.debug_log = arguments_.shows_log ? &std::cerr : nullptr;
+  arguments_.options.trace = arguments_.shows_trace ? &trace_ : nullptr;
+}
+
+Records::~Records() {
+  arguments_.options.debug_log = nullptr;
+  arguments_.options.trace = nullptr;
+  for (const std::string& line : host::draw_trace(trace_)) {
+    std::cerr << line << '\n';
+  }
+}
+
+void tell_dropped(size_t entries) {
+  if (entries != 0) {
+    std::cerr << "oclacp: left out " << entries << " native list entries that have no keys\n";
+  }
+}
+
+void print(const std::string& text) {
+  if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+    throw host::Refusal("the result cannot be written to the standard output");
+  }
+}
+
+}  // namespace oclacp::cli

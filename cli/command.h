@@ -1,0 +1,73 @@
+// What the commands share.
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/translator.h"
+
+namespace oclacp::cli {
+
+// What commands that translate take from the command line.
+struct TranslationArguments {
+  std::string device;
+  std::string module;
+  std::string published_schemas;
+  bool shows_trace = false;
+  bool shows_log = false;
+  host::TranslateOptions options;
+};
+
+// CLI11's mapping from words to values.
+template <typename Value>
+using Words = std::map<std::string, Value>;
+
+// The option takes one of the words, which are also what its help shows.
+template <typename Value>
+CLI::Option* add_choice(CLI::App& command, const std::string& name, Value& value, const Words<Value>& words,
+                        const std::string& help) {
+  std::string list;
+  for (const auto& [word, meaning] : words) {
+    list += (list.empty() ? "" : "|") + word;
+  }
+  return command.add_option(name, value, help)
+      ->transform(CLI::CheckedTransformer(words).description(""))
+      ->type_name(list);
+}
+
+void add_request(CLI::App& command, std::string& file);
+CLI::Option* add_operation(CLI::App& command, TranslationArguments& arguments);
+CLI::Option* add_format(CLI::App& command, TranslationArguments& arguments, const std::string& help);
+CLI::Option* add_strict(CLI::App& command, TranslationArguments& arguments);
+// The device.
+CLI::Option* add_device(CLI::App& command, TranslationArguments& arguments);
+// --trace, -v, and where the schemas and the module are.
+void add_workings(CLI::App& command, TranslationArguments& arguments);
+
+std::unique_ptr<host::Translator> make_translator(const TranslationArguments& arguments);
+
+// Collects what --trace and -v ask for while it lives, and then shows the trace: of a refused request too.
+class Records {
+ public:
+  explicit Records(TranslationArguments& arguments);
+  ~Records();
+  Records(const Records&) = delete;
+  Records& operator=(const Records&) = delete;
+  Records(Records&&) = delete;
+  Records& operator=(Records&&) = delete;
+
+ private:
+  TranslationArguments& arguments_;
+  std::vector<std::string> trace_;
+};
+
+// Tells, on the standard error, of native list entries that were left out.
+void tell_dropped(size_t entries);
+
+// Writes a result to the standard output. Nothing that a program reads is lost without a word: throws host::Refusal.
+void print(const std::string& text);
+
+}  // namespace oclacp::cli

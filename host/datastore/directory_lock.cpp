@@ -1,0 +1,34 @@
+#include "host/datastore/directory_lock.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+
+#include <cerrno>
+#include <cstring>
+#include <thread>
+
+#include "host/refusal.h"
+
+namespace oclacp::host {
+
+DirectoryLock::DirectoryLock(const std::string& directory, std::chrono::seconds longest_wait)
+    : folder_(open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+  if (!folder_.is_open()) {
+    throw Refusal(directory + ": no such device directory");
+  }
+  // flock() itself waits without end, so the lock is asked for again and again.
+  constexpr auto kPause = std::chrono::milliseconds(5);
+  const auto deadline = std::chrono::steady_clock::now() + longest_wait;
+  while (flock(folder_.number(), LOCK_EX | LOCK_NB) != 0) {
+    if (errno != EWOULDBLOCK && errno != EINTR) {
+      throw Refusal(directory + ": cannot be locked: " + std::strerror(errno));
+    }
+    if (std::chrono::steady_clock::now() >= deadline) {
+      throw Refusal(directory + ": the device is busy: another edit has held it for " +
+                    std::to_string(longest_wait.count()) + " seconds");
+    }
+    std::this_thread::sleep_for(kPause);
+  }
+}
+
+}  // namespace oclacp::host

@@ -1,0 +1,224 @@
+// The commands edit and delete on a device that works.
+#include <sys/stat.h>
+
+#include "tests/e2e/edit_program.h"
+
+namespace support {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr const char* kBundle9 = "/lacp/interfaces/interface[name='Bundle-Ether9']";
+constexpr const char* kBundle1 = "/lacp/interfaces/interface[name='Bundle-Ether1']";
+
+class Device : public testing::Test, protected CopiedDevice {
+ protected:
+  // The native LACP container of the interface that was written last.
+  [[nodiscard]] std::string last_lacp() const {
+    const std::string text = read();
+    return text.substr(text.rfind("\"Talvo-Brin-QD-bundlemgr-cfg:lacp\""));
+  }
+
+  void expect_unchanged(const Outcome& outcome, const std::string& part) const {
+    expect_refusal(outcome, part);
+    EXPECT_EQ(read(), before_);
+    EXPECT_EQ(files().size(), 2U);
+  }
+
+  std::string before_ = read();
+};
+
+TEST_F(Device, KeepsAnEdit) {
+  const Outcome outcome = edit(config_of("Bundle-Ether9", R"("interval": "SLOW", "lacp-mode": "PASSIVE")"));
+  expect_success(outcome);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_THAT(read(), AllOf(HasSubstr(R"("interface-name": "Bundle-Ether9",
+        "interface-virtual": [null],
+        "Talvo-Brin-QD-bundlemgr-cfg:lacp": {
+          "mode": "passive",
+          "period": 30000
+        })"),
+                            HasSubstr("to the core")));
+  EXPECT_EQ(files().size(), 2U);
+  expect_success(edit(config_of("Bundle-Ether9", R"("interval": "SLOW")"), {"--expect-no-change"}));
+}
+
+TEST_F(Device, TakesXml) {
+  expect_success(run({"edit", example("requests/create-interface.xml"), "-d", path()}));
+  EXPECT_THAT(read(), HasSubstr("Bundle-Ether3"));
+}
+
+TEST_F(Device, AnEditThatChangesNothingDoesNotTouchTheFile) {
+  struct stat one {};
+  struct stat other {};
+  ASSERT_EQ(stat((path() + "/running.json").c_str(), &one), 0);
+  expect_success(edit(config_of("Bundle-Ether1", R"("lacp-mode": "ACTIVE")")));
+  ASSERT_EQ(stat((path() + "/running.json").c_str(), &other), 0);
+  EXPECT_EQ(one.st_ino, other.st_ino);
+  EXPECT_EQ(one.st_mtim.tv_nsec, other.st_mtim.tv_nsec);
+  EXPECT_EQ(read(), before_);
+}
+
+TEST_F(Device, ADryRunShowsTheEditAndTheDifferenceAndChangesNothing) {
+  const std::string request = config_of("Bundle-Ether2", R"("interval": "FAST")");
+  const Outcome outcome = edit(request, {"--dry-run"});
+  expect_success(outcome);
+  const std::string translated = translate(request, {"-d", path()}).out;
+  EXPECT_EQ(outcome.out.substr(0, translated.size()), translated);
+  EXPECT_THAT(outcome.out.substr(translated.size()), AllOf(HasSubstr(R"("period": true)"), HasSubstr(R"("@period": {
+            "yang:operation": "replace")"),
+                                                           HasSubstr(R"("yang:orig-value": "30000")")));
+  EXPECT_EQ(read(), before_);
+}
+
+TEST_F(Device, ADryRunOfNothingShowsAnEmptyDifference) {
+  const std::string request = config_of("Bundle-Ether1", R"("lacp-mode": "ACTIVE")");
+  const Outcome outcome = edit(request, {"--dry-run"});
+  expect_success(outcome);
+  EXPECT_EQ(outcome.out, translate(request, {"-d", path()}).out + "{}\n");
+}
+
+TEST_F(Device, ADryRunPrintsXmlToo) {
+  const Outcome outcome = edit(config_of("Bundle-Ether2", R"("interval": "FAST")"), {"--dry-run", "--format", "xml"});
+  expect_success(outcome);
+  EXPECT_THAT(outcome.out, AllOf(HasSubstr("<period>1</period>"), HasSubstr("yang:operation=\"replace\""),
+                                 HasSubstr(">true</period>")));
+}
+
+TEST_F(Device, AnUnexpectedChangeIsToldAndNotMade) {
+  expect_unchanged(edit(config_of("Bundle-Ether2", R"("lacp-mode": "ACTIVE")"), {"--expect-no-change"}),
+                   path() +
+                       ": the edit would change /Talvo-Brin-QD-ifmgr-cfg:interface-configurations/"
+                       "interface-configuration[active='act'][interface-name='Bundle-Ether2']/"
+                       "Talvo-Brin-QD-bundlemgr-cfg:lacp/mode");
+}
+
+TEST_F(Device, ACanonicalDeviceReadsTheFastPeriodBack) {
+  expect_success(edit(config_of("Bundle-Ether9", R"("interval": "FAST")")));
+  EXPECT_THAT(last_lacp(), HasSubstr("\"period\": true"));
+  expect_success(edit(config_of("Bundle-Ether9", R"("interval": "FAST")"), {"--expect-no-change"}));
+}
+
+TEST_F(Device, ADeviceThatKeepsWhatIsWrittenKeepsTheFastPeriodAsOne) {
+  write(R"({"oclacp-platform:platform": {"router-type": 7}})", "platform.json");
+  expect_success(edit(config_of("Bundle-Ether9", R"("interval": "FAST")")));
+  EXPECT_THAT(last_lacp(), HasSubstr("\"period\": 1\n"));
+  expect_success(edit(config_of("Bundle-Ether9", R"("interval": "FAST")"), {"--expect-no-change"}));
+}
+
+TEST_F(Device, DeletesALeaf) {
+  expect_success(erase(std::string(kBundle1) + "/config/interval"));
+  EXPECT_THAT(read(), AllOf(Not(HasSubstr("\"period\": 1000")), HasSubstr("00:11:22:33:44:55")));
+  EXPECT_THAT(erase(std::string(kBundle1) + "/config/interval").err,
+              HasSubstr("native /Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act']"
+                        "[interface-name='Bundle-Ether1']/Talvo-Brin-QD-bundlemgr-cfg:lacp/period: cannot be deleted, "
+                        "the device has no such configuration"));
+}
+
+TEST_F(Device, DeletesAnInterfaceAndKeepsItsOtherConfiguration) {
+  expect_success(erase("/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether1']"));
+  EXPECT_THAT(read(),
+              AllOf(HasSubstr("to the core"), Not(HasSubstr("00:11:22:33:44:55")), HasSubstr("\"mode\": \"passive\"")));
+}
+
+TEST_F(Device, DeletesAllOfLacp) {
+  expect_success(erase("/lacp"));
+  EXPECT_THAT(read(), AllOf(Not(HasSubstr("bundlemgr-cfg:lacp")), HasSubstr("to the core"), HasSubstr("bundle-id")));
+  expect_success(erase("/lacp", {"--expect-no-change"}));
+}
+
+TEST_F(Device, DeletesTheInterfaceThatIsNamedAndNoneWhoseNameIsAPartOfIt) {
+  expect_success(edit(config_of("Bundle-Ether10", R"("lacp-mode": "PASSIVE")")));
+  expect_success(erase("/lacp/interfaces/interface[name='Bundle-Ether10']"));
+  EXPECT_THAT(read(), HasSubstr("00:11:22:33:44:55"));
+  before_ = read();
+  expect_unchanged(erase("/lacp/interfaces/interface[name='Bundle-Ether10']"),
+                   "[interface-name='Bundle-Ether1']: belongs to another interface "
+                   "than the request names, and is left alone");
+}
+
+TEST_F(Device, DoesNotDeleteWhatIsNotThere) {
+  expect_unchanged(erase(kBundle9), "nothing to delete");
+  expect_unchanged(erase(std::string(kBundle9) + "/config/interval"), "cannot be deleted");
+  expect_unchanged(erase("/lacp/nonsense"), "/lacp/nonsense: Not found node \"nonsense\"");
+  expect_unchanged(erase("lacp"), "'lacp': a path begins with a slash");
+  expect_unchanged(erase(std::string(kBundle1) + "/name"), "a list key cannot be deleted");
+  expect_unchanged(erase("/lacp/interfaces/interface"), "the list entry names no keys");
+}
+
+TEST_F(Device, RemovingMakesNoInterface) {
+  expect_success(edit(config_of("Bundle-Ether9", R"("interval": [null],
+                                "@interval": {"ietf-netconf:operation": "remove"})"),
+                      {"--expect-no-change"}));
+  expect_success(erase(std::string(kBundle9) + "/config", {"--expect-no-change"}));
+}
+
+TEST_F(Device, AReplacedInterfaceHoldsWhatIsNamedAndNothingElse) {
+  expect_success(run({"edit", example("requests/replace-interface.json"), "-d", path()}));
+  EXPECT_THAT(read(), AllOf(HasSubstr(R"("Talvo-Brin-QD-bundlemgr-cfg:lacp": {
+          "mode": "passive",
+          "period": 30000
+        })"),
+                            HasSubstr("to the core"), Not(HasSubstr("00:11:22:33:44:55"))));
+}
+
+TEST_F(Device, AnInterfaceReplacedByNothingHoldsNoLacp) {
+  expect_success(edit(interface(R"("@": {"ietf-netconf:operation": "replace"}, "name": "Bundle-Ether1")")));
+  EXPECT_THAT(read(),
+              AllOf(HasSubstr("to the core"), Not(HasSubstr("00:11:22:33:44:55")), HasSubstr("\"mode\": \"passive\"")));
+}
+
+TEST_F(Device, AReplacedWholeHoldsWhatIsNamedAndNothingElse) {
+  expect_success(run({"edit", example("requests/replace-lacp.json"), "-d", path()}));
+  EXPECT_THAT(read(), AllOf(HasSubstr("\"system-priority\": 32768"), HasSubstr(R"("Talvo-Brin-QD-bundlemgr-cfg:lacp": {
+          "mode": "active"
+        })"),
+                            Not(HasSubstr("\"mode\": \"passive\"\n")), Not(HasSubstr("00:11:22:33:44:55"))));
+  expect_success(edit(config_of("Bundle-Ether1", R"("lacp-mode": "PASSIVE")"), {"--operation", "replace"}));
+  EXPECT_THAT(read(), Not(HasSubstr("\"mode\": \"active\"")));
+}
+
+TEST_F(Device, StrictRefusesWhatWouldBeIgnored) {
+  const std::string request = interface(R"("@": {"ietf-netconf:operation": "delete"}, "name": "Bundle-Ether1",
+                                        "config": {"name": "Bundle-Ether1"})");
+  expect_unchanged(edit(request, {"--strict"}),
+                   "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether1']/config: would be ignored");
+  expect_refusal(translate(request, {"--strict", "-d", path()}), "/config: would be ignored");
+  expect_success(edit(request));
+  expect_success(edit(config_of("Bundle-Ether9", R"("interval": "FAST", "lacp-mode": "ACTIVE", "system-priority": 1,
+                                                 "system-id-mac": "00:11:22:33:44:77")"),
+                      {"--strict"}));
+  expect_success(run({"edit", example("requests/replace-lacp.json"), "--strict", "-d", path()}));
+  expect_success(erase("/lacp", {"--strict"}));
+}
+
+TEST_F(Device, ARefusedRequestChangesNothing) {
+  expect_unchanged(edit("{"), "line 1");
+  expect_unchanged(edit(config_of("Bundle-Ether1", R"("interval": "MEDIUM")")), "MEDIUM");
+  expect_unchanged(run({"edit", example("bad/two-keys.xml"), "-d", path()}), "key");
+  expect_unchanged(run({"edit", "/no/such", "-d", path()}), "/no/such: ");
+  expect_unchanged(edit(config_of("Bundle-Ether1", R"("interval": "FAST",
+                                  "@interval": {"ietf-netconf:operation": "create"})")),
+                   "period: is there already");
+}
+
+TEST_F(Device, TheTraceOfAnEditIsShown) {
+  const Outcome outcome = edit(config_of("Bundle-Ether9", R"("interval": "FAST")"), {"--trace"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.out, "");
+  EXPECT_THAT(outcome.err, HasSubstr("oc2qd_cfginterval"));
+}
+
+TEST_F(Device, TheDeviceMustBeNamedAndOptionsMustFit) {
+  EXPECT_EQ(run({"edit", "-"}).status, 2);
+  EXPECT_EQ(run({"delete", "/lacp"}).status, 2);
+  EXPECT_EQ(run({"delete", "-d", path()}).status, 2);
+  EXPECT_EQ(edit("{}", {"--dry-run", "--expect-no-change"}).status, 2);
+  EXPECT_EQ(edit("{}", {"--format", "xml"}).status, 2);
+  EXPECT_EQ(read(), before_);
+}
+
+}  // namespace
+}  // namespace support

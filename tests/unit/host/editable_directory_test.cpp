@@ -1,0 +1,123 @@
+#include "host/datastore/editable_directory.h"
+
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "host/datastore/directory_lock.h"
+#include "host/datastore/durable_file.h"
+#include "host/text_file.h"
+#include "tests/unit/host/kept_device.h"
+
+namespace oclacp::host {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::HasSubstr;
+
+class EditableDirectoryTest : public testing::Test {
+ protected:
+  EditableDirectoryTest() { write_device(R"("router-type": 1)", lacp_of_a(R"("mode": "active")")); }
+
+  void write_device(const std::string& platform, const std::string& running) const {
+    folder_.write("platform.json", R"({"oclacp-platform:platform": {)" + platform + "}}");
+    folder_.write("running.json", running);
+  }
+
+  void commit(const std::string& configuration) const {
+    EditableDirectory directory(schemas().native(), folder_.path());
+    directory.commit(running(configuration).get());
+  }
+
+  [[nodiscard]] std::string period_kept() const {
+    const lysc_node* leaf = lys_find_path(schemas().native(), nullptr,
+                                          "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration/"
+                                          "Talvo-Brin-QD-bundlemgr-cfg:lacp/period",
+                                          0);
+    const DirectoryDevice device(schemas().native(), folder_.path());
+    return device.kept_value(*leaf, "1") + " " + device.kept_value(*leaf, "1000") + " " +
+           device.kept_value(*leaf->next, "1");
+  }
+
+  TemporaryFolder folder_;
+  std::string file_ = folder_.path() + "/running.json";
+};
+
+TEST_F(EditableDirectoryTest, WhatIsCommittedIsReadBack) {
+  const std::string after = lacp_of_a(R"("mode": "passive", "period": true)");
+  commit(after);
+  const DirectoryDevice device(schemas().native(), folder_.path());
+  EXPECT_EQ(lyd_compare_siblings(device.running(), running(after).get(), LYD_COMPARE_FULL_RECURSION), LY_SUCCESS);
+}
+
+TEST_F(EditableDirectoryTest, AnEmptyConfigurationIsReadBack) {
+  commit("{}");
+  EXPECT_EQ(refusal_of([&] { const DirectoryDevice device(schemas().native(), folder_.path()); }), "accepted");
+}
+
+TEST_F(EditableDirectoryTest, TheFileKeepsItsMode) {
+  fs::permissions(file_, fs::perms(0640));
+  commit("{}");
+  EXPECT_EQ(fs::status(file_).permissions(), fs::perms(0640));
+}
+
+TEST_F(EditableDirectoryTest, ALinkStaysALink) {
+  const TemporaryFolder elsewhere;
+  fs::rename(file_, elsewhere.path() + "/configuration");
+  fs::create_symlink(elsewhere.path() + "/configuration", file_);
+  commit("{}");
+  EXPECT_TRUE(fs::is_symlink(file_));
+  EXPECT_THAT(read_text_file(elsewhere.path() + "/configuration"), testing::Not(HasSubstr("active")));
+}
+
+TEST_F(EditableDirectoryTest, WhatACrashLeftAsideIsOverwritten) {
+  folder_.write("running.json.new", std::string(100000, 'x'));
+  commit("{}");
+  EXPECT_THAT(read_text_file(file_), testing::Not(HasSubstr("x")));
+  EXPECT_FALSE(fs::exists(file_ + ".new"));
+}
+
+TEST_F(EditableDirectoryTest, OneEditsAtATime) {
+  const EditableDirectory first(schemas().native(), folder_.path());
+  EXPECT_EQ(refusal_of([&] { const DirectoryLock second(folder_.path(), std::chrono::seconds(0)); }),
+            folder_.path() + ": the device is busy: another edit has held it for 0 seconds");
+}
+
+TEST_F(EditableDirectoryTest, TheNextOneEditsAfterwards) {
+  { const EditableDirectory first(schemas().native(), folder_.path()); }
+  EXPECT_EQ(refusal_of([&] { const DirectoryLock second(folder_.path(), std::chrono::seconds(0)); }), "accepted");
+}
+
+TEST_F(EditableDirectoryTest, AMissingFolderIsRefused) {
+  EXPECT_EQ(refusal_of([] { const EditableDirectory missing(schemas().native(), "/no/such"); }),
+            "/no/such: no such device directory");
+}
+
+TEST_F(EditableDirectoryTest, ThePeriodIsKeptAsWrittenUnlessTheDeviceIsCanonical) {
+  EXPECT_EQ(period_kept(), "1 1000 1");
+  write_device(R"("router-type": 1, "period": "as-written")", "{}");
+  EXPECT_EQ(period_kept(), "1 1000 1");
+  write_device(R"("router-type": 1, "period": "canonical")", "{}");
+  EXPECT_EQ(period_kept(), "true 1000 1");
+}
+
+TEST_F(EditableDirectoryTest, AFileThatIsNotOneWholeDocumentIsRefused) {
+  for (const auto& [content, reason] : std::initializer_list<std::pair<std::string, std::string>>{
+           {"", ": empty"},
+           {"{}\n{}", " (line 2): text behind the end of the document"},
+           {"{\n\"a\": {", " (line 2): the document ends early"},
+           {std::string(200, '['), " (line 1): nested deeper than 100 levels"}}) {
+    folder_.write("running.json", content);
+    EXPECT_EQ(refusal_of([&] { const DirectoryDevice device(schemas().native(), folder_.path()); }), file_ + reason);
+  }
+}
+
+TEST(DurableFileTest, AFileThatIsNotThereIsNotReplaced) {
+  const TemporaryFolder folder;
+  EXPECT_THAT(refusal_of([&] { replace_file(folder.path() + "/none", "x"); }),
+              HasSubstr("/none: cannot be replaced and stays as it is: No such file or directory"));
+  EXPECT_TRUE(fs::is_empty(folder.path()));
+}
+
+}  // namespace
+}  // namespace oclacp::host
