@@ -57,7 +57,7 @@ class Device final : public oclacp::host::Device {
  public:
   Device(const ly_ctx* native, const std::string& running) : running_(parse(native, running)) {}
 
-  [[nodiscard]] uint32_t router_type() const override { return 1; }
+  [[nodiscard]] uint32_t router_type() const override { return 7; }
   [[nodiscard]] const std::vector<oclacp::host::Interface>& interfaces() const override { return interfaces_; }
   [[nodiscard]] const lyd_node* running() const override { return running_.get(); }
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "cli/edit.h"
+#include "cli/records_command.h"
 #include "cli/translate.h"
 #include "host/translator.h"
 
@@ -22,6 +23,7 @@ int run(int argc, char** argv) {
   define_translate(app);
   define_edit(app);
   define_delete(app);
+  define_records(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {

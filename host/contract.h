@@ -8,12 +8,15 @@
 #include <stdint.h>
 
 #pragma GCC visibility push(default)
+#include "bag/bag.h"
 #include "imc/imc.h"
+#include "platform/router.h"
 #include "sysdb/sysdb.h"
 #include "yfw/context.h"
 #include "yfw/datatree.h"
 #include "yfw/log.h"
 #include "yfw/map.h"
+#include "yfw/registration.h"
 #include "yfw/status.h"
 #include "yfw/strings.h"
 #pragma GCC visibility pop

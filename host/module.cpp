@@ -2,17 +2,28 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
+
 #include "host/refusal.h"
 
 namespace oclacp::host {
 namespace {
 
-constexpr const char* kRequestWalker = "ymap_oq_oclacp_openconfiglacp_lvla_lacp";
+constexpr std::array kRegistrations = {"yfw_map_reg_oclacp_lacpbundles_conf", "yfw_map_reg_oclacp_lacpbundles_oper",
+                                       "yfw_map_reg_oclacp_lacpbundles_global_conf",
+                                       "yfw_map_reg_oclacp_lacpglobaldata_oper"};
+constexpr const char* kRecordRegistration = "bag_register_all_bundlemgr_distrib_bags";
 
 }  // namespace
 
 void Module::Close::operator()(void* library) const {
   dlclose(library);
+}
+
+// Null when the library has no such function.
+template <typename Function>
+Function* Module::find(const char* name) const {
+  return reinterpret_cast<Function*>(dlsym(library_.get(), name));
 }
 
 Module::Module(const std::string& file) {
@@ -22,10 +33,42 @@ Module::Module(const std::string& file) {
   if (library_ == nullptr) {
     throw Refusal("the mapping module cannot be loaded: " + std::string(dlerror()));
   }
-  request_walker_ = reinterpret_cast<Walker*>(dlsym(library_.get(), kRequestWalker));
-  if (request_walker_ == nullptr) {
+  auto* initialise = find<cerrno()>("yfw_oclacp_init");
+  auto* clean_up = find<void()>("yfw_oclacp_cleanup");
+  std::array<void (*)(yfw_map_registration*), kRegistrations.size()> fill{};
+  std::transform(kRegistrations.begin(), kRegistrations.end(), fill.begin(),
+                 [this](const char* name) { return find<void(yfw_map_registration*)>(name); });
+  if (initialise == nullptr || clean_up == nullptr || std::find(fill.begin(), fill.end(), nullptr) != fill.end()) {
     throw Refusal(file + ": is no mapping module for openconfig-lacp");
   }
+  // What was bound before an initialisation failed is unbound too.
+  clean_up_.reset(clean_up);
+  if (const cerrno status = initialise(); status != YFW_OK) {
+    throw Refusal(file + ": the mapping module does not start: " + cerr_strerror(status));
+  }
+  for (size_t index = 0; index < fill.size(); ++index) {
+    fill[index](&registrations_[index]);
+  }
+}
+
+void Module::require_offer() const {
+  for (const yfw_map_registration& registration : registrations_) {
+    if (registration.disables_mapping != nullptr && registration.disables_mapping(registration.openconfig_ns) != 0) {
+      throw Refusal("platform type " + std::to_string(platform_get_router_type()) +
+                    ": the mapping module does not offer openconfig-lacp on devices of this type");
+    }
+  }
+}
+
+yfw_map_walker Module::native_walker(std::string_view ns, std::string_view root) const {
+  const auto found = std::find_if(registrations_.begin(), registrations_.end(), [&](const auto& registration) {
+    return registration.native_ns == ns && registration.native_root == root;
+  });
+  return found == registrations_.end() ? nullptr : found->native_walker;
+}
+
+Module::RecordRegistration* Module::record_registration() const {
+  return find<RecordRegistration>(kRecordRegistration);
 }
 
 }  // namespace oclacp::host

@@ -1,32 +1,53 @@
 // A mapping module, loaded.
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
+#include <string_view>
 
 #include "host/contract.h"
 
 namespace oclacp::host {
 
-// Loads a module's shared library for as long as this lives. The module's imports are resolved against this library, so
-// the host must be in the process's global scope (the program is linked with it).
+// Loads a module's shared library, initialises it and takes its registrations; cleans it up and unloads it at the end.
+// The module's imports are resolved against this library, so the host must be in the process's global scope (the
+// program is linked with it). Made and destroyed on one thread.
 class Module {
  public:
-  using Walker = cerrno(yfw_map_ctx ctx, const yfw_datatree* input, yfw_datatree* output);
+  using RecordRegistration = cerrno();
 
-  // `file` is a path. Throws Refusal when it cannot be loaded or is no such module.
+  // `file` is a path. Throws Refusal when it cannot be loaded, is no such module, or does not start.
   explicit Module(const std::string& file);
 
+  // Asks the module whether it serves the platform type of the installed device (installed_device.h). Throws Refusal
+  // when it does not.
+  void require_offer() const;
+
   // The entry walker for requests against /openconfig-lacp:lacp.
-  [[nodiscard]] Walker* request_walker() const { return request_walker_; }
+  [[nodiscard]] yfw_map_walker request_walker() const { return registrations_.front().openconfig_walker; }
+
+  // The entry walker for the native tree below a top node; null when the module maps no such tree.
+  [[nodiscard]] yfw_map_walker native_walker(std::string_view ns, std::string_view root) const;
+
+  // Registers the module's records; null when it has none.
+  [[nodiscard]] RecordRegistration* record_registration() const;
 
  private:
   struct Close {
     void operator()(void* library) const;
   };
+  struct CleanUp {
+    void operator()(void (*clean_up)()) const { clean_up(); }
+  };
 
+  template <typename Function>
+  Function* find(const char* name) const;
+
+  // The cleanup function is called before the library is closed.
   std::unique_ptr<void, Close> library_;
-  Walker* request_walker_;
+  std::unique_ptr<void(), CleanUp> clean_up_;
+  std::array<yfw_map_registration, 4> registrations_{};
 };
 
 }  // namespace oclacp::host

@@ -8,7 +8,7 @@ namespace oclacp::host {
 namespace {
 
 // clang-format off
-constexpr std::array<std::pair<cerrno, const char*>, 18> kTexts = {{
+constexpr std::array<std::pair<cerrno, const char*>, 20> kTexts = {{
     {YFW_OK,                   "done"},
     {YFW_INVALID_ARGUMENTS,    "a container that is deleted may not name children"},
     {YFW_MALFORMED_TREE,       "the list entry names no keys"},
@@ -27,6 +27,8 @@ constexpr std::array<std::pair<cerrno, const char*>, 18> kTexts = {{
     {kTextMissing,             "a value is missing"},
     {kNotFound,                "not found"},
     {kBadQuery,                "the data store cannot answer this query"},
+    {kBadDescriptor,           "the record descriptor is malformed"},
+    {kRegistryMisused,         "the registration of records is out of order"},
 }};
 // clang-format on
 

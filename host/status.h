@@ -20,5 +20,9 @@ inline constexpr cerrno kTextMissing = 0x0c1a0006;
 inline constexpr cerrno kNotFound = 0x0c1a0007;
 // The data store serves no such path, or cannot read the pattern.
 inline constexpr cerrno kBadQuery = 0x0c1a0008;
+// A record descriptor is malformed, or contradicts one that is registered.
+inline constexpr cerrno kBadDescriptor = 0x0c1a0009;
+// The steps of a registration of records do not come in their order.
+inline constexpr cerrno kRegistryMisused = 0x0c1a000a;
 
 }  // namespace oclacp::host

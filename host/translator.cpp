@@ -88,6 +88,7 @@ class Records {
 };
 
 void walk(const Module& module, RequestTree& tree, EditScript& script, const TranslateOptions& options) {
+  module.require_offer();
   Request request(operation_code(options.kind), script);
   const Records records(request, options);
   const cerrno status = module.request_walker()(&request, tree.top(), request.output_root());

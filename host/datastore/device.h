@@ -40,10 +40,10 @@ class OCLACP_HOST_API Device {
   }
 };
 
-// A device of which nothing is known: no interfaces, no configuration.
+// A device of which nothing is known: no interfaces, no configuration. It is of a platform type that mappings serve.
 class OCLACP_HOST_API EmptyDevice final : public Device {
  public:
-  [[nodiscard]] uint32_t router_type() const override { return 0; }
+  [[nodiscard]] uint32_t router_type() const override { return 7; }
   [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
   [[nodiscard]] const lyd_node* running() const override { return nullptr; }
 

@@ -1,5 +1,7 @@
 #include "host/datastore/installed_device.h"
 
+#include "host/contract.h"
+
 namespace oclacp::host {
 namespace {
 
@@ -34,3 +36,8 @@ const InterfaceDirectory& InstalledDevice::interfaces() {
 }
 
 }  // namespace oclacp::host
+
+uint32_t platform_get_router_type() {
+  const auto* device = oclacp::host::InstalledDevice::current();
+  return device == nullptr ? 0 : device->device().router_type();
+}

@@ -24,6 +24,8 @@ class InstalledDevice {
   // The one of this thread; null outside of every scope.
   static InstalledDevice* current();
 
+  [[nodiscard]] const Device& device() const { return device_; }
+
   // Both are built when they are first asked for.
   const ActiveConfiguration& configuration();
   const InterfaceDirectory& interfaces();

@@ -18,7 +18,8 @@ using oclacp::host::InstalledDevice;
 using oclacp::host::kBadQuery;
 using oclacp::host::kNotFound;
 
-// A connection to the active interface configuration, the only root that is served.
+// A connection to the active interface configuration; or, without a device, the one to the interface manager's global
+// data, which can be opened and closed and holds nothing.
 struct sysdb_connection {
   InstalledDevice* device;
 };
@@ -57,9 +58,17 @@ class Pattern {
   bool compiled_ = false;
 };
 
+sysdb_connection globals_connection{nullptr};
+
 }  // namespace
 
+sysdb_handle yfw_intf_mgbl_connid = nullptr;
+
 cerrno _sysdb_bind(sysdb_handle* connection, const char* path, uint32_t /*flags*/) {
+  if (std::strcmp(path, SYSDB_INTERFACE_GLOBALS) == 0) {
+    *connection = &globals_connection;
+    return YFW_OK;
+  }
   InstalledDevice* device = InstalledDevice::current();
   if (device == nullptr || std::strcmp(path, SYSDB_ACTIVE_INTERFACES) != 0) {
     return kBadQuery;
@@ -69,14 +78,18 @@ cerrno _sysdb_bind(sysdb_handle* connection, const char* path, uint32_t /*flags*
 }
 
 cerrno _sysdb_unbind(sysdb_handle connection) {
-  delete connection;
+  if (connection == &globals_connection) {
+    yfw_intf_mgbl_connid = nullptr;  // the next module that needs it binds it again
+  } else {
+    delete connection;
+  }
   return YFW_OK;
 }
 
 cerrno sysdb_find(sysdb_handle connection, const char* pattern, const char* second_pattern, uint32_t* count,
                   sysdb_list_handle* list, uint32_t /*flags*/, uint32_t /*zero*/) {
   const Pattern compiled(pattern);
-  if (!compiled.is_usable() || second_pattern[0] != '\0') {
+  if (connection->device == nullptr || !compiled.is_usable() || second_pattern[0] != '\0') {
     return kBadQuery;
   }
   auto found = std::make_unique<sysdb_result_list>();
@@ -109,13 +122,12 @@ cerrno sysdb_list_free(sysdb_list_handle list) {
 
 extern "C" {
 
-// Stands in front of the C library's for everything that is loaded after the host. With a device installed the client's
-// library counts as present, since the client is this file; nothing has to be at its path. Every other question goes to
-// the system.
+// Stands in front of the C library's for everything that is loaded after the host. The client's library counts as
+// present, since the client is this file; nothing has to be at its path. Every other question goes to the system.
 __attribute__((visibility("default"))) int access(const char* path, int mode) noexcept;
 
 int access(const char* path, int mode) noexcept {
-  if (InstalledDevice::current() != nullptr && std::strcmp(path, SYSDB_LIBRARY_PATH) == 0) {
+  if (std::strcmp(path, SYSDB_LIBRARY_PATH) == 0) {
     return 0;
   }
   return faccessat(AT_FDCWD, path, mode, 0);

@@ -146,6 +146,20 @@ void EditScript::leave_lists(size_t depth) {
   }
 }
 
+void EditScript::close_lists_below(std::string_view list_path) {
+  for (auto& [list, open] : open_) {
+    std::string path;
+    for (const lysc_node* node = list; node != nullptr; node = node->parent) {
+      if ((node->nodetype & (LYS_CHOICE | LYS_CASE)) == 0) {
+        path.insert(0, std::string("/") + node->name);
+      }
+    }
+    if (is_below(path, list_path)) {
+      open.clear();
+    }
+  }
+}
+
 void EditScript::close_entries(int first) {
   for (auto& [list, open] : open_) {
     while (!open.empty() && open.back() >= first) {

@@ -56,6 +56,8 @@ class EditScript {
   // How many input lists are nested at this point, and going back to fewer: closes what was opened since.
   [[nodiscard]] size_t list_depth() const { return frames_.size(); }
   void leave_lists(size_t depth);
+  // Closes the open entries of every output list that is inside of the list `list_path`.
+  void close_lists_below(std::string_view list_path);
 
   [[nodiscard]] const std::vector<Step>& steps() const { return steps_; }
   [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }

@@ -13,8 +13,8 @@ bool is_leaf(const lysc_node* schema) {
 
 // What tells an entry from all others.
 std::string identity(const EditNode* above, const EditScript::Entry& entry) {
-  std::string text(reinterpret_cast<const char*>(&above), sizeof(above));
-  text.append(reinterpret_cast<const char*>(&entry.list), sizeof(entry.list));
+  const auto number = [](const void* address) { return std::to_string(reinterpret_cast<uintptr_t>(address)); };
+  std::string text = number(above) + " " + number(entry.list) + " ";
   for (const std::string_view key : entry.keys) {
     text.append(key).append(1, '\0');
   }

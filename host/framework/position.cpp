@@ -19,6 +19,6 @@ cerrno yfw_map_update_current_list_node(yfw_map_ctx ctx, const char* list_path) 
 }
 
 cerrno yfw_map_get_node_info(yfw_map_ctx ctx, const char* path, const char* leaf, const char** value) {
-  *value = Request::of(ctx).find_key(path, leaf);
+  *value = Request::of(ctx).find_leaf(path, leaf);
   return *value == nullptr ? oclacp::host::kNotFound : YFW_OK;
 }

@@ -8,19 +8,27 @@
 namespace oclacp::host {
 namespace {
 
-bool is_list_at(const yfw_datatree* node, std::string_view path) {
-  if (info_of(node).schema->nodetype != LYS_LIST) {
+// Takes the path of `node` off the front of `path`; false when it does not stand there.
+bool take_path_of(const yfw_datatree* node, std::string_view& path) {
+  const yfw_datatree* above = info_of(node).parent;
+  if (above != nullptr && !take_path_of(above, path)) {
     return false;
   }
-  // Compares from the leaf end, so that nothing is built.
-  for (; node != nullptr; node = info_of(node).parent) {
-    const std::string_view tag = node->tag;
-    if (!path.ends_with(tag) || path.size() == tag.size() || path[path.size() - tag.size() - 1] != '/') {
-      return false;
-    }
-    path.remove_suffix(tag.size() + 1);
+  const std::string_view tag = node->tag;
+  if (path.size() <= tag.size() || path.front() != '/' || path.compare(1, tag.size(), tag) != 0 ||
+      (path.size() > tag.size() + 1 && path[tag.size() + 1] != '/')) {
+    return false;
   }
-  return path.empty();
+  path.remove_prefix(tag.size() + 1);
+  return true;
+}
+
+const lyd_node* find_child(const lyd_node* above, std::string_view name) {
+  const lyd_node* child = lyd_child(above);
+  while (child != nullptr && (child->schema == nullptr || name != child->schema->name)) {
+    child = child->next;
+  }
+  return child;
 }
 
 }  // namespace
@@ -56,16 +64,21 @@ void Request::enter_list(std::string_view list_path) {
   output_.enter_list(list_path);
 }
 
-const char* Request::find_key(std::string_view path, std::string_view leaf) const {
+const char* Request::find_leaf(std::string_view path, std::string_view leaf) const {
   for (auto position = positions_.rbegin(); position != positions_.rend(); ++position) {
-    if (!is_list_at(position->node, path)) {
+    std::string_view rest = path;
+    if (!take_path_of(position->node, rest)) {
       continue;
     }
-    const lyd_node* child = lyd_child(info_of(position->node).data);
-    while (child != nullptr && (child->schema == nullptr || leaf != child->schema->name)) {
-      child = child->next;
+    const lyd_node* node = info_of(position->node).data;
+    while (node != nullptr && !rest.empty()) {
+      rest.remove_prefix(1);
+      const std::string_view name = rest.substr(0, rest.find('/'));
+      rest.remove_prefix(name.size());
+      node = find_child(node, name);
     }
-    return child == nullptr ? nullptr : lyd_get_value(child);
+    const lyd_node* found = node == nullptr ? nullptr : find_child(node, leaf);
+    return found == nullptr ? nullptr : lyd_get_value(found);
   }
   return nullptr;
 }

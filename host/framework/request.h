@@ -30,6 +30,9 @@ class Request final : public yfw_map_ctx_record {
   // The tree that is passed to a walker as its output.
   yfw_datatree* output_root() { return &output_root_; }
   EditScript& output() { return output_; }
+  // What stands for the current output list entry where a module is handed one. Additions are placed by their paths
+  // (edit_script.h), so one record serves all entries.
+  yfw_datatree* current_entry() { return &current_entry_; }
 
   // Position in the request.
   void enter(const yfw_datatree* node);
@@ -42,8 +45,9 @@ class Request final : public yfw_map_ctx_record {
   // The node that was entered last, left or not; null when none was.
   [[nodiscard]] const yfw_datatree* last_entered() const { return last_entered_; }
 
-  // The value of `leaf` in the innermost entered entry of the list `path`; null when there is none.
-  [[nodiscard]] const char* find_key(std::string_view path, std::string_view leaf) const;
+  // The value of a leaf of the innermost entered list entry or container that `path` names or leads into; null when
+  // there is none. `path` is absolute and without keys.
+  [[nodiscard]] const char* find_leaf(std::string_view path, std::string_view leaf) const;
 
   std::vector<yfw_itree_entry>& itree() { return itree_; }
 
@@ -72,6 +76,7 @@ class Request final : public yfw_map_ctx_record {
   yfw_request_state state_{};
   EditScript& output_;
   yfw_datatree output_root_{};
+  yfw_datatree current_entry_{};
   std::vector<Position> positions_;
   std::vector<yfw_itree_entry> itree_;
   const yfw_datatree* last_entered_ = nullptr;

@@ -45,6 +45,16 @@ bool names_rack_and_slot(std::string_view name) {
 
 imc_handle yfw_ocifmgr_im_conn = &the_connection;
 
+cerrno imc_db_bind(const uint32_t* /*kind*/, uint32_t /*mode*/, imc_handle* connection) {
+  *connection = &the_connection;
+  return YFW_OK;
+}
+
+cerrno imc_db_unbind(imc_handle* connection, uint32_t /*zero*/) {
+  *connection = nullptr;
+  return YFW_OK;
+}
+
 cerrno imc_interface_find(imc_handle /*connection*/, uint32_t key_kind, const imc_interface_key* key, uint32_t /*zero*/,
                           const imc_interface_attributes* attributes) {
   const InterfaceDirectory* interfaces = directory();

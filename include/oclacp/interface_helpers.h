@@ -24,14 +24,16 @@ enum { OCLACP_IFENTRY_LENGTH = 64, OCLACP_IFENTRY_CAPACITY = 65 };
 
 /*
  * Writes the entry form of `ifname` into `ifentry` (OCLACP_IFENTRY_CAPACITY bytes): each '/' becomes '_'. A name that
- * does not fit is traced, and what the copy left is converted all the same. With a null buffer or name nothing happens.
+ * does not fit is traced, unless the context is null, and what the copy left is converted all the same. With a null
+ * buffer or name nothing happens.
  */
 OCLACP_EXPORT void convert_oc_ifname_ifentry(char* ifentry, const char* ifname, yfw_map_ctx ctx);
 
 /*
  * Whether the interface is virtual: the interface manager says so, or its flags allow it and its name is not that of a
  * physical interface. 1: it is; 0: it is not, or that is not known. `*looked_up` is set to 1 when the look-up by name
- * did not settle the question, and is left alone otherwise.
+ * did not settle the question, and is left alone otherwise; it must not be null. A null context ends the process, but
+ * only when there is a failed copy to trace.
  */
 OCLACP_EXPORT int yfw_lacp_util_is_virtual(const char* ifname, uint32_t* looked_up, yfw_map_ctx ctx);
 

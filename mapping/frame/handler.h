@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "frame/message.h"
 #include "yfw/context.h"
 #include "yfw/datatree.h"
 #include "yfw/status.h"
@@ -18,58 +19,14 @@ namespace ymap {
 using NodeHandler = cerrno(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 using ContainerHandler = cerrno(yfw_map_ctx ctx, const yfw_datatree* in, unsigned int child_count, yfw_datatree* out);
 
-// Every message of the module. Those of the same group of handlers stand together, so that a handler's site words cover
-// a prefix of the list.
-enum class Message : std::uint8_t {
-  // every handler
-  kStart,
-  kEnd,
-  kInvalidArguments,
-  // walkers
-  kSubtreesMissing,
-  kTagMissing,
-  kUnsupportedTag,
-  kDeleteWithSubtree,
-  kKeysMissing,
-  kKeyEmpty,
-  kKeyInvalid,
-  kKeyDeleted,
-  kLeafrefRefused,
-  kProcessingTag,
-  kTagIgnored,
-  kXpathErrorNode,
-  // hand-written handlers
-  kNothingToEvaluate,
-  kInterfaceNameMissing,
-  kBindFailed,
-  kFindFailed,
-  kIterationFailed,
-  kIntervalRefused,
-  kCopyFailed,
-  kIntervalCopyFailed,
-  kBoundedCopyFailed,
-  kCompareFailed,
-  kBundleNameMissing,
-  kBundleNameFailed,
-  kModeIsOn,
-  kCount
-};
-
-// How many site words a handler needs: one for each message that it may record.
-inline constexpr std::size_t kFrameSites = static_cast<std::size_t>(Message::kInvalidArguments) + 1;
-inline constexpr std::size_t kWalkerSites = static_cast<std::size_t>(Message::kXpathErrorNode) + 1;
-inline constexpr std::size_t kAllSites = static_cast<std::size_t>(Message::kCount);
-
 // The log facility's words, one for each place that emits a debug-log line. They start as all ones; the module only
 // hands out their addresses.
-template <std::size_t Sites>
 struct SiteWords {
-  std::uint32_t word[Sites];
+  std::uint32_t word[kSites];
 };
 
-template <std::size_t Sites>
-consteval SiteWords<Sites> unset_words() {
-  SiteWords<Sites> words{};
+consteval SiteWords unset_words() {
+  SiteWords words{};
   for (std::uint32_t& word : words.word) word = 0xFFFFFFFF;
   return words;
 }
@@ -80,23 +37,17 @@ struct Handler {
   const char* file;
   int line;  // where the handler's row or function stands
   const char* prototype;
-  std::uint32_t* words;  // indexed by Message
+  std::uint32_t* words;  // indexed by Message::site
 };
 
 // Ends the process through __assert_fail() when the context is null: that is a programming error of the framework.
 void assert_context(const Handler& handler, yfw_map_ctx ctx);
 
-// Writes one record. `texts` are the message's arguments, all of them texts.
-template <typename... Texts>
-void record(const Handler& handler, yfw_map_ctx ctx, Message message, Texts... texts);
-
-extern template void record(const Handler&, yfw_map_ctx, Message);
-extern template void record(const Handler&, yfw_map_ctx, Message, const char*);
-extern template void record(const Handler&, yfw_map_ctx, Message, const char*, const char*);
-
-// The line number that a handler's records of one message carry: the line of the handler's row and the message's
-// ordinal as two digits, so that Start, each error and End differ and the row is found by dropping the last two.
-int record_line(const Handler& handler, Message message);
+// Writes one record. The line number that it carries is that of the handler's row and the message's site as two digits,
+// so that Start, each error and End differ, and the row is found by dropping the last two.
+void record(const Handler& handler, yfw_map_ctx ctx, MessageWith<0> message);
+void record(const Handler& handler, yfw_map_ctx ctx, MessageWith<1> message, const char* text);
+void record(const Handler& handler, yfw_map_ctx ctx, MessageWith<2> message, const char* text, const char* other);
 
 // One run of a handler, from Start to End.
 class Activation {
@@ -104,30 +55,30 @@ class Activation {
   // Checks the context and records Start.
   Activation(const Handler& handler, yfw_map_ctx ctx) : handler_(handler), ctx_(ctx) {
     assert_context(handler, ctx);
-    record(Message::kStart);
+    record(message::kStart);
   }
 
   // Whether the input node and the output tree are there. If not, that is recorded and the error path is marked, and
   // the handler leaves with YFW_INVALID_ARGUMENTS and without End.
-  [[nodiscard]] bool has_arguments(const void* in, const void* out) const;
+  [[nodiscard]] bool has_arguments(const yfw_datatree* in, const yfw_datatree* out) const;
 
-  void record(Message message) const { ymap::record(handler_, ctx_, message); }
-  void record(Message message, const char* text) const { ymap::record(handler_, ctx_, message, text); }
-  void record(Message message, const char* text, const char* other) const {
+  void record(MessageWith<0> message) const { ymap::record(handler_, ctx_, message); }
+  void record(MessageWith<1> message, const char* text) const { ymap::record(handler_, ctx_, message, text); }
+  void record(MessageWith<2> message, const char* text, const char* other) const {
     ymap::record(handler_, ctx_, message, text, other);
   }
 
   // Records a failed platform call with the handler's name and the text of its code.
-  void record_failed_call(Message message, cerrno status) const;
+  void record_failed_call(MessageWith<2> message, cerrno status) const;
 
   // Records End and answers `status`.
   [[nodiscard]] cerrno end(cerrno status) const {
-    record(Message::kEnd);
+    record(message::kEnd);
     return status;
   }
 
   // Records an error or event, then End, and answers `status`.
-  [[nodiscard]] cerrno end_with(Message message, cerrno status) const {
+  [[nodiscard]] cerrno end_with(MessageWith<0> message, cerrno status) const {
     record(message);
     return end(status);
   }
@@ -152,8 +103,8 @@ cerrno run_in_frame(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree*
 }  // namespace ymap
 
 // Defines the identity of the function it stands in, as the local `handler`.
-#define YMAP_HANDLER_IDENTITY(NAME, PROTOTYPE, SITES)                                                   \
-  static constinit auto site_words = ymap::unset_words<SITES>();                                        \
+#define YMAP_HANDLER_IDENTITY(NAME, PROTOTYPE)                                                          \
+  static constinit auto site_words = ymap::unset_words();                                               \
   static constexpr ymap::Handler handler {                                                              \
     .name = #NAME, .file = __FILE__, .line = __LINE__, .prototype = PROTOTYPE, .words = site_words.word \
   }
@@ -164,22 +115,22 @@ cerrno run_in_frame(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree*
 
 // Stamps an exported function out of a row: its body is one call of an engine function with the row as data. The row is
 // what stands behind the engine function's name.
-#define YMAP_STAMP_NODE(NAME, SITES, RUN, ...)                              \
+#define YMAP_STAMP_NODE(NAME, RUN, ...)                                     \
   cerrno NAME(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) { \
-    YMAP_HANDLER_IDENTITY(NAME, YMAP_NODE_PROTOTYPE(NAME), SITES);          \
+    YMAP_HANDLER_IDENTITY(NAME, YMAP_NODE_PROTOTYPE(NAME));                 \
     static constexpr auto row = __VA_ARGS__;                                \
     return RUN(handler, row, ctx, in, out);                                 \
   }
 
 // The same for a function that needs no row.
-#define YMAP_STAMP_PLAIN_NODE(NAME, SITES, RUN)                             \
+#define YMAP_STAMP_PLAIN_NODE(NAME, RUN)                                    \
   cerrno NAME(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) { \
-    YMAP_HANDLER_IDENTITY(NAME, YMAP_NODE_PROTOTYPE(NAME), SITES);          \
+    YMAP_HANDLER_IDENTITY(NAME, YMAP_NODE_PROTOTYPE(NAME));                 \
     return RUN(handler, ctx, in, out);                                      \
   }
 
 #define YMAP_STAMP_CONTAINER(NAME, RUN)                                                                     \
   cerrno NAME(yfw_map_ctx ctx, const yfw_datatree* in, unsigned int /* child_count */, yfw_datatree* out) { \
-    YMAP_HANDLER_IDENTITY(NAME, YMAP_CONTAINER_PROTOTYPE(NAME), ymap::kFrameSites);                         \
+    YMAP_HANDLER_IDENTITY(NAME, YMAP_CONTAINER_PROTOTYPE(NAME));                                            \
     return RUN(handler, ctx, in, out);                                                                      \
   }

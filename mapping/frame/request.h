@@ -20,12 +20,19 @@ inline bool is_read(yfw_map_ctx ctx) {
   return operation == YFW_REQUEST_READ_CONFIG || operation == YFW_REQUEST_READ_STATE;
 }
 
-// Replaces the request's error tag by a copy of `tag`; the old one is freed. Without request state nothing is stored.
+// Replaces the request's error tag by a copy of `tag`, which may be null; the old one is freed. Without request state
+// nothing is stored.
 void store_error_tag(yfw_map_ctx ctx, const char* tag);
 
 // The one place where an input node becomes writable: walkers mark nodes, and hide and restore what they found.
 inline yfw_datatree& writable(const yfw_datatree* node) {
   return *const_cast<yfw_datatree*>(node);
+}
+
+// Gives a node another edit operation and marks that it was changed.
+inline void change_operation(yfw_datatree& node, std::uint32_t operation) {
+  node.operation = operation;
+  node.flags |= YFW_FLAG_OPERATION_CHANGED;
 }
 
 // Sets a mark of the request and puts back what it was.

@@ -15,7 +15,7 @@ cerrno handle_config_leaf(const Handler& handler, const ConfigLeaf& row, yfw_map
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
   if (is_read(ctx)) return run.end(ask_for(ctx, out, row.target, row.ns, in->value, 0, row.last_flag));
-  NativeText buffer;
+  ShortText buffer;
   NativeValue value;
   if (yfw_map_is_request_delete(in) == 0) {
     value = row.convert != nullptr ? row.convert(run, ctx, *in, buffer) : NativeValue{.text = in->value};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/handler.h"
+#include "frame/texts.h"
 
 namespace ymap {
 
@@ -12,13 +13,8 @@ struct NativeValue {
   bool abandoned = false;  // a failed string operation: the handler leaves at once, without an End record
 };
 
-// The text of the longest native value that a conversion writes, with its terminator, and a buffer for one.
-struct NativeText {
-  char text[10] = {};
-};
-
 // Makes the native value of a leaf that is set. `buffer` holds the text that the result points to.
-using ToNative = NativeValue(const Activation& run, yfw_map_ctx ctx, const yfw_datatree& leaf, NativeText& buffer);
+using ToNative = NativeValue(const Activation& run, yfw_map_ctx ctx, const yfw_datatree& leaf, ShortText& buffer);
 
 // A configuration leaf with one native target.
 struct ConfigLeaf {

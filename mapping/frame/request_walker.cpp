@@ -31,22 +31,17 @@ class Replace {
         children_(node),
         flags_(request.replace_flags, request.replace_flags | YFW_REPLACE_FIRST_PASS),
         restore_(request.replace_restore, 1) {
-    work_with(YFW_OPERATION_REMOVE);
+    change_operation(node, YFW_OPERATION_REMOVE);
   }
 
   void begin_second_pass() {
-    work_with(YFW_OPERATION_NONE);
+    change_operation(node_, YFW_OPERATION_NONE);
     request_.replace_flags |= YFW_REPLACE_SECOND_PASS;
     request_.replace_flags &= ~std::uint32_t{YFW_REPLACE_FIRST_PASS};
     children_.show();
   }
 
  private:
-  void work_with(std::uint32_t operation) {
-    node_.operation = operation;
-    node_.flags |= YFW_FLAG_OPERATION_CHANGED;
-  }
-
   yfw_request_state& request_;
   yfw_datatree& node_;
   OperationScope operation_;
@@ -67,6 +62,8 @@ class Walk {
  protected:
   [[nodiscard]] bool expanding() const { return request_.whole_subtree == 1; }
 
+  [[nodiscard]] bool key_is_pending() const { return request_.key_pending != YFW_KEY_PENDING_NONE; }
+
   // Makes a node the current position. Under an expansion the position is that of the node that is expanded.
   void enter(std::optional<HierarchyEntry>& entry, yfw_datatree& node, int kind, std::uint32_t node_kind) const {
     if (expanding()) return;
@@ -81,9 +78,16 @@ class Walk {
   }
 
   // A handler's "skip" ends the walk at once, except in a replace, which goes on to the end of its pass.
-  cerrno skip() {
-    left_at_skip_ = !replace_is_running(request_);
-    return YFW_OK;
+  void note_skip() { left_at_skip_ = !replace_is_running(request_); }
+
+  // Runs `pass(count)` over the children that the node names: once, or for a replace twice, first without them.
+  template <typename Pass>
+  cerrno run_passes(unsigned int count, Pass pass) {
+    if (node_.operation != YFW_OPERATION_REPLACE) return pass(count);
+    Replace replace(request_, node_);
+    if (const cerrno status = pass(0); status != YFW_OK) return status;
+    replace.begin_second_pass();
+    return pass(count);
   }
 
   // Whether the request asks for, or deletes, all of the node.
@@ -94,6 +98,10 @@ class Walk {
   }
 
   cerrno dispatch(const yfw_datatree& child) const {
+    if (child.tag == nullptr) {
+      run_.record(message::kTagMissing);
+      return YFW_MALFORMED_TREE;
+    }
     for (const RequestChild& known : table_.children) {
       if (yfw_map_do_these_match(child.tag, known.tag) != 0 && passes(known.gate)) {
         return known.walk(ctx_, &child, out_);
@@ -101,10 +109,10 @@ class Walk {
     }
     if (yfw_map_do_these_match(child.ns, table_.ns) == 0) return table_.parse_augments(ctx_, &child, out_);
     if (is_read(ctx_)) return YFW_OK;
-    return refuse(Message::kUnsupportedTag, child.tag, YFW_UNSUPPORTED_NODE);
+    return refuse(message::kUnsupportedTag, child.tag, YFW_UNSUPPORTED_NODE);
   }
 
-  cerrno refuse(Message message, const char* tag, cerrno status) const {
+  cerrno refuse(MessageWith<0> message, const char* tag, cerrno status) const {
     run_.record(message);
     store_error_tag(ctx_, tag);
     yfw_oc_error_path(ctx_);
@@ -136,33 +144,34 @@ class ContainerWalk : public Walk {
                 yfw_datatree* out)
       : Walk(run, row.node, ctx, node, out), row_(row) {}
 
+  // Refuses a delete that names what it deletes.
+  [[nodiscard]] cerrno check(unsigned int named) const {
+    if (!row_.refuses_delete_with_subtree || named == 0 || expanding() || key_is_pending()) return YFW_OK;
+    if (yfw_map_is_request_delete(&node_) == 0) return YFW_OK;
+    run_.record(message::kDeleteWithSubtree);
+    return YFW_INVALID_ARGUMENTS;
+  }
+
   cerrno walk(unsigned int named) {
     std::optional<HierarchyEntry> entry;
     enter(entry, node_, YFW_HIERARCHY_CONTAINER, YFW_NODE_CONTAINER);
-    if (node_.operation != YFW_OPERATION_REPLACE) return pass(visited(named));
-    Replace replace(request_, node_);
-    if (const cerrno status = pass(0); status != YFW_OK) return status;
-    replace.begin_second_pass();
-    return pass(visited(named));
+    return run_passes(visited(named), [this](unsigned int count) { return pass(count); });
   }
 
  private:
   cerrno pass(unsigned int count) {
     cerrno status = row_.handler(ctx_, &node_, count, out_);
-    if (status == YFW_SKIP_SUBTREE) return skip();
+    if (status == YFW_SKIP_SUBTREE) {
+      note_skip();
+      return YFW_OK;
+    }
     if (status != YFW_OK) return status;
-    for (unsigned int i = 0; i < count && status == YFW_OK; ++i) status = dispatch_tagged(node_.children[i]);
+    for (unsigned int i = 0; i < count && status == YFW_OK; ++i) status = dispatch(node_.children[i]);
     expand_on_content_matches();
     if (count == 0 || (request_.filter_bits & YFW_FILTER_EXPAND) != 0) {
       if (takes_whole_node()) expand();
     }
     return status;
-  }
-
-  cerrno dispatch_tagged(const yfw_datatree& child) const {
-    if (child.tag != nullptr) return dispatch(child);
-    run_.record(Message::kTagMissing);
-    return YFW_MALFORMED_TREE;
   }
 
   // A container that names content matches and no selection is asked for as a whole.
@@ -189,17 +198,20 @@ class ListWalk : public Walk {
   ListWalk(const Activation& run, const RequestList& row, yfw_map_ctx ctx, yfw_datatree& node, yfw_datatree* out)
       : Walk(run, row.node, ctx, node, out), row_(row) {}
 
+  // Refuses an entry without children where its key would be checked.
+  [[nodiscard]] cerrno check(unsigned int named) const {
+    if (named != 0 || expanding() || key_is_pending() || !checks_keys(operation_of(ctx_))) return YFW_OK;
+    run_.record(message::kKeysMissing);
+    return YFW_MALFORMED_TREE;
+  }
+
   cerrno walk(unsigned int named) {
     std::optional<HierarchyEntry> entry;
     enter(entry, node_, YFW_HIERARCHY_LIST, YFW_NODE_LIST_ENTRY);
     if (const cerrno status = yfw_map_update_current_list_node(ctx_, row_.path); status != YFW_OK) return status;
     const unsigned int count = visited(named);
     if (const cerrno status = scan_keys(count); status != YFW_OK) return status;
-    if (node_.operation != YFW_OPERATION_REPLACE) return pass(count);
-    Replace replace(request_, node_);
-    if (const cerrno status = pass(0); status != YFW_OK) return status;
-    replace.begin_second_pass();
-    return pass(count);
+    return run_passes(count, [this](unsigned int passed) { return pass(passed); });
   }
 
  private:
@@ -225,14 +237,14 @@ class ListWalk : public Walk {
       ++keys_.leaves;
       if ((child.flags & YFW_FLAG_VALUE) != 0) ++keys_.valued;
     }
-    if (expanding() || request_.key_pending != YFW_KEY_PENDING_NONE || keys_are_usable()) return YFW_OK;
-    return refuse(Message::kKeyInvalid, row_.key, YFW_BAD_LIST_KEY);
+    if (expanding() || key_is_pending() || keys_are_usable()) return YFW_OK;
+    return refuse(message::kKeyInvalid, row_.key, YFW_BAD_LIST_KEY);
   }
 
   cerrno check_leafref(const yfw_datatree& key) const {
     if (!checks_keys(operation_of(ctx_))) return YFW_OK;
     const cerrno status = yfw_map_check_oc_leafref(ctx_, row_.path, "config", key.tag, &node_);
-    if (status != YFW_OK) run_.record(Message::kLeafrefRefused);
+    if (status != YFW_OK) run_.record(message::kLeafrefRefused);
     return status;
   }
 
@@ -245,7 +257,9 @@ class ListWalk : public Walk {
   cerrno pass(unsigned int count) {
     const std::uint16_t depth = yfw_map_util_itree_stack_size(ctx_);
     const cerrno answer = call_handler(count);
-    cerrno status = answer == YFW_SKIP_SUBTREE ? skip() : answer;
+    const bool skips = answer == YFW_SKIP_SUBTREE;
+    if (skips) note_skip();
+    cerrno status = skips ? YFW_OK : answer;
     if (answer == YFW_OK) status = dispatch_children(node_, count);
     if (answer == YFW_OK && status == YFW_OK) status = walk_further_entries(depth);
     for (std::uint16_t size = yfw_map_util_itree_stack_size(ctx_); size > depth; --size) {
@@ -270,11 +284,8 @@ class ListWalk : public Walk {
     cerrno status = YFW_OK;
     for (unsigned int i = 0; i < count && status == YFW_OK; ++i) {
       const yfw_datatree& child = entry.children[i];
-      if (child.tag == nullptr) {
-        run_.record(Message::kTagMissing);
-        return YFW_MALFORMED_TREE;
-      }
-      status = yfw_map_do_these_match(child.tag, row_.key) != 0 ? dispatch_key(child) : dispatch(child);
+      const bool is_key = child.tag != nullptr && yfw_map_do_these_match(child.tag, row_.key) != 0;
+      status = is_key ? dispatch_key(child) : dispatch(child);
     }
     return status;
   }
@@ -282,10 +293,10 @@ class ListWalk : public Walk {
   // A key is judged by its own operation: under an entry that is removed every key is being deleted.
   cerrno dispatch_key(const yfw_datatree& key) const {
     if (key.operation == YFW_OPERATION_DELETE || key.operation == YFW_OPERATION_REMOVE) {
-      return refuse(Message::kKeyDeleted, row_.key, YFW_LIST_KEY_DELETED);
+      return refuse(message::kKeyDeleted, row_.key, YFW_LIST_KEY_DELETED);
     }
     if (checks_keys(operation_of(ctx_)) && (key.flags & YFW_FLAG_VALUE) == 0) {
-      return refuse(Message::kKeyEmpty, row_.key, YFW_BAD_LIST_KEY);
+      return refuse(message::kKeyEmpty, row_.key, YFW_BAD_LIST_KEY);
     }
     return row_.key_leaf(ctx_, &key, out_);
   }
@@ -306,7 +317,7 @@ class ListWalk : public Walk {
   cerrno walk_further_entry(yfw_datatree& further, yfw_itree_callback callback) const {
     const std::optional<unsigned int> count = named_children(further);
     if (!count) {
-      run_.record(Message::kSubtreesMissing);
+      run_.record(message::kSubtreesMissing);
       return YFW_MALFORMED_TREE;
     }
     std::optional<HierarchyEntry> entry;
@@ -338,38 +349,30 @@ class ListWalk : public Walk {
   Keys keys_;
 };
 
-}  // namespace
-
-cerrno walk_container(const Handler& handler, const RequestContainer& row, yfw_map_ctx ctx, const yfw_datatree* in,
-                      yfw_datatree* out) {
+// The frame around a walk: arguments and children are checked first, and End is recorded unless the walk left at a
+// skip.
+template <typename NodeWalk, typename Row>
+cerrno walk_node(const Handler& handler, const Row& row, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
   const std::optional<unsigned int> named = named_children(*in);
-  if (!named) return run.end_with(Message::kSubtreesMissing, YFW_MALFORMED_TREE);
-  const yfw_request_state& request = *ctx->request;
-  if (row.refuses_delete_with_subtree && request.whole_subtree != 1 && *named != 0 &&
-      request.key_pending == YFW_KEY_PENDING_NONE && yfw_map_is_request_delete(in) != 0) {
-    return run.end_with(Message::kDeleteWithSubtree, YFW_INVALID_ARGUMENTS);
-  }
-  ContainerWalk walk(run, row, ctx, writable(in), out);
+  if (!named) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
+  NodeWalk walk(run, row, ctx, writable(in), out);
+  if (const cerrno status = walk.check(*named); status != YFW_OK) return run.end(status);
   const cerrno status = walk.walk(*named);
   return walk.left_at_skip() ? status : run.end(status);
 }
 
+}  // namespace
+
+cerrno walk_container(const Handler& handler, const RequestContainer& row, yfw_map_ctx ctx, const yfw_datatree* in,
+                      yfw_datatree* out) {
+  return walk_node<ContainerWalk>(handler, row, ctx, in, out);
+}
+
 cerrno walk_list_entry(const Handler& handler, const RequestList& row, yfw_map_ctx ctx, const yfw_datatree* in,
                        yfw_datatree* out) {
-  const Activation run(handler, ctx);
-  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  const std::optional<unsigned int> named = named_children(*in);
-  if (!named) return run.end_with(Message::kSubtreesMissing, YFW_MALFORMED_TREE);
-  const yfw_request_state& request = *ctx->request;
-  if (*named == 0 && request.whole_subtree != 1 && request.key_pending == YFW_KEY_PENDING_NONE &&
-      checks_keys(operation_of(ctx))) {
-    return run.end_with(Message::kKeysMissing, YFW_MALFORMED_TREE);
-  }
-  ListWalk walk(run, row, ctx, writable(in), out);
-  const cerrno status = walk.walk(*named);
-  return walk.left_at_skip() ? status : run.end(status);
+  return walk_node<ListWalk>(handler, row, ctx, in, out);
 }
 
 cerrno walk_leaf(const Handler& handler, const RequestLeaf& row, yfw_map_ctx ctx, const yfw_datatree* in,

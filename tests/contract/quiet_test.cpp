@@ -11,8 +11,9 @@
 #include <string>
 #include <vector>
 
-#include "oclacp/openconfig_lacp.h"
+#include "oclacp/lifecycle.h"
 #include "support/platform.h"
+#include "support/registrations.h"
 #include "support/scenario.h"
 
 namespace {
@@ -100,6 +101,10 @@ struct Sinks {
 
 Counts counts_of(const std::string& file, Sinks sinks) {
   const support::Scenario scenario = support::read_scenario(file);
+  const yfw_map_walker walk = support::entry_walker(
+      support::registered({yfw_map_reg_oclacp_lacpbundles_conf, yfw_map_reg_oclacp_lacpbundles_oper,
+                           yfw_map_reg_oclacp_lacpbundles_global_conf, yfw_map_reg_oclacp_lacpglobaldata_oper}),
+      scenario.root);
   support::Platform platform;
   platform.set_logging(sinks.logging);
   platform.set_tracing(sinks.tracing);
@@ -107,7 +112,7 @@ Counts counts_of(const std::string& file, Sinks sinks) {
   support::Request request(scenario.root);
   counts = {};
   counting = true;
-  ymap_oq_oclacp_openconfiglacp_lvla_lacp(platform.ctx(), request.root(), platform.output());
+  walk(platform.ctx(), request.root(), platform.output());
   counting = false;
   counts.traced = platform.count("_lstrace");
   EXPECT_EQ(counts.traced != 0, sinks.tracing);

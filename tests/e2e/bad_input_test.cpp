@@ -54,8 +54,9 @@ TEST(BadExamplesFolder, IsCoveredByTheTestsAbove) {
 }
 
 TEST(BadInput, DocumentsOf50MegabytesAreRefused) {
-  expect_refusal(translate(R"({"openconfig-lacp:lacp": {)" + std::string(50'000'000, ' ') + "}}"),
-                 "the request: longer than 32 MiB");
+  std::string blanks;
+  blanks.resize(50'000'000, ' ');
+  expect_refusal(translate(R"({"openconfig-lacp:lacp": {)" + blanks + "}}"), "the request: longer than 32 MiB");
 }
 
 TEST(BadInput, DocumentsOf10000LevelsAreRefused) {

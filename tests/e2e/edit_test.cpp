@@ -102,7 +102,7 @@ TEST_F(Device, ACanonicalDeviceReadsTheFastPeriodBack) {
 }
 
 TEST_F(Device, ADeviceThatKeepsWhatIsWrittenKeepsTheFastPeriodAsOne) {
-  write(R"({"oclacp-platform:platform": {"router-type": 1}})", "platform.json");
+  write(R"({"oclacp-platform:platform": {"router-type": 7}})", "platform.json");
   expect_success(edit(config_of("Bundle-Ether9", R"("interval": "FAST")")));
   EXPECT_THAT(last_lacp(), HasSubstr("\"period\": 1\n"));
   expect_success(edit(config_of("Bundle-Ether9", R"("interval": "FAST")"), {"--expect-no-change"}));

@@ -50,10 +50,11 @@ bool same(const std::string& file, const Lines& actual) {
 
 bool run_case(const support::Module& module, const std::string& folder, bool update) {
   const support::Scenario scenario = support::read_scenario(folder + "/request");
+  const yfw_map_walker walk = module.entry_walker(scenario.root);
   support::Platform platform;
   scenario.apply(platform);
   support::Request request(scenario.root);
-  const cerrno status = module.function(support::kEntryWalker)(platform.ctx(), request.root(), platform.output());
+  const cerrno status = walk(platform.ctx(), request.root(), platform.output());
 
   const Lines calls = support::call_log(platform.calls());
   Lines output = support::output_table(platform.additions());

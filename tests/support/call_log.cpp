@@ -64,12 +64,14 @@ Line next_line(const std::vector<Call>& calls, std::size_t at) {
 }
 
 // Who has started and not ended. A handler that leaves without an End record is dropped when a handler around it ends,
-// or when it took its node off the hierarchy, which is the last thing before the End that it then owes.
+// or when it took its own node, the first that it entered, off the hierarchy: after that it has little to do before the
+// End that it then owes.
 class Indent {
  public:
   [[nodiscard]] std::size_t depth() const { return running_.size(); }
 
   void before(const std::string& line) {
+    if (line.starts_with("yfw_remove_from_output_list_ctx")) return;
     const bool ends = records(line, ": End");
     if (left_ && !(ends && handler_of(line) == running_.back())) running_.pop_back();
     left_ = false;
@@ -80,9 +82,10 @@ class Indent {
     if (records(line, ": Start")) running_.push_back(handler_of(line));
     if (line.starts_with("yfw_map_add_to_node_hierarchy ")) entered_.push_back(running_.size());
     if (line.starts_with("yfw_map_remove_from_node_hierarchy ") && !entered_.empty()) {
-      running_.resize(std::min(running_.size(), entered_.back()));
+      const std::size_t depth = entered_.back();
       entered_.pop_back();
-      left_ = !running_.empty();
+      running_.resize(std::min(running_.size(), depth));
+      left_ = !running_.empty() && (entered_.empty() || entered_.back() != depth);
     }
   }
 
@@ -103,7 +106,8 @@ class Indent {
 };
 
 const char* operation_name(const Addition& addition) {
-  if (addition.source == nullptr) return "read";
+  if (!addition.key.empty()) return "entry";
+  if (addition.source == nullptr) return addition.ns == kOpenconfigLacp ? "report" : "read";
   switch (addition.operation) {
     case YFW_OPERATION_NONE:
       return "merge";
@@ -139,11 +143,12 @@ std::vector<std::string> output_table(const std::vector<Addition>& additions) {
   std::vector<std::string> lines;
   for (const Addition& addition : additions) {
     std::string line = std::string(operation_name(addition)) + " " + addition.path;
+    if (!addition.key.empty()) line += "[" + addition.key + "]";
     line += addition.value ? " = " + shown(addition.value->c_str()) : "";
     line += "  (" + shown_namespace(addition.ns.c_str());
     if (addition.list_flag != 0) line += ", list " + std::to_string(addition.list_flag);
     if (addition.last_flag != 0) line += ", last " + std::to_string(addition.last_flag);
-    if (addition.word != 0) line += ", word " + std::to_string(addition.word);
+    if (addition.word != 0) line += ", extra word";
     lines.push_back(line + ")");
   }
   return lines;

@@ -16,7 +16,9 @@ namespace support {
 // - Comparisons of one tag with one expected tag after the other are one line, with '=' before the one that matched.
 std::vector<std::string> call_log(const std::vector<Call>& calls);
 
-// The added paths, one a line: the edit operation, path, value, module, list flag and last flag.
+// The added paths, one a line: the edit operation, path, value, module, list flag and last flag. Without a source node
+// it is "read" for a native path, which is asked for, and "report" for an OpenConfig one; "entry" is a list entry that
+// was found or created by its key.
 std::vector<std::string> output_table(const std::vector<Addition>& additions);
 
 }  // namespace support

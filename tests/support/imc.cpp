@@ -16,11 +16,32 @@ imc_handle yfw_ocifmgr_im_conn = reinterpret_cast<imc_handle>(&yfw_ocifmgr_im_co
 
 namespace {
 
+// The connection that a module binds for itself.
+char module_connection;
+
 void require_connection(Invocation& call, imc_handle connection) {
   call.require(connection == yfw_ocifmgr_im_conn, "not the framework's connection");
 }
 
 }  // namespace
+
+cerrno imc_db_bind(const uint32_t* kind, uint32_t mode, imc_handle* connection) {
+  Invocation call("imc_db_bind");
+  call.require(kind != nullptr && *kind == IMC_BIND_KIND, "binds another kind");
+  call.require(mode == IMC_BIND_MODE, "binds in another mode");
+  call.require(*connection == nullptr, "binds a connection that is bound");
+  return call.status([&] {
+    *connection = reinterpret_cast<imc_handle>(&module_connection);
+    return YFW_OK;
+  });
+}
+
+cerrno imc_db_unbind(imc_handle* connection, uint32_t zero) {
+  Invocation call("imc_db_unbind");
+  call.require(*connection == reinterpret_cast<imc_handle>(&module_connection), "not the module's connection");
+  call.require(zero == 0, "an argument is not zero");
+  return call.status([] { return YFW_OK; });
+}
 
 cerrno imc_interface_find(imc_handle connection, uint32_t key_kind, const imc_interface_key* key, uint32_t zero,
                           const imc_interface_attributes* attributes) {

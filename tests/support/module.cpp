@@ -4,6 +4,10 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <type_traits>
+#include <vector>
+
+#include "support/registrations.h"
 
 namespace support {
 namespace {
@@ -24,10 +28,17 @@ Module::~Module() {
   if (dlopen(file_.c_str(), RTLD_NOW | RTLD_NOLOAD) != nullptr) refuse("the module stays loaded");
 }
 
-NodeFunction Module::function(const char* name) const {
+void* Module::address(const char* name) const {
   void* const symbol = dlsym(handle_, name);
   if (symbol == nullptr) refuse(dlerror());
-  return reinterpret_cast<NodeFunction>(symbol);
+  return symbol;
+}
+
+yfw_map_walker Module::entry_walker(const Node& root) const {
+  std::vector<RegistrationFunction> functions;
+  for (const char* name : kRegistrations)
+    functions.push_back(symbol<std::remove_pointer_t<RegistrationFunction>>(name));
+  return support::entry_walker(registered(functions), root);
 }
 
 }  // namespace support

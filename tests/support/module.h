@@ -3,12 +3,10 @@
 
 #include <string>
 
-#include "yfw/context.h"
-#include "yfw/datatree.h"
+#include "support/request.h"
+#include "yfw/registration.h"
 
 namespace support {
-
-using NodeFunction = cerrno (*)(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
 // The entry walker of requests against /lacp.
 inline constexpr char kEntryWalker[] = "ymap_oq_oclacp_openconfiglacp_lvla_lacp";
@@ -22,10 +20,19 @@ class Module {
   Module(const Module&) = delete;
   Module& operator=(const Module&) = delete;
 
-  // An exported function. A missing one ends the process.
-  [[nodiscard]] NodeFunction function(const char* name) const;
+  // An exported function or variable, by its address. A missing one ends the process.
+  template <typename Type>
+  [[nodiscard]] Type* symbol(const char* name) const {
+    return reinterpret_cast<Type*>(address(name));
+  }
+
+  // The walker that the module registers for trees with this root. A root of no registration ends the process; there
+  // must be no Platform yet.
+  [[nodiscard]] yfw_map_walker entry_walker(const Node& root) const;
 
  private:
+  [[nodiscard]] void* address(const char* name) const;
+
   std::string file_;
   void* handle_;
 };

@@ -30,6 +30,7 @@ Platform::Platform() : outer_(std::exchange(current_platform, this)) {
   context_.trace_log = reinterpret_cast<yfw_log_stream*>(&context_.trace_log);
   context_.trace_buffer = reinterpret_cast<yfw_trace_buffer*>(&context_.trace_buffer);
   context_.trace_enabled = 1;
+  yfw_intf_mgbl_connid = nullptr;
 }
 
 Platform::~Platform() {
@@ -68,7 +69,8 @@ std::optional<std::uint32_t> Platform::scripted(const Call& call, bool fallible)
     if (action.function == call.function && ++action.matched == action.nth) action.run();
   }
   if (fallible && ++fallible_calls_ == fault_at_) {
-    fault_ = Fault{call, state_.whole_subtree, state_.replace_flags, !seen_.connections.empty()};
+    const std::string handler = seen_.records.empty() ? "" : seen_.records.back().handler;
+    fault_ = Fault{call, handler, state_.whole_subtree, state_.replace_flags, !seen_.connections.empty()};
     return fault_answer_;
   }
   for (Rule& rule : rules_) {

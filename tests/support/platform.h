@@ -34,6 +34,7 @@ inline constexpr char kBundlemgrOper[] = "urn:talvo-brin:yang:Talvo-Brin-QD-bund
 inline constexpr cerrno kStringRefused = 0x0b000001;     // a bounded string operation: missing text, or it does not fit
 inline constexpr cerrno kInterfaceUnknown = 0x0b000002;  // the interface manager knows no such interface
 inline constexpr cerrno kListExhausted = 0x0b000003;     // the data store's list has no further item
+inline constexpr cerrno kNodeUnknown = 0x0b000004;       // no node around the current one has such a leaf
 
 // One call of a platform operation.
 struct Call {
@@ -59,9 +60,10 @@ struct Record {
   int line = 0;                            // trace buffer
 };
 
-// One path that was added to the output.
+// One path that was added to the output, or one list entry that was found there or created.
 struct Addition {
   std::string path;
+  std::string key = {};  // of an entry: its key leaf and the key, as "name=value"
   std::string ns;
   std::optional<std::string> value;
   const yfw_datatree* source;
@@ -82,6 +84,7 @@ struct Interface {
 // A fault that was injected: the call, and what held at that time.
 struct Fault {
   Call call;
+  std::string handler;          // that of the last record before it
   std::uint32_t whole_subtree;  // the request's mark
   std::uint32_t replace_flags;  // the request's mark
   bool store_is_open;           // a connection to the data store
@@ -107,6 +110,7 @@ struct Seen {
   std::vector<std::pair<const yfw_datatree*, int>> hierarchy;
   std::vector<yfw_itree_entry> itree_stack;
   std::vector<const yfw_datatree*> output_list;
+  bool registration_is_open = false;  // of records
 
   // Copies made with yfw_strdup() that were not freed; the one in the error-tag field is among them.
   std::set<const void*> copies;
@@ -149,7 +153,13 @@ class Platform {
   std::map<std::string, Interface> interfaces;       // by entry form
   std::map<std::string, std::string> display_names;  // by data-store element; others get '/' for '_'
   std::set<std::string> lacp_interfaces;             // for which LACP is configured
-  std::map<std::string, std::string> node_info;      // answers of yfw_map_get_node_info(), by "path/leaf"
+  std::uint32_t router_type = 8;
+
+  // Answers of yfw_map_get_node_info(), by "path/leaf". What is not here is looked up on the hierarchy.
+  std::map<std::string, std::string> node_info;
+
+  // Whether the output list takes the entries that it is given. One that does not keeps its count.
+  bool output_list_grows = true;
 
   void add_physical(const std::string& entry_name);
   void add_virtual(const std::string& entry_name);

@@ -7,6 +7,8 @@
 #include <sstream>
 #include <string_view>
 
+#include "support/invocation.h"
+
 namespace support {
 namespace {
 
@@ -28,10 +30,35 @@ std::uint32_t number(const std::string& text) {
 
 // The facts and how many arguments each takes.
 const std::map<std::string, std::size_t>& fact_arguments() {
-  static const std::map<std::string, std::size_t> arguments = {{"operation", 1}, {"physical", 1},      {"virtual", 1},
-                                                               {"store", 1},     {"store-library", 1}, {"key-gate", 2},
-                                                               {"fail", 3}};
+  static const std::map<std::string, std::size_t> arguments = {
+      {"operation", 1},      {"physical", 1}, {"virtual", 1},  {"store", 1}, {"store-library", 1},
+      {"interface-lacp", 1}, {"option", 2},   {"key-gate", 2}, {"fail", 3}};
   return arguments;
+}
+
+// Namespaces by the names that call logs give them.
+std::string namespace_of(const std::string& word) {
+  for (const char* ns : {kOpenconfigLacp, kIfmgrCfg, kBundlemgrCfg, kBundlemgrOper}) {
+    if (shown_namespace(ns) == word) return ns;
+  }
+  return word;
+}
+
+void set_option(yfw_request_descriptor& descriptor, const std::string& field, std::uint32_t value) {
+  const std::map<std::string, std::uint8_t*> groups = {
+      {"options_584", &descriptor.options_584}, {"options_5b0", &descriptor.options_5b0},
+      {"options_5c8", &descriptor.options_5c8}, {"options_5d0", &descriptor.options_5d0},
+      {"options_610", &descriptor.options_610}, {"options_634", &descriptor.options_634},
+      {"options_638", &descriptor.options_638}, {"options_8fa", &descriptor.options_8fa}};
+  if (field == "options_60c") {
+    descriptor.options_60c = value;
+  } else if (field == "option_mode") {
+    descriptor.option_mode = value;
+  } else if (groups.count(field) != 0) {
+    *groups.at(field) = static_cast<std::uint8_t>(value);
+  } else {
+    refuse(field, "unknown option");
+  }
 }
 
 void annotate(Node& node, const std::string& annotation, const std::string& line) {
@@ -43,7 +70,7 @@ void annotate(Node& node, const std::string& annotation, const std::string& line
   if (words.size() == 1 && operations.count(words[0]) != 0) {
     node.operation = operations.at(words[0]);
   } else if (words.size() == 2 && words[0] == "ns") {
-    node.ns = words[1];
+    node.ns = namespace_of(words[1]);
   } else {
     refuse(line, "unknown annotation");
   }
@@ -127,6 +154,10 @@ void Scenario::apply(Platform& platform) const {
       platform.store_items.push_back(arguments[0]);
     } else if (name == "store-library") {
       platform.store_library_present = arguments[0] != "missing";
+    } else if (name == "interface-lacp") {
+      platform.lacp_interfaces.insert(arguments[0]);
+    } else if (name == "option") {
+      set_option(platform.descriptor(), arguments[0], number(arguments[1]));
     } else if (name == "key-gate") {
       platform.state().key_gate = {.word = number(arguments[0]),
                                    .level = static_cast<std::uint8_t>(number(arguments[1]))};

@@ -6,13 +6,17 @@
 //     virtual Bundle-Ether1            the same, virtual
 //     store Bundle-Ether1/lacp/        an item of the data store
 //     store-library missing            the data-store client is not on the device
+//     interface-lacp Bundle-Ether1     an interface on which LACP is configured, by its name
+//     option options_584 0x0f          a field of the request descriptor: an option group, or option_mode
 //     key-gate 1 2                     the pair that the framework keeps for reads
 //     fail yfw_strcpy_s 1 0x0b0000ff   the first call of an operation answers this
 //
 //     lacp                             the tree: children are indented by two blanks
 //       config [delete]                edit operations: [create] [delete] [remove] [replace]
 //         system-priority = 100        a leaf with a value; without '=' it has none
-//         other [ns urn:other]         a node of another namespace; its children are in it too
+//         other [ns urn:other]         a node of another namespace; its children are in it too. The models' namespaces
+//                                      have short names: openconfig-lacp (the root's when it is not said), ifmgr-cfg,
+//                                      bundlemgr-cfg, bundlemgr-oper
 #pragma once
 
 #include <cstdint>

@@ -13,6 +13,8 @@
 using support::Invocation;
 using support::shown;
 
+sysdb_handle yfw_intf_mgbl_connid = nullptr;
+
 namespace {
 
 // Handles are opaque to the module; none is given twice.

@@ -18,6 +18,19 @@ void require_output(Invocation& call, const yfw_datatree* output) {
   call.require(output == call.platform().output(), "not the request's output");
 }
 
+// The value of a leaf of the node on the hierarchy that has a path, or null.
+const char* value_on_hierarchy(const support::Platform& platform, std::string_view path, std::string_view leaf) {
+  std::string current;
+  for (const auto& [node, kind] : platform.seen().hierarchy) {
+    current += "/" + shown(node);
+    if (current != path || (node->flags & YFW_FLAG_SUBTREE) == 0) continue;
+    for (unsigned int i = 0; i < node->child_count; ++i) {
+      if (shown(&node->children[i]) == leaf) return node->children[i].value;
+    }
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 int yfw_map_do_these_match(const char* one, const char* other) {
@@ -91,8 +104,8 @@ cerrno yfw_map_get_node_info(yfw_map_ctx ctx, const char* path, const char* leaf
   return call.status([&] {
     const auto& answers = call.platform().node_info;
     const auto found = answers.find(std::string(path) + "/" + leaf);
-    *value = found == answers.end() ? nullptr : found->second.c_str();
-    return YFW_OK;
+    *value = found != answers.end() ? found->second.c_str() : value_on_hierarchy(call.platform(), path, leaf);
+    return *value != nullptr ? YFW_OK : support::kNodeUnknown;
   });
 }
 
@@ -126,8 +139,18 @@ cerrno yfw_map_search_or_add_list(yfw_map_ctx ctx, yfw_datatree* output, yfw_dat
   call.arguments({shown(list_path), shown(key_value), shown(key_name), support::shown_namespace(ns)});
   require_context(call, ctx);
   require_output(call, output);
+  call.require(entry == &call.platform().state().current_list_node, "not the slot of the current list entry");
   return call.status([&] {
     *entry = &call.seen().output_entries.emplace_back();
+    call.seen().additions.push_back({.path = list_path,
+                                     .key = std::string(key_name) + "=" + key_value,
+                                     .ns = ns,
+                                     .value = std::nullopt,
+                                     .source = nullptr,
+                                     .operation = YFW_OPERATION_NONE,
+                                     .word = 0,
+                                     .list_flag = 0,
+                                     .last_flag = 0});
     return YFW_OK;
   });
 }
@@ -135,7 +158,11 @@ cerrno yfw_map_search_or_add_list(yfw_map_ctx ctx, yfw_datatree* output, yfw_dat
 void yfw_add_to_output_list_ctx(yfw_map_ctx ctx, yfw_datatree* output) {
   Invocation call("yfw_add_to_output_list_ctx");
   require_context(call, ctx);
-  call.seen().output_list.push_back(output);
+  require_output(call, output);
+  if (call.platform().output_list_grows) {
+    call.seen().output_list.push_back(output);
+    ++call.platform().state().output_list_count;
+  }
   call.done();
 }
 
@@ -145,7 +172,10 @@ void yfw_remove_from_output_list_ctx(yfw_map_ctx ctx, yfw_datatree* output) {
   auto& list = call.seen().output_list;
   const bool current = !list.empty() && list.back() == output;
   call.require(current, "removes what is not the last entry");
-  if (current) list.pop_back();
+  if (current) {
+    list.pop_back();
+    --call.platform().state().output_list_count;
+  }
   call.done();
 }
 

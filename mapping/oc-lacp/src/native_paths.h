@@ -3,8 +3,10 @@
 
 namespace oclacp {
 
-// Configuration of an interface
+// Configuration of an interface; everything that the mapping writes or asks for is of the class "act"
+inline constexpr char kActiveClass[] = "act";
 inline constexpr char kInterfaceConfiguration[] = "/interface-configurations/interface-configuration";
+inline constexpr char kInterfaceConfigurationEntry[] = "/interface-configurations/interface-configuration/";
 inline constexpr char kInterfaceActive[] = "/interface-configurations/interface-configuration/active";
 inline constexpr char kInterfaceName[] = "/interface-configurations/interface-configuration/interface-name";
 inline constexpr char kInterfaceVirtual[] = "/interface-configurations/interface-configuration/interface-virtual";

@@ -7,7 +7,6 @@
 #include "yfw/strings.h"
 
 using ymap::Handler;
-using ymap::Message;
 
 namespace {
 
@@ -22,12 +21,11 @@ bool flags_allow_virtual(std::uint64_t flags) {
 }  // namespace
 
 void convert_oc_ifname_ifentry(char* ifentry, const char* ifname, yfw_map_ctx ctx) {
-  YMAP_HANDLER_IDENTITY(convert_oc_ifname_ifentry, "void convert_oc_ifname_ifentry(char *, const char *, yfw_map_ctx)",
-                        ymap::kAllSites);
+  YMAP_HANDLER_IDENTITY(convert_oc_ifname_ifentry, "void convert_oc_ifname_ifentry(char *, const char *, yfw_map_ctx)");
   if (ifentry == nullptr || ifname == nullptr) return;
   const cerrno status = yfw_strncpy_s(handler.name, ifentry, kNameSize, ifname, kNameSize);
   if (status != YFW_OK && ctx != nullptr) {
-    ymap::record(handler, ctx, Message::kBoundedCopyFailed, handler.name, cerr_strerror(status));
+    ymap::record(handler, ctx, ymap::message::kBoundedCopyFailed, handler.name, cerr_strerror(status));
   }
   ifentry[OCLACP_IFENTRY_LENGTH] = '\0';
   for (char* at = ifentry; *at != '\0'; ++at) {
@@ -36,14 +34,14 @@ void convert_oc_ifname_ifentry(char* ifentry, const char* ifname, yfw_map_ctx ct
 }
 
 int yfw_lacp_util_is_virtual(const char* ifname, uint32_t* looked_up, yfw_map_ctx ctx) {
-  YMAP_HANDLER_IDENTITY(yfw_lacp_util_is_virtual, "int yfw_lacp_util_is_virtual(const char *, uint32_t *, yfw_map_ctx)",
-                        ymap::kAllSites);
+  YMAP_HANDLER_IDENTITY(yfw_lacp_util_is_virtual,
+                        "int yfw_lacp_util_is_virtual(const char *, uint32_t *, yfw_map_ctx)");
   char ifentry[OCLACP_IFENTRY_CAPACITY] = {};
   convert_oc_ifname_ifentry(ifentry, ifname, ctx);
   char name[kNameSize] = {};
   if (const cerrno status = yfw_strncpy_s(handler.name, name, sizeof name, ifentry, kNameSize); status != YFW_OK) {
     ymap::assert_context(handler, ctx);
-    ymap::record(handler, ctx, Message::kBoundedCopyFailed, handler.name, cerr_strerror(status));
+    ymap::record(handler, ctx, ymap::message::kBoundedCopyFailed, handler.name, cerr_strerror(status));
     return 0;
   }
   std::uint32_t interface_handle = 0;

@@ -27,20 +27,18 @@ YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state_counters
 
 // Nodes that the mapping does not translate
 YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_duck_map_container, ymap::accept_node)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_duck_map_list, ymap::kFrameSites, ymap::accept_unchecked)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_duck_map_leaf, ymap::kFrameSites, ymap::refuse_leaf)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_duck_map_list, ymap::accept_unchecked)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_duck_map_leaf, ymap::refuse_leaf)
 
 // clang-format on
 
 // Leaf handlers
-#define OCLACP_CONFIG_LEAF(NODE, WALKER, HANDLER, TARGET, NS)           \
-  YMAP_STAMP_NODE(HANDLER, ymap::kFrameSites, ymap::handle_config_leaf, \
-                  ConfigLeaf{.target = TARGET, .ns = NS, .last_flag = 0})
+#define OCLACP_CONFIG_LEAF(NODE, WALKER, HANDLER, TARGET, NS) \
+  YMAP_STAMP_NODE(HANDLER, ymap::handle_config_leaf, ConfigLeaf{.target = TARGET, .ns = NS, .last_flag = 0})
 #define OCLACP_STATE_LEAF(NODE, WALKER, HANDLER, TARGET, NS) \
-  YMAP_STAMP_NODE(HANDLER, ymap::kFrameSites, ymap::handle_state_leaf, StateLeaf{.target = TARGET, .ns = NS})
+  YMAP_STAMP_NODE(HANDLER, ymap::handle_state_leaf, StateLeaf{.target = TARGET, .ns = NS})
 #define OCLACP_CONVERTED_LEAF(NODE, WALKER, HANDLER, CONVERTER, TARGET) \
-  YMAP_STAMP_NODE(HANDLER, ymap::kFrameSites, ymap::handle_converted_leaf, ConvertedLeaf{.converter = CONVERTER})
-#define OCLACP_UNSUPPORTED_LEAF(NODE, WALKER, HANDLER) \
-  YMAP_STAMP_PLAIN_NODE(HANDLER, ymap::kFrameSites, ymap::refuse_leaf)
+  YMAP_STAMP_NODE(HANDLER, ymap::handle_converted_leaf, ConvertedLeaf{.converter = CONVERTER})
+#define OCLACP_UNSUPPORTED_LEAF(NODE, WALKER, HANDLER) YMAP_STAMP_PLAIN_NODE(HANDLER, ymap::refuse_leaf)
 #define OCLACP_KEY_LEAF(NODE, WALKER, HANDLER, TARGET, NS)
 #include "ymap_oclacp_openconfig_lacp_leaves.inc"

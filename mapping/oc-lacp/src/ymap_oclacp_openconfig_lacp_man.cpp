@@ -6,6 +6,7 @@
 
 #include "frame/request.h"
 #include "frame/request_handlers.h"
+#include "messages.h"
 #include "models.h"
 #include "native_paths.h"
 #include "oclacp/interface_helpers.h"
@@ -19,14 +20,13 @@ using oclacp::kIfmgrCfg;
 using ymap::Activation;
 using ymap::ConfigLeaf;
 using ymap::Handler;
-using ymap::Message;
-using ymap::NativeText;
 using ymap::NativeValue;
+using ymap::ShortText;
 using ymap::StateLeaf;
 
 namespace {
 
-// ---- Configuration values -------------------------------------------------------------------------------------------
+// ---- Configuration values -----------------------------------------------------------------------------------------
 //
 //   lacp-mode        "ACTIVE" -> "active"; anything else -> "passive"
 //   interval         "FAST" -> "1"; "SLOW" -> "30000"; anything else is refused. The two are not of one unit, which is
@@ -38,55 +38,37 @@ NativeValue abandon(cerrno status) {
   return {.status = status, .abandoned = true};
 }
 
-// Compares with yfw_strcmp_s() without a limit.
-cerrno compare(const Activation& run, const char* value, const char* other, bool& equal) {
-  int difference = 0;
-  const cerrno status = yfw_strcmp_s(run.name(), value, YFW_STRING_NO_LIMIT, other, &difference);
-  equal = status == YFW_OK && difference == 0;
-  return status;
-}
-
 // Puts a native value into the buffer; `failure` is the message for a copy that fails.
-NativeValue copied(const Activation& run, NativeText& buffer, const char* text, Message failure) {
-  const cerrno status = yfw_strcpy_s(run.name(), buffer.text, sizeof buffer.text, text);
-  if (status == YFW_OK) return {.text = buffer.text};
-  run.record_failed_call(failure, status);
-  return abandon(status);
+NativeValue copied(const Activation& run, ShortText& buffer, const char* text, ymap::MessageWith<2> failure) {
+  const cerrno status = ymap::copy(run, buffer, text, failure);
+  return status == YFW_OK ? NativeValue{.text = buffer.text} : abandon(status);
 }
 
-NativeValue native_mode(const Activation& run, yfw_map_ctx /*ctx*/, const yfw_datatree& leaf, NativeText& buffer) {
+NativeValue native_mode(const Activation& run, yfw_map_ctx /*ctx*/, const yfw_datatree& leaf, ShortText& buffer) {
   bool active = false;
-  if (const cerrno status = compare(run, leaf.value, "ACTIVE", active); status != YFW_OK) {
-    run.record_failed_call(Message::kCompareFailed, status);
-    return abandon(status);
-  }
-  return copied(run, buffer, active ? "active" : "passive", Message::kCopyFailed);
+  if (const cerrno status = ymap::compare(run, leaf.value, "ACTIVE", active); status != YFW_OK) return abandon(status);
+  return copied(run, buffer, active ? "active" : "passive", ymap::message::kCopyFailed);
 }
 
 NativeValue refuse_interval(const Activation& run, yfw_map_ctx ctx) {
   yfw_oc_error_path(ctx);
   // A tag that the field already holds is overwritten and not freed here, which is meant.
   ctx->request->error_tag = yfw_strdup("interval", YFW_ALLOCATION_TAG);
-  run.record(Message::kIntervalRefused);
+  run.record(oclacp::message::kIntervalRefused);
   return {.status = YFW_UNSUPPORTED_INTERVAL};
 }
 
-NativeValue native_period(const Activation& run, yfw_map_ctx ctx, const yfw_datatree& leaf, NativeText& buffer) {
+NativeValue native_period(const Activation& run, yfw_map_ctx ctx, const yfw_datatree& leaf, ShortText& buffer) {
   if (leaf.value == nullptr) return refuse_interval(run, ctx);
-  bool equal = false;
-  if (const cerrno status = compare(run, leaf.value, "FAST", equal); status != YFW_OK) {
-    run.record_failed_call(Message::kCompareFailed, status);
-    return abandon(status);
-  }
-  if (equal) return copied(run, buffer, "1", Message::kIntervalCopyFailed);
+  bool fast = false;
+  if (const cerrno status = ymap::compare(run, leaf.value, "FAST", fast); status != YFW_OK) return abandon(status);
+  if (fast) return copied(run, buffer, "1", oclacp::message::kIntervalCopyFailed);
   // A comparison that fails here makes the interval an unsupported one; its code is not told.
-  static_cast<void>(compare(run, leaf.value, "SLOW", equal));
-  if (equal) return copied(run, buffer, "30000", Message::kIntervalCopyFailed);
-  return refuse_interval(run, ctx);
+  if (!ymap::is_equal(run, leaf.value, "SLOW")) return refuse_interval(run, ctx);
+  return copied(run, buffer, "30000", oclacp::message::kIntervalCopyFailed);
 }
 
-// ---- List keys
-// --------------------------------------------------------------------------------------------------------
+// ---- List keys ----------------------------------------------------------------------------------------------------
 
 consteval xpath_list_type_t list_target(std::string_view path, std::string_view ns) {
   xpath_list_type_t target{};
@@ -131,18 +113,14 @@ cerrno map_member_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_datat
   });
 }
 
-// ---- The key leaf of an interface
-// ---------------------------------------------------------------------------------------
-
-// The configuration class of everything that the mapping writes or asks for.
-constexpr char kActiveClass[] = "act";
+// ---- The key leaf of an interface ---------------------------------------------------------------------------------
 
 cerrno ask_for_interface(yfw_map_ctx ctx, const yfw_datatree& leaf, yfw_datatree* out) {
   constexpr std::uint8_t kGateLevel = 3;
   const yfw_key_gate& gate = ctx->request->key_gate;
   if (gate.word != 0 && gate.level < kGateLevel) return YFW_OK;
   static_cast<void>(ymap::ask_for(ctx, out, oclacp::kInterfaceName, kIfmgrCfg, leaf.value, 1, 0));
-  return ymap::ask_for(ctx, out, oclacp::kInterfaceActive, kIfmgrCfg, kActiveClass, 1, 0);
+  return ymap::ask_for(ctx, out, oclacp::kInterfaceActive, kIfmgrCfg, oclacp::kActiveClass, 1, 0);
 }
 
 cerrno edit_interface(yfw_map_ctx ctx, const yfw_datatree& leaf, yfw_datatree* out) {
@@ -151,7 +129,7 @@ cerrno edit_interface(yfw_map_ctx ctx, const yfw_datatree& leaf, yfw_datatree* o
   };
   static_cast<void>(add(oclacp::kInterfaceName, leaf.value, 1));
   if (yfw_map_is_request_delete(&leaf) != 0) return add(oclacp::kInterfaceActive, leaf.value, 1);
-  const cerrno status = add(oclacp::kInterfaceActive, kActiveClass, 1);
+  const cerrno status = add(oclacp::kInterfaceActive, oclacp::kActiveClass, 1);
   std::uint32_t looked_up = 0;
   if (yfw_lacp_util_is_virtual(leaf.value, &looked_up, ctx) == 0) return status;
   return add(oclacp::kInterfaceVirtual, nullptr, 0);
@@ -175,35 +153,34 @@ cerrno ignore_name(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* 
 
 // clang-format off
 
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_interfaces_interface, ymap::kFrameSites, map_interface_entry)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_members_member, ymap::kFrameSites, map_member_entry)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_interface_name, ymap::kFrameSites, map_interface_key)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_interfaces_interface, map_interface_entry)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_members_member, map_member_entry)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_interface_name, map_interface_key)
 
-YMAP_STAMP_NODE(oc2qd_cfglacpmode, ymap::kAllSites, ymap::handle_config_leaf,
+YMAP_STAMP_NODE(oc2qd_cfglacpmode, ymap::handle_config_leaf,
     ConfigLeaf{.target = oclacp::kInterfaceLacpMode, .ns = kBundlemgrCfg, .last_flag = 1, .convert = native_mode})
-YMAP_STAMP_NODE(oc2qd_cfginterval, ymap::kAllSites, ymap::handle_config_leaf,
+YMAP_STAMP_NODE(oc2qd_cfginterval, ymap::handle_config_leaf,
     ConfigLeaf{.target = oclacp::kInterfaceLacpPeriod, .ns = kBundlemgrCfg, .last_flag = 1, .convert = native_period})
-YMAP_STAMP_NODE(oc2qd_cfgsystemidmac, ymap::kFrameSites, ymap::handle_config_leaf,
+YMAP_STAMP_NODE(oc2qd_cfgsystemidmac, ymap::handle_config_leaf,
     ConfigLeaf{.target = oclacp::kInterfaceLacpSystemMac, .ns = kBundlemgrCfg, .last_flag = 1})
-YMAP_STAMP_NODE(oc2qd_intfcfgsystempriority, ymap::kFrameSites, ymap::handle_config_leaf,
+YMAP_STAMP_NODE(oc2qd_intfcfgsystempriority, ymap::handle_config_leaf,
     ConfigLeaf{.target = oclacp::kInterfaceLacpSystemPriority, .ns = kBundlemgrCfg, .last_flag = 1})
-YMAP_STAMP_PLAIN_NODE(oc2qd_config_name_ignore, ymap::kFrameSites, ignore_name)
+YMAP_STAMP_PLAIN_NODE(oc2qd_config_name_ignore, ignore_name)
 
-YMAP_STAMP_NODE(oc2qd_appliedlacpmode, ymap::kFrameSites, ymap::handle_state_leaf,
+YMAP_STAMP_NODE(oc2qd_appliedlacpmode, ymap::handle_state_leaf,
     StateLeaf{.target = oclacp::kBundleAppliedLacpMode, .ns = kBundlemgrOper, .last_flag = 1, .asks_in_edits = true})
-YMAP_STAMP_NODE(oc2qd_statesystemidmac, ymap::kFrameSites, ymap::handle_state_leaf,
+YMAP_STAMP_NODE(oc2qd_statesystemidmac, ymap::handle_state_leaf,
     StateLeaf{.target = oclacp::kBundleSystemMac, .ns = kBundlemgrOper})
-YMAP_STAMP_NODE(oc2qd_intfstatesystempriority, ymap::kFrameSites, ymap::handle_state_leaf,
+YMAP_STAMP_NODE(oc2qd_intfstatesystempriority, ymap::handle_state_leaf,
     StateLeaf{.target = oclacp::kBundleSystemPriority, .ns = kBundlemgrOper})
 // All six leaves of a member's port state are bits of the one native leaf.
-YMAP_STAMP_NODE(oc2qd_actorportstate, ymap::kFrameSites, ymap::handle_state_leaf,
+YMAP_STAMP_NODE(oc2qd_actorportstate, ymap::handle_state_leaf,
     StateLeaf{.target = oclacp::kMemberActorPortState, .ns = kBundlemgrOper})
 
 // clang-format on
 
 cerrno oc2qd_intf_name(yfw_map_ctx ctx, int count, xpath_list_type_t* entries) {
-  YMAP_HANDLER_IDENTITY(oc2qd_intf_name, "cerrno oc2qd_intf_name(yfw_map_ctx, int, xpath_list_type_t *)",
-                        ymap::kFrameSites);
+  YMAP_HANDLER_IDENTITY(oc2qd_intf_name, "cerrno oc2qd_intf_name(yfw_map_ctx, int, xpath_list_type_t *)");
   constexpr char kPrefix[] = "/interface-configurations/";
   const Activation run(handler, ctx);
   for (int i = 0; i < count; ++i) {

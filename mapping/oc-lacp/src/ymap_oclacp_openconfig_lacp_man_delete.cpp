@@ -7,6 +7,7 @@
 #include "frame/handler.h"
 #include "frame/request.h"
 #include "imc/imc.h"
+#include "messages.h"
 #include "models.h"
 #include "native_paths.h"
 #include "oclacp/openconfig_lacp.h"
@@ -17,7 +18,6 @@ using oclacp::kBundlemgrCfg;
 using oclacp::kIfmgrCfg;
 using ymap::Activation;
 using ymap::Handler;
-using ymap::Message;
 
 namespace {
 
@@ -39,10 +39,10 @@ class LacpInterfaces {
   cerrno find() {
     const cerrno bound = sysdb_library_present() ? _sysdb_bind(&connection_, SYSDB_ACTIVE_INTERFACES, SYSDB_BIND_FLAGS)
                                                  : SYSDB_LIBRARY_MISSING;
-    if (bound != YFW_OK) return failed(Message::kBindFailed, bound);
+    if (bound != YFW_OK) return failed(oclacp::message::kBindFailed, bound);
     is_bound_ = true;
     const cerrno found = sysdb_find(connection_, ".*/lacp/", "", &count_, &list_, SYSDB_FIND_FLAGS, 0);
-    return found == YFW_OK ? YFW_OK : failed(Message::kFindFailed, found);
+    return found == YFW_OK ? YFW_OK : failed(oclacp::message::kFindFailed, found);
   }
 
   // The next interface by its data-store name, the first element of the item's path; null when the path has none.
@@ -52,7 +52,7 @@ class LacpInterfaces {
     std::uint32_t size = 0;
     const cerrno status = sysdb_list_next(list_, &path, &type, &size);
     if (status != YFW_OK) {
-      run_.record(Message::kIterationFailed, cerr_strerror(status));
+      run_.record(oclacp::message::kIterationFailed, cerr_strerror(status));
       return status;
     }
     *name = path != nullptr ? std::strtok(path, "/") : nullptr;
@@ -68,7 +68,7 @@ class LacpInterfaces {
 
  private:
   // Both failures name the path that was bound.
-  cerrno failed(Message message, cerrno status) const {
+  cerrno failed(ymap::MessageWith<2> message, cerrno status) const {
     run_.record(message, SYSDB_ACTIVE_INTERFACES, cerr_strerror(status));
     return status;
   }
@@ -85,7 +85,7 @@ class Deletion {
   Deletion(const Activation& run, yfw_map_ctx ctx, yfw_datatree& node, yfw_datatree* out)
       : run_(run), ctx_(ctx), node_(node), out_(out), interfaces_(run) {}
 
-  cerrno run() {
+  cerrno carry_out() {
     one_entry_ = yfw_map_do_these_match(node_.tag, "interface") != 0;
     cerrno status = interfaces_.find();
     if (status == YFW_OK) status = delete_interfaces();
@@ -126,19 +126,13 @@ class Deletion {
   cerrno delete_lacp(const char* data_store_name) {
     // A name that cannot be had is not an error.
     static_cast<void>(imc_display_namestring(data_store_name, display_name_, sizeof display_name_, 0));
-    work_with(YFW_OPERATION_NONE);
-    constexpr char kEntry[] = "/interface-configurations/interface-configuration/";
-    cerrno status = add(kEntry, kIfmgrCfg, nullptr, 1, 0);
-    if (status == YFW_OK) status = add(oclacp::kInterfaceActive, kIfmgrCfg, "act", 0, 0);
+    ymap::change_operation(node_, YFW_OPERATION_NONE);
+    cerrno status = add(oclacp::kInterfaceConfigurationEntry, kIfmgrCfg, nullptr, 1, 0);
+    if (status == YFW_OK) status = add(oclacp::kInterfaceActive, kIfmgrCfg, oclacp::kActiveClass, 0, 0);
     if (status == YFW_OK) status = add(oclacp::kInterfaceName, kIfmgrCfg, display_name_, 0, 0);
     if (status != YFW_OK) return status;
-    work_with(YFW_OPERATION_REMOVE);
+    ymap::change_operation(node_, YFW_OPERATION_REMOVE);
     return add(oclacp::kInterfaceLacp, kBundlemgrCfg, nullptr, 0, 1);
-  }
-
-  void work_with(std::uint32_t operation) {
-    node_.operation = operation;
-    node_.flags |= YFW_FLAG_OPERATION_CHANGED;
   }
 
   cerrno add(const char* path, const char* ns, const char* value, int list_flag, int last_flag) {
@@ -168,7 +162,7 @@ class Deletion {
 cerrno delete_interface_lacp(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  return Deletion(run, ctx, ymap::writable(in), out).run();
+  return Deletion(run, ctx, ymap::writable(in), out).carry_out();
 }
 
 cerrno delete_global(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
@@ -187,6 +181,6 @@ cerrno delete_all(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* i
 
 }  // namespace
 
-YMAP_STAMP_PLAIN_NODE(oc_to_qd_all_lacp_cfg_delete, ymap::kFrameSites, delete_all)
-YMAP_STAMP_PLAIN_NODE(delete_global_lacp, ymap::kFrameSites, delete_global)
-YMAP_STAMP_PLAIN_NODE(oclacp_to_qd_bundle_lacp_config_delete, ymap::kAllSites, delete_interface_lacp)
+YMAP_STAMP_PLAIN_NODE(oc_to_qd_all_lacp_cfg_delete, delete_all)
+YMAP_STAMP_PLAIN_NODE(delete_global_lacp, delete_global)
+YMAP_STAMP_PLAIN_NODE(oclacp_to_qd_bundle_lacp_config_delete, delete_interface_lacp)

@@ -23,7 +23,7 @@ static constexpr RequestChild kLacpChildren[] = {
     {.tag = "state", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state, .gate = Gate::kStateRead},
     {.tag = "interfaces", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp, ymap::kWalkerSites, ymap::walk_container, RequestContainer{
+YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp,
     .refuses_delete_with_subtree = true})
@@ -32,7 +32,7 @@ YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp, ymap::kWalkerSites, yma
 static constexpr RequestChild kLacpConfigChildren[] = {
     {.tag = "system-priority", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_systempriority},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_config, ymap::kWalkerSites, ymap::walk_container, RequestContainer{
+YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_config, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpConfigChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_config,
     .refuses_delete_with_subtree = true})
@@ -41,7 +41,7 @@ YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_config, ymap::kWalkerSit
 static constexpr RequestChild kLacpStateChildren[] = {
     {.tag = "system-priority", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_systempriority},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state, ymap::kWalkerSites, ymap::walk_container, RequestContainer{
+YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpStateChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state})
 
@@ -49,7 +49,7 @@ YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state, ymap::kWalkerSite
 static constexpr RequestChild kLacpInterfacesChildren[] = {
     {.tag = "interface", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces, ymap::kWalkerSites, ymap::walk_container, RequestContainer{
+YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpInterfacesChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interfaces,
     .refuses_delete_with_subtree = true})
@@ -60,7 +60,7 @@ static constexpr RequestChild kLacpInterfacesInterfaceChildren[] = {
     {.tag = "state", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state, .gate = Gate::kStateRead},
     {.tag = "members", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members, .gate = Gate::kStateRead},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface, ymap::kWalkerSites, ymap::walk_list_entry, RequestList{
+YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface, ymap::walk_list_entry, RequestList{
     .node = {.ns = kOpenconfigLacp, .children = kLacpInterfacesInterfaceChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface_parse_augments},
     .path = "/lacp/interfaces/interface",
     .key = "name",
@@ -75,7 +75,7 @@ static constexpr RequestChild kLacpInterfaceConfigChildren[] = {
     {.tag = "system-id-mac", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_systemidmac},
     {.tag = "system-priority", .walk = ymap_oq_oclacp_openconfiglacp_lvlb_lacp_config_systempriority},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_config, ymap::kWalkerSites, ymap::walk_container, RequestContainer{
+YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_config, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpInterfaceConfigChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_config_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_config,
     .refuses_delete_with_subtree = true})
@@ -88,7 +88,7 @@ static constexpr RequestChild kLacpInterfaceStateChildren[] = {
     {.tag = "system-id-mac", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_systemidmac},
     {.tag = "system-priority", .walk = ymap_oq_oclacp_openconfiglacp_lvlb_lacp_state_systempriority},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state, ymap::kWalkerSites, ymap::walk_container, RequestContainer{
+YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpInterfaceStateChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_state})
 
@@ -96,7 +96,7 @@ YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state, ymap::k
 static constexpr RequestChild kLacpInterfaceMembersChildren[] = {
     {.tag = "member", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_members_member},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members, ymap::kWalkerSites, ymap::walk_container, RequestContainer{
+YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpInterfaceMembersChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_members})
 
@@ -104,7 +104,7 @@ YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members, ymap:
 static constexpr RequestChild kLacpMembersMemberChildren[] = {
     {.tag = "state", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state, .gate = Gate::kStateRead},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_members_member, ymap::kWalkerSites, ymap::walk_list_entry, RequestList{
+YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_members_member, ymap::walk_list_entry, RequestList{
     .node = {.ns = kOpenconfigLacp, .children = kLacpMembersMemberChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_members_member_parse_augments},
     .path = "/lacp/interfaces/interface/members/member",
     .key = "interface",
@@ -129,7 +129,7 @@ static constexpr RequestChild kLacpMemberStateChildren[] = {
     {.tag = "last-change", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_lastchange},
     {.tag = "counters", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state, ymap::kWalkerSites, ymap::walk_container, RequestContainer{
+YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpMemberStateChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_member_state})
 
@@ -143,28 +143,27 @@ static constexpr RequestChild kLacpStateCountersChildren[] = {
     {.tag = "lacp-errors", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_counters_lacperrors},
     {.tag = "lacp-timeout-transitions", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_counters_lacptimeouttransitions},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters, ymap::kWalkerSites, ymap::walk_container, RequestContainer{
+YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpStateCountersChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state_counters})
 
 // Children of foreign namespaces
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_parse_augments, ymap::kFrameSites, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_parse_augments, ymap::kFrameSites, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_parse_augments, ymap::kFrameSites, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_parse_augments, ymap::kFrameSites, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface_parse_augments, ymap::kFrameSites, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_config_parse_augments, ymap::kFrameSites, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state_parse_augments, ymap::kFrameSites, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members_parse_augments, ymap::kFrameSites, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_members_member_parse_augments, ymap::kFrameSites, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state_parse_augments, ymap::kFrameSites, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters_parse_augments, ymap::kFrameSites, ymap::refuse_added_augment)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_parse_augments, ymap::refuse_added_augment)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_parse_augments, ymap::refuse_added_augment)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_parse_augments, ymap::refuse_added_augment)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_parse_augments, ymap::refuse_added_augment)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface_parse_augments, ymap::refuse_added_augment)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_config_parse_augments, ymap::refuse_added_augment)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state_parse_augments, ymap::refuse_added_augment)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members_parse_augments, ymap::refuse_added_augment)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_members_member_parse_augments, ymap::refuse_added_augment)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state_parse_augments, ymap::refuse_added_augment)
+YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters_parse_augments, ymap::refuse_added_augment)
 
 // clang-format on
 
 // Leaf walkers
-#define OCLACP_LEAF_WALKER(WALKER, HANDLER) \
-  YMAP_STAMP_NODE(WALKER, ymap::kFrameSites, ymap::walk_leaf, RequestLeaf{.handler = HANDLER})
+#define OCLACP_LEAF_WALKER(WALKER, HANDLER) YMAP_STAMP_NODE(WALKER, ymap::walk_leaf, RequestLeaf{.handler = HANDLER})
 #define OCLACP_CONFIG_LEAF(NODE, WALKER, HANDLER, TARGET, NS) OCLACP_LEAF_WALKER(WALKER, HANDLER)
 #define OCLACP_STATE_LEAF(NODE, WALKER, HANDLER, TARGET, NS) OCLACP_LEAF_WALKER(WALKER, HANDLER)
 #define OCLACP_CONVERTED_LEAF(NODE, WALKER, HANDLER, CONVERTER, TARGET) OCLACP_LEAF_WALKER(WALKER, HANDLER)

@@ -24,6 +24,15 @@ typedef struct imc_connection* imc_handle;
 /* The connection through which names are looked up. The platform opens and closes it; the module reads it. */
 extern imc_handle yfw_ocifmgr_im_conn;
 
+/* The two arguments that a module binds with; their meaning is the interface manager's. */
+enum { IMC_BIND_KIND = 10, IMC_BIND_MODE = 2 };
+
+/* Opens a connection. `kind` points to IMC_BIND_KIND. On success `*connection` is open, else untouched. */
+cerrno imc_db_bind(const uint32_t* kind, uint32_t mode, imc_handle* connection);
+
+/* Closes a connection; `zero` is 0. */
+cerrno imc_db_unbind(imc_handle* connection, uint32_t zero);
+
 /* Kinds of look-up keys. */
 enum { IMC_KEY_NAME = 1 };
 

@@ -24,11 +24,21 @@ extern "C" {
 /* The root of the active interface configuration. */
 #define SYSDB_ACTIVE_INTERFACES "/cfg/if/act/"
 
+/* The root of the interface manager's global data, and the flags that it is bound with. */
+#define SYSDB_INTERFACE_GLOBALS "/oper/intf_mgbl/gl/"
+enum { SYSDB_GLOBALS_BIND_FLAGS = 0 };
+
 /* The flags that the module binds and finds with; their meaning is the data store's. */
 enum { SYSDB_BIND_FLAGS = 4, SYSDB_FIND_FLAGS = 4 };
 
 typedef struct sysdb_connection* sysdb_handle;
 typedef struct sysdb_result_list* sysdb_list_handle;
+
+/*
+ * The connection to SYSDB_INTERFACE_GLOBALS that all modules share: owned by the platform, null until the first module
+ * that needs it binds it.
+ */
+extern sysdb_handle yfw_intf_mgbl_connid;
 
 /* Opens a connection whose paths are relative to `path`. On success `*connection` is open, else untouched. */
 cerrno _sysdb_bind(sysdb_handle* connection, const char* path, uint32_t flags);

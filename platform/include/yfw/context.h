@@ -123,6 +123,7 @@ typedef struct yfw_request_state {
   uint32_t deletion_done;   /* set to 0 before the data store's LACP interfaces are walked, to 1 when that ended well */
   uint32_t request_flags;   /* YFW_REQUEST_* */
   yfw_key_gate key_gate;    /* reads: with a word other than 0 and a level below 3, interface keys are not asked for */
+  uint32_t output_list_count;      /* entries of the output list, kept by the framework */
   yfw_datatree* current_list_node; /* slot: the output list entry under which the following leaves are placed */
   char interface_name[YFW_INTERFACE_NAME_CAPACITY]; /* scratch: the interface that is walked, NUL-terminated */
 } yfw_request_state;

@@ -6,9 +6,11 @@
 #include "imc/imc.h"
 #include "oclacp/interface_helpers.h"
 #include "oclacp/openconfig_lacp.h"
+#include "sysdb/sysdb.h"
 #include "yfw/strings.h"
 
 imc_handle yfw_ocifmgr_im_conn;
+sysdb_handle yfw_intf_mgbl_connid;
 
 cerrno yfw_strncpy_s(const char* caller, char* destination, size_t size, const char* source, size_t count) {
   (void)caller;

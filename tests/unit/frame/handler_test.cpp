@@ -5,17 +5,19 @@
 #include <string>
 #include <utility>
 
+#include "messages.h"
 #include "unit/module_test.h"
 #include "yfw/log.h"
 
 namespace {
+
+namespace message = ymap::message;
 
 using support::Record;
 using testing::ElementsAre;
 using testing::SizeIs;
 using ymap::Activation;
 using ymap::Handler;
-using ymap::Message;
 
 // Handlers whose work is the test's.
 using Work = void (*)(const Activation& run);
@@ -29,8 +31,8 @@ cerrno run_probe(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in
   });
 }
 
-YMAP_STAMP_PLAIN_NODE(probe_node, ymap::kAllSites, run_probe)
-YMAP_STAMP_PLAIN_NODE(other_node, ymap::kAllSites, run_probe)
+YMAP_STAMP_PLAIN_NODE(probe_node, run_probe)
+YMAP_STAMP_PLAIN_NODE(other_node, run_probe)
 YMAP_STAMP_CONTAINER(probe_container, run_probe)
 
 class HandlerFrame : public support::ModuleTest {
@@ -86,7 +88,7 @@ TEST_F(HandlerFrame, RecordsStartAndEndInBothSinks) {
 }
 
 TEST_F(HandlerFrame, AsksForEachLevelBeforeItLogs) {
-  run([](const Activation& run) { run.record(Message::kBindFailed, "path", "error"); });
+  run([](const Activation& run) { run.record(oclacp::message::kBindFailed, "path", "error"); });
   EXPECT_EQ(platform.count("yfw_debug_should_log", "3"), 2U);
   EXPECT_EQ(platform.count("yfw_debug_should_log", "0"), 1U);
   EXPECT_EQ(platform.count("dt_log_filter_adv"), 3U);
@@ -129,7 +131,7 @@ TEST_F(HandlerFrame, ContainerHandlersRunInTheSameFrame) {
 }
 
 TEST_F(HandlerFrame, EachTraceRecordTakesOneSequenceNumber) {
-  run([](const Activation& run) { run.record(Message::kTagMissing); });
+  run([](const Activation& run) { run.record(message::kTagMissing); });
   std::vector<std::uint32_t> numbers;
   for (const Record& record : trace_buffer()) numbers.push_back(record.sequence);
   EXPECT_THAT(numbers, ElementsAre(1U, 2U, 3U));
@@ -153,14 +155,14 @@ TEST_F(HandlerFrame, WithTheFilterClosedLogsNothingAndStillTraces) {
 
 TEST_F(HandlerFrame, TheFilterIsAskedForTheLevelOfTheMessage) {
   platform.script("yfw_debug_should_log", 0, 0, "3");
-  run([](const Activation& run) { run.record(Message::kTagMissing); });
+  run([](const Activation& run) { run.record(message::kTagMissing); });
   const std::vector<Record> lines = debug_log();
   ASSERT_THAT(lines, SizeIs(1));
   EXPECT_EQ(lines[0].level, "ERR");
 }
 
 TEST_F(HandlerFrame, ErrorsAndTracesGoToStreamsOfTheirOwn) {
-  run([](const Activation& run) { run.record(Message::kTagMissing); });
+  run([](const Activation& run) { run.record(message::kTagMissing); });
   const std::vector<Record> lines = debug_log();
   ASSERT_THAT(lines, SizeIs(3));
   EXPECT_EQ(lines[0].stream, platform.ctx()->trace_log);
@@ -168,7 +170,7 @@ TEST_F(HandlerFrame, ErrorsAndTracesGoToStreamsOfTheirOwn) {
 }
 
 TEST_F(HandlerFrame, EverySiteHasAWordOfItsOwnThatStaysTheSame) {
-  const Work work = [](const Activation& run) { run.record(Message::kTagMissing); };
+  const Work work = [](const Activation& run) { run.record(message::kTagMissing); };
   run(work);
   run(work);
   other_node(platform.ctx(), request.root(), platform.output());
@@ -185,8 +187,8 @@ TEST_F(HandlerFrame, EverySiteHasAWordOfItsOwnThatStaysTheSame) {
 
 TEST_F(HandlerFrame, LineNumbersDifferFromRecordToRecordAndStayTheSame) {
   const Work work = [](const Activation& run) {
-    run.record(Message::kTagMissing);
-    run.record(Message::kSubtreesMissing);
+    run.record(message::kTagMissing);
+    run.record(message::kSubtreesMissing);
   };
   run(work);
   run(work);
@@ -210,16 +212,16 @@ TEST_F(HandlerFrame, LineNumbersLeadToTheRowOfTheHandler) {
 }
 
 TEST_F(HandlerFrame, AFailedCallIsToldWithTheHandlersNameAndTheTextOfItsCode) {
-  run([](const Activation& run) { run.record_failed_call(Message::kCopyFailed, 0x12); });
+  run([](const Activation& run) { run.record_failed_call(message::kCopyFailed, 0x12); });
   EXPECT_EQ(platform.traced("probe_node", " probe_node yfw_strcpy_s failed with error : status 0x00000012\n"), 1U);
 }
 
 TEST_F(HandlerFrame, ErrorThenEndWithTheStatusThatIsGiven) {
   const cerrno status = [&] {
-    static constinit auto words = ymap::unset_words<ymap::kAllSites>();
+    static constinit auto words = ymap::unset_words();
     static constexpr Handler kHandler{
         .name = "ends", .file = "file", .line = 1, .prototype = "cerrno ends()", .words = words.word};
-    return Activation(kHandler, platform.ctx()).end_with(Message::kTagMissing, YFW_MALFORMED_TREE);
+    return Activation(kHandler, platform.ctx()).end_with(message::kTagMissing, YFW_MALFORMED_TREE);
   }();
   EXPECT_EQ(status, YFW_MALFORMED_TREE);
   EXPECT_THAT(platform.trace(),
@@ -228,7 +230,7 @@ TEST_F(HandlerFrame, ErrorThenEndWithTheStatusThatIsGiven) {
 
 TEST_F(HandlerFrame, TraceRecordsAreCutAtTheirCapacityAndLogLinesAreNot) {
   static const std::string kLong(300, 'x');
-  run([](const Activation& run) { run.record(Message::kProcessingTag, kLong.c_str()); });
+  run([](const Activation& run) { run.record(message::kProcessingTag, kLong.c_str()); });
   const std::vector<Record> records = trace_buffer();
   const std::vector<Record> lines = debug_log();
   ASSERT_THAT(records, SizeIs(3));
@@ -239,54 +241,63 @@ TEST_F(HandlerFrame, TraceRecordsAreCutAtTheirCapacityAndLogLinesAreNot) {
 }
 
 struct Wording {
-  Message message;
+  Work record;
   const char* level;
   const char* text;  // with 'A' and 'B' for its arguments
-  int arguments = 0;
 };
 
 constexpr Wording kWordings[] = {
-    {Message::kStart, "TRC", "Start"},
-    {Message::kEnd, "TRC", "End"},
-    {Message::kInvalidArguments, "ERR", "Invalid arguments passed!"},
-    {Message::kSubtreesMissing, "ERR", "Failed to get subtrees!"},
-    {Message::kTagMissing, "ERR", "Tag name is not available!"},
-    {Message::kProcessingTag, "TRC", "Processing tag 'A'", 1},
-    {Message::kUnsupportedTag, "ERR", "Unsupported tag is specified in the request."},
-    {Message::kTagIgnored, "TRC", "Unsupported tag. Ignoring."},
-    {Message::kDeleteWithSubtree, "TRC", "Delete request with subtree present"},
-    {Message::kKeysMissing, "ERR", "No keys specified with a list node."},
-    {Message::kKeyEmpty, "ERR", "Empty list key specified."},
-    {Message::kKeyInvalid, "ERR", "List key node error."},
-    {Message::kKeyDeleted, "ERR", "The key node should not have delete operation."},
-    {Message::kLeafrefRefused, "ERR", "leafref value check fail"},
-    {Message::kXpathErrorNode, "TRC", "got xpath error node"},
-    {Message::kNothingToEvaluate, "TRC", "No valid input to validate when statement "},
-    {Message::kInterfaceNameMissing, "ERR", "Data interface name does not exists"},
-    {Message::kBindFailed, "ERR", "Unable to bind to Sysdb: path:A, error:B", 2},
-    {Message::kFindFailed, "ERR", "Unable to find items in Sysdb: path:A, error:B", 2},
-    {Message::kIterationFailed, "ERR", "Unable to iterate the sysdb list: error:A", 1},
-    {Message::kIntervalRefused, "ERR", "\nValue of interval other than 1s and 30s is not supported in high model"},
-    {Message::kCopyFailed, "TRC", " A yfw_strcpy_s failed with error : B\n", 2},
-    {Message::kIntervalCopyFailed, "TRC", " A  yfw_strcpy_s failed with error : B\n", 2},
-    {Message::kBoundedCopyFailed, "TRC", " A yfw_strncpy_s failed with error : B\n", 2},
-    {Message::kCompareFailed, "TRC", " A yfw_strcmp_s failed with error : B\n", 2},
-    {Message::kBundleNameMissing, "TRC", " A Unable to get bundle name from lacp-bundle tree : B\n", 2},
-    {Message::kBundleNameFailed, "TRC", "A: Unable to get bundle name. Returning from here. rc B\n", 2},
-    {Message::kModeIsOn, "TRC", "A: Configured LACP Mode is ON. Returning from here\n", 1},
+    {[](const Activation& run) { run.record(message::kStart); }, "TRC", "Start"},
+    {[](const Activation& run) { run.record(message::kEnd); }, "TRC", "End"},
+    {[](const Activation& run) { run.record(message::kInvalidArguments); }, "ERR", "Invalid arguments passed!"},
+    {[](const Activation& run) { run.record(message::kSubtreesMissing); }, "ERR", "Failed to get subtrees!"},
+    {[](const Activation& run) { run.record(message::kTagMissing); }, "ERR", "Tag name is not available!"},
+    {[](const Activation& run) { run.record(message::kProcessingTag, "A"); }, "TRC", "Processing tag 'A'"},
+    {[](const Activation& run) { run.record(message::kUnsupportedTag); }, "ERR",
+     "Unsupported tag is specified in the request."},
+    {[](const Activation& run) { run.record(message::kTagIgnored); }, "TRC", "Unsupported tag. Ignoring."},
+    {[](const Activation& run) { run.record(message::kDeleteWithSubtree); }, "TRC",
+     "Delete request with subtree present"},
+    {[](const Activation& run) { run.record(message::kKeysMissing); }, "ERR", "No keys specified with a list node."},
+    {[](const Activation& run) { run.record(message::kKeyEmpty); }, "ERR", "Empty list key specified."},
+    {[](const Activation& run) { run.record(message::kKeyInvalid); }, "ERR", "List key node error."},
+    {[](const Activation& run) { run.record(message::kKeyDeleted); }, "ERR",
+     "The key node should not have delete operation."},
+    {[](const Activation& run) { run.record(message::kLeafrefRefused); }, "ERR", "leafref value check fail"},
+    {[](const Activation& run) { run.record(message::kXpathErrorNode); }, "TRC", "got xpath error node"},
+    {[](const Activation& run) { run.record(message::kNothingToEvaluate); }, "TRC",
+     "No valid input to validate when statement "},
+    {[](const Activation& run) { run.record(oclacp::message::kInterfaceNameMissing); }, "ERR",
+     "Data interface name does not exists"},
+    {[](const Activation& run) { run.record(oclacp::message::kBindFailed, "A", "B"); }, "ERR",
+     "Unable to bind to Sysdb: path:A, error:B"},
+    {[](const Activation& run) { run.record(oclacp::message::kFindFailed, "A", "B"); }, "ERR",
+     "Unable to find items in Sysdb: path:A, error:B"},
+    {[](const Activation& run) { run.record(oclacp::message::kIterationFailed, "A"); }, "ERR",
+     "Unable to iterate the sysdb list: error:A"},
+    {[](const Activation& run) { run.record(oclacp::message::kIntervalRefused); }, "ERR",
+     "\nValue of interval other than 1s and 30s is not supported in high model"},
+    {[](const Activation& run) { run.record(message::kCopyFailed, "A", "B"); }, "TRC",
+     " A yfw_strcpy_s failed with error : B\n"},
+    {[](const Activation& run) { run.record(oclacp::message::kIntervalCopyFailed, "A", "B"); }, "TRC",
+     " A  yfw_strcpy_s failed with error : B\n"},
+    {[](const Activation& run) { run.record(message::kBoundedCopyFailed, "A", "B"); }, "TRC",
+     " A yfw_strncpy_s failed with error : B\n"},
+    {[](const Activation& run) { run.record(message::kCompareFailed, "A", "B"); }, "TRC",
+     " A yfw_strcmp_s failed with error : B\n"},
+    {[](const Activation& run) { run.record(oclacp::message::kBundleNameMissing, "A", "B"); }, "TRC",
+     " A Unable to get bundle name from lacp-bundle tree : B\n"},
+    {[](const Activation& run) { run.record(oclacp::message::kBundleNameFailed, "A", "B"); }, "TRC",
+     "A: Unable to get bundle name. Returning from here. rc B\n"},
+    {[](const Activation& run) { run.record(oclacp::message::kModeIsOn, "A"); }, "TRC",
+     "A: Configured LACP Mode is ON. Returning from here\n"},
 };
 
 TEST_F(HandlerFrame, WritesEveryMessageWithTheSameTextAndLevelInBothSinks) {
-  ASSERT_EQ(std::size(kWordings), static_cast<std::size_t>(Message::kCount));
+  std::set<int> sites;
   for (const Wording& wording : kWordings) {
     SCOPED_TRACE(wording.text);
-    static Wording current;
-    current = wording;
-    run([](const Activation& run) {
-      if (current.arguments == 0) run.record(current.message);
-      if (current.arguments == 1) run.record(current.message, "A");
-      if (current.arguments == 2) run.record(current.message, "A", "B");
-    });
+    run(wording.record);
     const Record line = debug_log().at(debug_log().size() - 2);
     const Record record = trace_buffer().at(trace_buffer().size() - 2);
     EXPECT_EQ(line.level, wording.level);
@@ -294,7 +305,9 @@ TEST_F(HandlerFrame, WritesEveryMessageWithTheSameTextAndLevelInBothSinks) {
     EXPECT_EQ(record.level, wording.level);
     EXPECT_EQ(record.text, wording.text);
     EXPECT_EQ(record.handler, "probe_node");
+    sites.insert(record.line % 100);
   }
+  EXPECT_THAT(sites, SizeIs(std::size(kWordings))) << "each message has a site of its own";
 }
 
 }  // namespace

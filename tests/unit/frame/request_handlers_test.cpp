@@ -9,23 +9,23 @@ using support::Request;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using ymap::Activation;
-using ymap::NativeText;
 using ymap::NativeValue;
+using ymap::ShortText;
 
 constexpr char kTarget[] = "/native/target";
 constexpr char kNs[] = "urn:native";
 
 // A conversion that writes "converted" in place of any value, and two that fail.
-NativeValue convert(const Activation& /*run*/, yfw_map_ctx /*ctx*/, const yfw_datatree& /*leaf*/, NativeText& buffer) {
+NativeValue convert(const Activation& /*run*/, yfw_map_ctx /*ctx*/, const yfw_datatree& /*leaf*/, ShortText& buffer) {
   buffer.text[0] = 'c';
   return {.text = buffer.text};
 }
 NativeValue refuse(const Activation& /*run*/, yfw_map_ctx /*ctx*/, const yfw_datatree& /*leaf*/,
-                   NativeText& /*buffer*/) {
+                   ShortText& /*buffer*/) {
   return {.status = 0x11};
 }
 NativeValue abandon(const Activation& /*run*/, yfw_map_ctx /*ctx*/, const yfw_datatree& /*leaf*/,
-                    NativeText& /*buffer*/) {
+                    ShortText& /*buffer*/) {
   return {.status = 0x12, .abandoned = true};
 }
 
@@ -33,24 +33,21 @@ cerrno converter(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   return yfw_map_datatree_add_path_flagged(ctx, out, "/converter/path", kNs, in->value, in, 0, 0, 1);
 }
 
-YMAP_STAMP_NODE(config_leaf, ymap::kFrameSites, ymap::handle_config_leaf,
-                ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 0})
-YMAP_STAMP_NODE(converting_leaf, ymap::kFrameSites, ymap::handle_config_leaf,
+YMAP_STAMP_NODE(config_leaf, ymap::handle_config_leaf, ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 0})
+YMAP_STAMP_NODE(converting_leaf, ymap::handle_config_leaf,
                 ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 1, .convert = convert})
-YMAP_STAMP_NODE(refusing_leaf, ymap::kFrameSites, ymap::handle_config_leaf,
+YMAP_STAMP_NODE(refusing_leaf, ymap::handle_config_leaf,
                 ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 1, .convert = refuse})
-YMAP_STAMP_NODE(abandoning_leaf, ymap::kFrameSites, ymap::handle_config_leaf,
+YMAP_STAMP_NODE(abandoning_leaf, ymap::handle_config_leaf,
                 ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 1, .convert = abandon})
-YMAP_STAMP_NODE(state_leaf, ymap::kFrameSites, ymap::handle_state_leaf,
-                ymap::StateLeaf{.target = kTarget, .ns = kNs, .last_flag = 1})
-YMAP_STAMP_NODE(asking_state_leaf, ymap::kFrameSites, ymap::handle_state_leaf,
+YMAP_STAMP_NODE(state_leaf, ymap::handle_state_leaf, ymap::StateLeaf{.target = kTarget, .ns = kNs, .last_flag = 1})
+YMAP_STAMP_NODE(asking_state_leaf, ymap::handle_state_leaf,
                 ymap::StateLeaf{.target = kTarget, .ns = kNs, .asks_in_edits = true})
-YMAP_STAMP_NODE(converted_leaf, ymap::kFrameSites, ymap::handle_converted_leaf,
-                ymap::ConvertedLeaf{.converter = converter})
-YMAP_STAMP_PLAIN_NODE(unsupported_leaf, ymap::kFrameSites, ymap::refuse_leaf)
-YMAP_STAMP_PLAIN_NODE(accepted_node, ymap::kFrameSites, ymap::accept_node)
-YMAP_STAMP_PLAIN_NODE(unchecked_node, ymap::kFrameSites, ymap::accept_unchecked)
-YMAP_STAMP_PLAIN_NODE(foreign_node, ymap::kFrameSites, ymap::refuse_added_augment)
+YMAP_STAMP_NODE(converted_leaf, ymap::handle_converted_leaf, ymap::ConvertedLeaf{.converter = converter})
+YMAP_STAMP_PLAIN_NODE(unsupported_leaf, ymap::refuse_leaf)
+YMAP_STAMP_PLAIN_NODE(accepted_node, ymap::accept_node)
+YMAP_STAMP_PLAIN_NODE(unchecked_node, ymap::accept_unchecked)
+YMAP_STAMP_PLAIN_NODE(foreign_node, ymap::refuse_added_augment)
 
 class RequestHandlers : public support::ModuleTest {
  protected:

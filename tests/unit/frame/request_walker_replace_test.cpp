@@ -11,8 +11,8 @@ using support::Node;
 using support::Request;
 using testing::ElementsAre;
 
-YMAP_STAMP_NODE(top, ymap::kWalkerSites, ymap::walk_container, model::kContainer)
-YMAP_STAMP_NODE(entry, ymap::kWalkerSites, ymap::walk_list_entry, model::kList)
+YMAP_STAMP_NODE(top, ymap::walk_container, model::kContainer)
+YMAP_STAMP_NODE(entry, ymap::walk_list_entry, model::kList)
 
 constexpr std::uint32_t kPasses = YFW_REPLACE_FIRST_PASS | YFW_REPLACE_SECOND_PASS;
 

@@ -24,7 +24,9 @@ TEST(Status, EveryCodeHasATextOfItsOwn) {
                                      kTextTooLong,
                                      kTextMissing,
                                      kNotFound,
-                                     kBadQuery};
+                                     kBadQuery,
+                                     kBadDescriptor,
+                                     kRegistryMisused};
   std::vector<std::string> texts = {cerr_strerror(0xdeadbeef)};
   for (const cerrno code : codes) {
     EXPECT_THAT(texts, testing::Not(testing::Contains(cerr_strerror(code)))) << std::hex << code;

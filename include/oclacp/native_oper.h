@@ -1,0 +1,363 @@
+/*
+ * The native operational side of the module: bundles and their members become openconfig-lacp state and counters.
+ *
+ * Conventions: those of oclacp/native_config.h. Children are walked in reads of operational state only.
+ */
+#ifndef OCLACP_NATIVE_OPER_H
+#define OCLACP_NATIVE_OPER_H
+
+#include <stdint.h>
+
+#include "oclacp/export.h"
+#include "yfw/context.h"
+#include "yfw/datatree.h"
+#include "yfw/status.h"
+
+#ifdef __cplusplus
+extern "C" {
+#endif
+
+/* The entry walkers. */
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles(yfw_map_ctx ctx, const yfw_datatree* in,
+                                                                              yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata(yfw_map_ctx ctx, const yfw_datatree* in,
+                                                                           yfw_datatree* out);
+
+/* Container handlers and default handlers: they check their arguments and answer 0. */
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundlesystemid_systemmacaddr(
+    yfw_map_ctx ctx, const yfw_datatree* in, unsigned int child_count, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_data_bundlesystemid(
+    yfw_map_ctx ctx, const yfw_datatree* in, unsigned int child_count, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundle_data(yfw_map_ctx ctx,
+                                                                                               const yfw_datatree* in,
+                                                                                               unsigned int child_count,
+                                                                                               yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_member_counters(
+    yfw_map_ctx ctx, const yfw_datatree* in, unsigned int child_count, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_member_linkdata(
+    yfw_map_ctx ctx, const yfw_datatree* in, unsigned int child_count, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundle_members(
+    yfw_map_ctx ctx, const yfw_datatree* in, unsigned int child_count, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundles(yfw_map_ctx ctx,
+                                                                                           const yfw_datatree* in,
+                                                                                           unsigned int child_count,
+                                                                                           yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles(yfw_map_ctx ctx,
+                                                                                   const yfw_datatree* in,
+                                                                                   unsigned int child_count,
+                                                                                   yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_systemid_systemmacaddr(
+    yfw_map_ctx ctx, const yfw_datatree* in, unsigned int child_count, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_systemid_systemid(
+    yfw_map_ctx ctx, const yfw_datatree* in, unsigned int child_count, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_global_systemid(
+    yfw_map_ctx ctx, const yfw_datatree* in, unsigned int child_count, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_global(yfw_map_ctx ctx,
+                                                                                       const yfw_datatree* in,
+                                                                                       unsigned int child_count,
+                                                                                       yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata(yfw_map_ctx ctx, const yfw_datatree* in,
+                                                                                unsigned int child_count,
+                                                                                yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_container(yfw_map_ctx ctx, const yfw_datatree* in,
+                                                                                unsigned int child_count,
+                                                                                yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_list(yfw_map_ctx ctx, const yfw_datatree* in,
+                                                                           yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_leaf(yfw_map_ctx ctx, const yfw_datatree* in,
+                                                                           yfw_datatree* out);
+
+/* A child of a foreign namespace is refused in an add (YFW_UNKNOWN_AUGMENT), else ignored. */
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundlesystemid_systemmacaddr_parse_augments(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_data_bundlesystemid_parse_augments(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_data_parse_augments(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_counters_parse_augments(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_linkdata_parse_augments(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_members_member_parse_augments(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_members_parse_augments(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_bundle_parse_augments(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_parse_augments(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_parse_augments(yfw_map_ctx ctx,
+                                                                                             const yfw_datatree* in,
+                                                                                             yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemmacaddr_parse_augments(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemid_parse_augments(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_systemid_parse_augments(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_parse_augments(yfw_map_ctx ctx,
+                                                                                                 const yfw_datatree* in,
+                                                                                                 yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_parse_augments(yfw_map_ctx ctx,
+                                                                                          const yfw_datatree* in,
+                                                                                          yfw_datatree* out);
+
+/* Finds or creates the OpenConfig entry of a bundle; nothing for a sub-interface. */
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+/* Opens the OpenConfig entry of a member. */
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_members_member(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+
+/* Leaf handlers. */
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_bundle_bundleinterface(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_systemmacaddr_macaddr(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_bundlesystemid_systemprio(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_data_appliedlacpmode(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_member_memberinterface(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_counters_lacpdusreceived(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_counters_lacpdustransmitted(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_counters_illegalpacketsreceived(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_counters_excesslacpdusreceived(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_counters_lastchange(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_counters_lacptimeouttransitions(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actorsystemmacaddress(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actoroperationalkey(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_partnersystemmacaddress(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_partneroperationalkey(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actorportid(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_partnerportid(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actorportstate(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpdata_systemid_systemprio(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpdata_systemmacaddr_macaddr(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+
+/* Handlers of a tree of bundle members that no walker visits: they report nothing. */
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_data_actorportstate(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_man_leaf_lvla_lacpbundlemembers_member_memberinterface(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_member_memberinterface(
+    yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+
+/* The name of the bundle that is walked; owned by the framework. Records nothing. */
+OCLACP_EXPORT cerrno get_bundle_name_from_oper_tree(yfw_map_ctx ctx, const char** name);
+
+/* ---- Value converters ---- */
+
+/* The six leaves of a member's port state. Failed additions are ignored; always 0. */
+OCLACP_EXPORT cerrno qd2oc_actorportstate(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+
+/*
+ * The bundle's applied mode, read from the tree and not from `in`: "bmd-mode-active" becomes "ACTIVE",
+ * "bmd-mode-passive" "PASSIVE", any other an empty text, which is meant. Only in a read of operational state.
+ */
+OCLACP_EXPORT cerrno qd2oc_lacpmode(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+
+/* Copied. */
+OCLACP_EXPORT cerrno qd2oc_statesystemidmac(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+OCLACP_EXPORT cerrno qd2oc_intfstatesystempriority(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+
+/* ---- The actor port state, by bit (IEEE 802.1AX); constant texts, no failure, any thread ---- */
+
+/* Bit 0: "ACTIVE" or "PASSIVE". */
+OCLACP_EXPORT const char* yfw_get_lacp_state_activity(uint8_t port_state);
+/* Bit 1: "SHORT" or "LONG". */
+OCLACP_EXPORT const char* yfw_get_lacp_state_timeout(uint8_t port_state);
+/* Bit 3: "IN_SYNC" or "OUT_SYNC". */
+OCLACP_EXPORT const char* yfw_get_lacp_state_synchronization(uint8_t port_state);
+/* Bit 2: "true" or "false". */
+OCLACP_EXPORT const char* yfw_get_lacp_state_aggregatable(uint8_t port_state);
+/* Bit 4: "true" or "false". */
+OCLACP_EXPORT const char* yfw_get_lacp_state_collecting(uint8_t port_state);
+/* Bit 5: "true" or "false". */
+OCLACP_EXPORT const char* yfw_get_lacp_state_distributing(uint8_t port_state);
+
+/* ---- When-handlers: 0 for any node, 1 for none ---- */
+
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_bundleinformation_additionalinfo_local_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_bundleinformation_additionalinfo_foreign_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlb_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlb_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlb_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlb_bundleinformation_additionalinfo_local_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlb_bundleinformation_additionalinfo_foreign_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlc_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlc_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlc_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlc_bundleinformation_additionalinfo_local_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlc_bundleinformation_additionalinfo_foreign_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvld_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvld_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvld_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvld_bundleinformation_additionalinfo_local_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvld_bundleinformation_additionalinfo_foreign_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvle_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvle_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvle_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlf_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlf_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlf_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlg_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlg_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlg_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlh_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlh_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlh_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvli_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvli_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvli_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlj_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlj_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlj_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlk_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlk_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlk_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvll_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvll_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvll_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlm_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlm_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlm_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvln_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvln_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvln_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlo_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlo_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlo_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlp_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlp_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlp_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlq_bundleinformation_items_memberevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno
+ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlq_bundleinformation_items_bundleevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvlq_bundleinformation_items_rgevtinfo_handle_when(
+    yfw_map_ctx ctx, const yfw_datatree* node);
+
+#ifdef __cplusplus
+}
+#endif
+
+#endif

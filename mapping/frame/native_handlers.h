@@ -1,0 +1,24 @@
+// The native-side handlers that only report a value.
+#pragma once
+
+#include "frame/handler.h"
+
+namespace ymap {
+
+// A native leaf whose value is reported as it is, to one OpenConfig leaf or to two.
+struct NativeLeaf {
+  const char* target;  // absolute OpenConfig path without keys; its addition's status is the handler's
+  const char* ns;
+  const char* also = nullptr;  // a second target, added first; what becomes of it is not looked at
+  int list_flag = 0;
+  int last_flag = 0;
+};
+
+cerrno report_leaf(const Handler& handler, const NativeLeaf& row, yfw_map_ctx ctx, const yfw_datatree* in,
+                   yfw_datatree* out);
+
+// Adds an OpenConfig leaf that a native one stands for: no source node, and not a list.
+cerrno report(yfw_map_ctx ctx, yfw_datatree* out, const char* target, const char* ns, const char* value,
+              int last_flag = 0);
+
+}  // namespace ymap

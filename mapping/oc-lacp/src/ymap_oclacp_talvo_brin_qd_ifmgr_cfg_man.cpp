@@ -1,0 +1,97 @@
+// The hand-written handlers of the native interface configuration: entries, their names, and what augments them.
+#include <algorithm>
+#include <cstring>
+
+#include "frame/native_handlers.h"
+#include "messages.h"
+#include "models.h"
+#include "native_conversion.h"
+#include "native_paths.h"
+#include "oclacp/native_config.h"
+#include "openconfig_paths.h"
+#include "yfw/map.h"
+
+using oclacp::kOpenconfigLacp;
+using ymap::Activation;
+using ymap::Handler;
+
+namespace {
+
+// Fills the request's scratch buffer. Interface names are shorter than it; a longer one is cut.
+void keep_interface_name(yfw_map_ctx ctx, const char* name) {
+  char(&kept)[YFW_INTERFACE_NAME_CAPACITY] = ctx->request->interface_name;
+  std::memset(kept, 0, sizeof kept);
+  std::memcpy(kept, name, std::min(std::strlen(name), sizeof kept - 1));
+}
+
+// The first child is the configuration class, which the native tree lists first; "pre" is pre-configuration.
+bool is_preconfigured(const yfw_datatree& entry) {
+  if (ymap::named_children(entry).value_or(0) == 0) return false;
+  const char* const configuration_class = entry.children[0].value;
+  return configuration_class != nullptr && std::strcmp(configuration_class, "pre") == 0;
+}
+
+cerrno show_interface(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
+  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) -> cerrno {
+    if (is_preconfigured(*in)) return YFW_SKIP_SUBTREE;
+    const char* name = nullptr;
+    const cerrno looked_up = get_intf_name_from_tree(ctx, &name);
+    if (name == nullptr) return YFW_UNSUPPORTED_NODE;
+    if (looked_up != YFW_OK) return looked_up;
+    if (!oclacp::is_shown(name)) return YFW_OK;
+    if (yfw_map_is_request_delete(in) != 0) {
+      const cerrno status = yfw_map_datatree_add_path_flagged(ctx, out, oclacp::kOcInterface, kOpenconfigLacp, nullptr,
+                                                              in, oclacp::list_slot(ctx), 1, 0);
+      yfw_map_copy_trim_path_list_ctx(ctx, oclacp::kOcInterface);
+      return status;
+    }
+    keep_interface_name(ctx, name);
+    return yfw_map_search_or_add_list(ctx, out, &ctx->request->current_list_node, oclacp::kOcInterface,
+                                      ctx->request->interface_name, "name", kOpenconfigLacp);
+  });
+}
+
+cerrno show_interface_name(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
+  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> cerrno {
+    const char* const name = in->value;
+    if (name == nullptr) {
+      run.record(oclacp::message::kInterfaceNameMissing);
+      return YFW_MALFORMED_TREE;
+    }
+    keep_interface_name(ctx, name);
+    if (!oclacp::is_shown(name)) return YFW_OK;
+    const cerrno status = ymap::report(ctx, out, oclacp::kOcInterfaceName, kOpenconfigLacp, name);
+    if (ymap::operation_of(ctx) != YFW_REQUEST_READ_STATE) return status;
+    return ymap::report(ctx, out, oclacp::kOcInterfaceStateName, kOpenconfigLacp, name);
+  });
+}
+
+// Nodes of the bundle model go to the walker of their kind; whatever is not bundle or lacp goes to that of
+// bundle-member, which passes over what it does not expect.
+cerrno hand_to_augment(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
+  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) -> cerrno {
+    if (yfw_map_do_these_match(in->ns, oclacp::kBundlemgrCfg) == 0) return YFW_OK;
+    if (yfw_map_do_these_match(in->tag, "bundle") != 0) {
+      return ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvlb_interface_configuration(ctx, in, out);
+    }
+    if (yfw_map_do_these_match(in->tag, "lacp") != 0) {
+      return ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvlc_interface_configuration(ctx, in, out);
+    }
+    return ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvld_interface_configuration(ctx, in, out);
+  });
+}
+
+}  // namespace
+
+// clang-format off
+
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfigurations_interfaceconfiguration, show_interface)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_leaf_lvla_interfaceconfigurations_interfaceconfiguration_interfacename, show_interface_name)
+YMAP_STAMP_PLAIN_NODE(qd_to_oc_interface_name_leaf_cb, show_interface_name)
+YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments, hand_to_augment)
+
+// clang-format on
+
+cerrno get_intf_name_from_tree(yfw_map_ctx ctx, const char** name) {
+  return yfw_map_get_node_info(ctx, oclacp::kInterfaceConfiguration, "interface-name", name);
+}

@@ -1,0 +1,177 @@
+// What holds for every exported function of the native side that runs in the handler frame.
+#include <map>
+#include <string>
+
+#include "unit/module_test.h"
+#include "unit/oc-lacp/native_functions.h"
+
+namespace {
+
+using nodes::ContainerFunction;
+using nodes::Named;
+using nodes::NodeFunction;
+using testing::ElementsAre;
+
+class NativeFunctions : public support::ModuleTest {
+ protected:
+  // The trace of what ran since the last look.
+  std::vector<std::string> new_trace() {
+    const std::vector<std::string> all = platform.trace();
+    const std::vector<std::string> fresh(all.begin() + static_cast<std::ptrdiff_t>(looked_at_), all.end());
+    looked_at_ = all.size();
+    return fresh;
+  }
+
+  static auto is_refusal_by(const char* name) {
+    const std::string level_and_name = std::string(" ") + name + ": ";
+    return ElementsAre("TRC" + level_and_name + "Start", "ERR" + level_and_name + "Invalid arguments passed!");
+  }
+  static auto is_run_of(const char* name) {
+    const std::string level_and_name = std::string("TRC ") + name + ": ";
+    return ElementsAre(level_and_name + "Start", level_and_name + "End");
+  }
+
+  support::Request request{support::leaf("leaf", "value")};
+
+ private:
+  std::size_t looked_at_ = 0;
+};
+
+using NativeFunctionsDeathTest = NativeFunctions;
+
+TEST_F(NativeFunctionsDeathTest, EndTheProcessOnANullContextUnderTheirOwnPrototype) {
+  std::vector<Named<NodeFunction>> functions = nodes::native_functions();
+  functions.insert(functions.end(), std::begin(nodes::kUncheckedNative), std::end(nodes::kUncheckedNative));
+  for (const Named<NodeFunction>& one : functions) {
+    EXPECT_DEATH(one.function(nullptr, request.root(), platform.output()),
+                 std::string("mapping/oc-lacp/src/ymap_oclacp_talvo_brin_qd_[a-z_]+\\.[a-z]+:[0-9]+: cerrno ") +
+                     one.name +
+                     "\\(yfw_map_ctx, const yfw_datatree \\*, yfw_datatree \\*\\): "
+                     "Assertion `\\(\\(void \\*\\)0\\) != ctx' failed");
+  }
+  for (const Named<ContainerFunction>& one : nodes::kNativeContainers) {
+    EXPECT_DEATH(one.function(nullptr, request.root(), 0, platform.output()),
+                 std::string("cerrno ") + one.name +
+                     "\\(yfw_map_ctx, const yfw_datatree \\*, unsigned int, yfw_datatree \\*\\): "
+                     "Assertion `\\(\\(void \\*\\)0\\) != ctx' failed");
+  }
+}
+
+TEST_F(NativeFunctions, RefuseANullInputUnderTheirOwnName) {
+  unsigned marked = 0;
+  for (const Named<NodeFunction>& one : nodes::native_functions()) {
+    SCOPED_TRACE(one.name);
+    EXPECT_EQ(one.function(platform.ctx(), nullptr, platform.output()), YFW_INVALID_ARGUMENTS);
+    EXPECT_THAT(new_trace(), is_refusal_by(one.name));
+    EXPECT_EQ(platform.count("yfw_oc_error_path"), ++marked);
+  }
+  for (const Named<ContainerFunction>& one : nodes::kNativeContainers) {
+    SCOPED_TRACE(one.name);
+    EXPECT_EQ(one.function(platform.ctx(), nullptr, 0, platform.output()), YFW_INVALID_ARGUMENTS);
+    EXPECT_THAT(new_trace(), is_refusal_by(one.name));
+    EXPECT_EQ(platform.count("yfw_oc_error_path"), ++marked);
+  }
+}
+
+TEST_F(NativeFunctions, RefuseANullOutputUnderTheirOwnName) {
+  for (const Named<NodeFunction>& one : nodes::native_functions()) {
+    SCOPED_TRACE(one.name);
+    EXPECT_EQ(one.function(platform.ctx(), request.root(), nullptr), YFW_INVALID_ARGUMENTS);
+    EXPECT_THAT(new_trace(), is_refusal_by(one.name));
+  }
+  for (const Named<ContainerFunction>& one : nodes::kNativeContainers) {
+    SCOPED_TRACE(one.name);
+    EXPECT_EQ(one.function(platform.ctx(), request.root(), 0, nullptr), YFW_INVALID_ARGUMENTS);
+    EXPECT_THAT(new_trace(), is_refusal_by(one.name));
+  }
+  EXPECT_TRUE(platform.additions().empty());
+}
+
+TEST_F(NativeFunctions, DefaultListAndLeafHandlersOfConfigurationDoNotLookAtTheirArguments) {
+  for (const Named<NodeFunction>& one : nodes::kUncheckedNative) {
+    SCOPED_TRACE(one.name);
+    EXPECT_EQ(one.function(platform.ctx(), nullptr, nullptr), YFW_OK);
+    EXPECT_THAT(new_trace(), is_run_of(one.name));
+  }
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
+}
+
+TEST_F(NativeFunctions, OfContainersAcceptEveryRequestAndReportNothing) {
+  for (const Named<ContainerFunction>& one : nodes::kNativeContainers) {
+    SCOPED_TRACE(one.name);
+    for (const std::uint32_t operation : {0U, 1U, 10U}) {
+      platform.set_operation(operation);
+      EXPECT_EQ(one.function(platform.ctx(), request.root(), 3, platform.output()), YFW_OK);
+      EXPECT_THAT(new_trace(), is_run_of(one.name));
+    }
+  }
+  EXPECT_TRUE(platform.additions().empty());
+}
+
+TEST_F(NativeFunctions, DefaultHandlersOfOperationalDataAndOfItsUnreachedTreeReportNothing) {
+  const Named<NodeFunction> functions[] = {
+      NODES_NAMED(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_list),
+      NODES_NAMED(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_leaf),
+      NODES_NAMED(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_data_actorportstate),
+      NODES_NAMED(ymap_qo_oclacp_talvobrinqdbundlemgroper_man_leaf_lvla_lacpbundlemembers_member_memberinterface),
+      NODES_NAMED(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_member_memberinterface),
+      NODES_NAMED(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_man_leaf_lvla_bundlemember_id_portactivity)};
+  platform.set_operation(YFW_REQUEST_READ_STATE);
+  for (const Named<NodeFunction>& one : functions) {
+    SCOPED_TRACE(one.name);
+    EXPECT_EQ(one.function(platform.ctx(), request.root(), platform.output()), YFW_OK);
+    EXPECT_THAT(new_trace(), is_run_of(one.name));
+  }
+  EXPECT_TRUE(platform.additions().empty());
+}
+
+TEST_F(NativeFunctions, HooksOfConfigurationIgnoreWhatIsAdded) {
+  for (const Named<NodeFunction>& one : nodes::kConfigHooks) {
+    SCOPED_TRACE(one.name);
+    EXPECT_EQ(one.function(platform.ctx(), request.root(), platform.output()), YFW_OK);
+    EXPECT_THAT(new_trace(), is_run_of(one.name));
+  }
+  for (const char level : {'a', 'b', 'c', 'd', 'e'}) {
+    const std::string name =
+        std::string("ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvl") + level + "_interface_configuration_parse_augments";
+    for (const Named<NodeFunction>& one : nodes::kOtherNative) {
+      if (one.name != name) continue;
+      EXPECT_EQ(one.function(platform.ctx(), request.root(), platform.output()), YFW_OK);
+      EXPECT_THAT(new_trace(), is_run_of(one.name));
+    }
+  }
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
+}
+
+TEST_F(NativeFunctions, HooksOfOperationalDataRefuseWhatIsAddedAndIgnoreTheRest) {
+  for (const Named<NodeFunction>& one : nodes::kOperHooks) {
+    SCOPED_TRACE(one.name);
+    for (const std::uint32_t operation : {0U, 10U}) {
+      platform.set_operation(operation);
+      EXPECT_EQ(one.function(platform.ctx(), request.root(), platform.output()), YFW_OK);
+    }
+    platform.set_operation(YFW_REQUEST_EDIT);
+    support::Request deleting(support::leaf("leaf").with(YFW_OPERATION_DELETE));
+    EXPECT_EQ(one.function(platform.ctx(), deleting.root(), platform.output()), YFW_OK);
+    EXPECT_EQ(one.function(platform.ctx(), request.root(), platform.output()), YFW_UNKNOWN_AUGMENT);
+    EXPECT_EQ(platform.error_tag(), "leaf");
+    EXPECT_EQ(platform.traced(one.name, "End"), 4U);
+  }
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), std::size(nodes::kOperHooks));
+}
+
+TEST_F(NativeFunctions, HaveSiteWordsOfTheirOwn) {
+  std::map<const std::uint32_t*, std::string> owners;
+  for (const Named<NodeFunction>& one : nodes::native_functions()) {
+    const std::size_t before = platform.seen().records.size();
+    one.function(platform.ctx(), nullptr, platform.output());
+    for (std::size_t i = before; i < platform.seen().records.size(); ++i) {
+      const support::Record& record = platform.seen().records[i];
+      if (record.sink != support::Record::Sink::kDebugLog) continue;
+      const auto [owner, fresh] = owners.emplace(record.site, one.name);
+      EXPECT_TRUE(fresh) << one.name << " shares the word of \"" << record.text << "\" with " << owner->second;
+    }
+  }
+}
+
+}  // namespace

@@ -1,0 +1,312 @@
+// Whole walks of native data: what reaches OpenConfig, and what does not.
+#include <string>
+
+#include "oclacp/native_config.h"
+#include "oclacp/native_oper.h"
+#include "unit/module_test.h"
+#include "unit/oc-lacp/nodes.h"
+
+namespace {
+
+using nodes::NodeFunction;
+using support::container;
+using support::leaf;
+using support::Node;
+using support::Request;
+using testing::Contains;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+class NativeData : public support::ModuleTest {
+ protected:
+  NativeData() { platform.lacp_interfaces = {"Bundle-Ether1", "Bundle-Ether1.100", "Bundle-Ether2"}; }
+
+  cerrno walk(NodeFunction walker, Node root, std::uint32_t operation) {
+    platform.set_operation(operation);
+    Request request(std::move(root));
+    const cerrno status = walker(platform.ctx(), request.root(), platform.output());
+    EXPECT_THAT(support::left_behind(platform, request), IsEmpty());
+    return status;
+  }
+  cerrno walk_interfaces(std::vector<Node> entries, std::uint32_t operation = YFW_REQUEST_READ_CONFIG) {
+    return walk(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations,
+                container("interface-configurations", std::move(entries)).in(support::kIfmgrCfg), operation);
+  }
+  cerrno walk_bundles(std::vector<Node> bundles, std::uint32_t operation = YFW_REQUEST_READ_STATE) {
+    return walk(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles,
+                container("lacp-bundles", {container("bundles", std::move(bundles))}).in(support::kBundlemgrOper),
+                operation);
+  }
+  cerrno walk_data(Node global, std::uint32_t operation = YFW_REQUEST_READ_STATE) {
+    return walk(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata,
+                container("lacp-data", {std::move(global)}).in(support::kBundlemgrOper), operation);
+  }
+};
+
+using InterfaceConfiguration = NativeData;
+using GlobalLacp = NativeData;
+using Bundles = NativeData;
+using DeviceIdentity = NativeData;
+
+Node entry(const std::string& configuration_class, const std::string& name, std::vector<Node> children = {}) {
+  Node node = container("interface-configuration", {leaf("active", configuration_class), leaf("interface-name", name)});
+  node.children.insert(node.children.end(), children.begin(), children.end());
+  return node;
+}
+
+Node of_bundles(const std::string& tag, std::vector<Node> children) {
+  return container(tag, std::move(children)).in(support::kBundlemgrCfg);
+}
+
+Node lacp() {
+  return of_bundles("lacp", {leaf("mode", "active"), leaf("period", "1000"), leaf("system-priority", "100"),
+                             leaf("system-mac", "00:11:22:33:44:55")});
+}
+
+TEST_F(InterfaceConfiguration, OfPreConfigurationYieldsNothingAndTheNextEntryIsWalked) {
+  EXPECT_EQ(walk_interfaces({entry("pre", "Bundle-Ether1", {lacp()}), entry("act", "Bundle-Ether2")}), YFW_OK);
+  EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface", "/lacp/interfaces/interface/name=Bundle-Ether2"));
+  EXPECT_EQ(platform.traced("qd2oc_cfglacpmode", "Start"), 0U) << "no child of it is looked at";
+}
+
+TEST_F(InterfaceConfiguration, WithoutLacpYieldsNothingWhateverItCarries) {
+  EXPECT_EQ(walk_interfaces({entry("act", "MgmtEth0/0/0/0",
+                                   {container("dampening"), container("mtus", {container("mtu", {leaf("owner", "a")})}),
+                                    container("encapsulation"), lacp()})}),
+            YFW_OK);
+  EXPECT_THAT(added(), IsEmpty());
+}
+
+TEST_F(InterfaceConfiguration, OfASubInterfaceYieldsNothing) {
+  EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1.100", {lacp()})}, YFW_REQUEST_READ_STATE), YFW_OK);
+  EXPECT_THAT(added(), IsEmpty());
+}
+
+TEST_F(InterfaceConfiguration, YieldsTheNameAsStateInAReadOfOperationalStateAlone) {
+  for (const std::uint32_t operation : {0U, 1U, 8U, 15U, 10U}) {
+    EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1")}, operation), YFW_OK);
+    EXPECT_EQ(added().back(), operation == YFW_REQUEST_READ_STATE
+                                  ? "/lacp/interfaces/interface/state/name=Bundle-Ether1"
+                                  : "/lacp/interfaces/interface/name=Bundle-Ether1")
+        << "operation " << operation;
+  }
+}
+
+TEST_F(InterfaceConfiguration, ThatIsDeletedYieldsTheListPathMarkedForDeletion) {
+  EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1").with(YFW_OPERATION_DELETE)}, YFW_REQUEST_EDIT), YFW_OK);
+  ASSERT_FALSE(platform.additions().empty());
+  EXPECT_EQ(platform.additions()[0].path, "/lacp/interfaces/interface");
+  EXPECT_EQ(platform.additions()[0].operation, std::uint32_t{YFW_OPERATION_DELETE});
+  EXPECT_NE(platform.additions()[0].source, nullptr);
+  EXPECT_EQ(platform.count("yfw_map_search_or_add_list"), 0U);
+}
+
+TEST_F(InterfaceConfiguration, BfdAndMlacpAreHandedOnAndPassedOver) {
+  EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1",
+                                   {of_bundles("bfd", {container("address-family")}), of_bundles("mlacp", {})})}),
+            YFW_OK);
+  EXPECT_EQ(platform.traced("ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvld_interface_configuration",
+                            "Unsupported tag. Ignoring."),
+            2U);
+  EXPECT_EQ(platform.traced("ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd", "Start"), 0U);
+  EXPECT_EQ(platform.additions().size(), 2U) << "the entry and its name";
+}
+
+TEST_F(InterfaceConfiguration, UnknownAndForeignChildrenArePassedOver) {
+  EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1",
+                                   {leaf("description", "core"), leaf("other", "1").in("urn:other"), lacp()})}),
+            YFW_OK);
+  EXPECT_EQ(platform.additions().size(), 6U);
+}
+
+TEST_F(InterfaceConfiguration, WithAllFourLeavesYieldsFourLeaves) {
+  EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1", {lacp()})}), YFW_OK);
+  EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface", "/lacp/interfaces/interface/name=Bundle-Ether1",
+                                   "/lacp/interfaces/interface/config/lacp-mode=ACTIVE",
+                                   "/lacp/interfaces/interface/config/interval=FAST",
+                                   "/lacp/interfaces/interface/config/system-priority=100",
+                                   "/lacp/interfaces/interface/config/system-id-mac=00:11:22:33:44:55"));
+}
+
+TEST_F(InterfaceConfiguration, WithoutModeYieldsNoMode) {
+  EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1", {of_bundles("lacp", {leaf("period", "30000")})})}), YFW_OK);
+  EXPECT_THAT(added(), Not(Contains(HasSubstr("lacp-mode"))));
+  EXPECT_EQ(platform.traced("qd2oc_cfglacpmode", "Start"), 0U);
+}
+
+TEST_F(InterfaceConfiguration, OfABundleAndOfAMemberYieldsNothingBeyondTheEntry) {
+  EXPECT_EQ(walk_interfaces({entry(
+                "act", "Bundle-Ether1",
+                {of_bundles("bundle", {leaf("lacp-delay", "1"), container("minimum-active", {container("bandwidth")}),
+                                       container("maximum-active", {container("links")}),
+                                       container("bundle-load-balancing", {container("hash-function")})}),
+                 of_bundles("bundle-member", {container("id", {leaf("port-activity", "active")})}),
+                 of_bundles("lacp", {container("talvo-extensions", {leaf("enable")}),
+                                     container("timeout", {leaf("expected", "1")}), leaf("unheard-of", "1")})})}),
+            YFW_OK);
+  EXPECT_EQ(platform.additions().size(), 2U);
+  EXPECT_EQ(
+      platform.traced("ymap_qo_oclacp_talvobrinqdbundlemgrcfg_man_leaf_lvla_bundlemember_id_portactivity", "Start"), 0U)
+      << "the port activity's handler is never called";
+}
+
+TEST_F(InterfaceConfiguration, UnsupportedPeriodEndsTheWalkOfAllInterfaces) {
+  EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1",
+                                   {of_bundles("lacp", {leaf("period", "200"), leaf("system-priority", "100")})}),
+                             entry("act", "Bundle-Ether2")}),
+            YFW_UNSUPPORTED_INTERVAL);
+  EXPECT_EQ(platform.error_tag(), "interval");
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 1U) << "those above pass the code up and mark nothing";
+  EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface", "/lacp/interfaces/interface/name=Bundle-Ether1"));
+}
+
+TEST_F(InterfaceConfiguration, WithoutNameEndsTheWalk) {
+  EXPECT_EQ(walk_interfaces({container("interface-configuration", {leaf("active", "act")}), entry("act", "a")}),
+            YFW_UNSUPPORTED_NODE);
+  EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
+  EXPECT_EQ(platform.traced("ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration",
+                            "Start"),
+            1U);
+}
+
+TEST_F(InterfaceConfiguration, EntryOfALongNameIsFoundByTheNameAsItWasCut) {
+  const std::string name(300, 'x');
+  platform.lacp_interfaces = {name};
+  EXPECT_EQ(walk_interfaces({entry("act", name)}), YFW_OK);
+  EXPECT_EQ(platform.additions()[0].key, "name=" + std::string(199, 'x'));
+}
+
+TEST_F(InterfaceConfiguration, OptionsKeepModeAndIntervalBackAlone) {
+  platform.descriptor().options_638 = 0x06;
+  platform.descriptor().option_mode = YFW_OPTION_MODE_SUPPRESS;
+  EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1", {lacp()})}), YFW_OK);
+  EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface", "/lacp/interfaces/interface/name=Bundle-Ether1",
+                                   "/lacp/interfaces/interface/config/system-priority=100",
+                                   "/lacp/interfaces/interface/config/system-id-mac=00:11:22:33:44:55"));
+}
+
+TEST_F(GlobalLacp, PriorityIsReportedUnlessOptionsKeepItBack) {
+  const auto run = [this] {
+    return walk(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp,
+                container("lacp", {leaf("system-priority", "100")}).in(support::kBundlemgrCfg),
+                YFW_REQUEST_READ_CONFIG);
+  };
+  EXPECT_EQ(run(), YFW_OK);
+  EXPECT_THAT(added(), ElementsAre("/lacp/config/system-priority=100"));
+  platform.descriptor().options_60c = 0x3f800;
+  EXPECT_EQ(run(), YFW_OK);
+  EXPECT_EQ(platform.additions().size(), 2U) << "under another mode";
+  platform.descriptor().option_mode = YFW_OPTION_MODE_SUPPRESS;
+  EXPECT_EQ(run(), YFW_OK);
+  EXPECT_EQ(platform.additions().size(), 2U);
+}
+
+TEST_F(GlobalLacp, ContainersOwnTagIsNotLookedAt) {
+  EXPECT_EQ(
+      walk(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp,
+           container("whatever", {leaf("system-priority", "100")}).in(support::kBundlemgrCfg), YFW_REQUEST_READ_CONFIG),
+      YFW_OK);
+  EXPECT_THAT(added(), ElementsAre("/lacp/config/system-priority=100"));
+}
+
+Node bundle(const std::string& name) {
+  return container(
+      "bundle",
+      {leaf("bundle-interface", name),
+       container("data", {container("bundle-system-id",
+                                    {container("system-mac-addr", {leaf("macaddr", "m")}), leaf("system-prio", "100")}),
+                          leaf("applied-lacp-mode", "bmd-mode-active")}),
+       container("members", {container("member", {leaf("member-interface", "GigabitEthernet0/0/0/0"),
+                                                  container("counters", {leaf("unheard-of", "1"),
+                                                                         leaf("illegal-packets-received", "7"),
+                                                                         leaf("last-change", "1700000000")})})})});
+}
+
+TEST_F(Bundles, OfASubInterfaceHaveNoEntryAndNoStateOfTheirOwnButTheirOtherLeaves) {
+  EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1.100")}), YFW_OK);
+  EXPECT_EQ(platform.count("yfw_map_search_or_add_list"), 0U);
+  EXPECT_THAT(added(), Not(Contains(HasSubstr("/state/lacp-mode"))));
+  EXPECT_THAT(added(), Not(Contains(HasSubstr("/state/system-id-mac"))));
+  EXPECT_THAT(added(), Not(Contains(HasSubstr("/state/system-priority"))));
+  EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/state/name=Bundle-Ether1.100"));
+  EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/members/member/interface=GigabitEthernet0/0/0/0"));
+}
+
+TEST_F(Bundles, IllegalPacketsFeedTwoCountersAndUnknownCountersNone) {
+  EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1")}), YFW_OK);
+  const std::string counters = "/lacp/interfaces/interface/members/member/state/counters/";
+  EXPECT_THAT(added(), Contains(counters + "lacp-errors=7"));
+  EXPECT_THAT(added(), Contains(counters + "lacp-unknown-errors=7"));
+  EXPECT_THAT(added(), Not(Contains(HasSubstr("lacp-tx-errors"))));
+}
+
+TEST_F(Bundles, LastChangeIsCopiedVerbatimAsStateAndNotAsCounter) {
+  EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1")}), YFW_OK);
+  EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/members/member/state/last-change=1700000000"));
+}
+
+TEST_F(Bundles, YieldNothingInOtherRequests) {
+  for (const std::uint32_t operation : {0U, 1U, 8U, 15U}) {
+    EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1")}, operation), YFW_OK) << "operation " << operation;
+  }
+  EXPECT_THAT(added(), IsEmpty());
+}
+
+TEST_F(Bundles, WithoutNameEndTheWalkWithTheStatusOfTheLookUp) {
+  EXPECT_EQ(walk_bundles({container("bundle", {container("members")}), bundle("Bundle-Ether1")}),
+            support::kNodeUnknown);
+  EXPECT_THAT(added(), IsEmpty());
+}
+
+TEST_F(Bundles, ModeIsThatOfTheBundleThatIsWalked) {
+  Node passive = bundle("Bundle-Ether2");
+  passive.children[1].children[1].value = "bmd-mode-passive";
+  EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1"), passive}), YFW_OK);
+  EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/state/lacp-mode=ACTIVE").Times(1));
+  EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/state/lacp-mode=PASSIVE").Times(1));
+}
+
+TEST_F(DeviceIdentity, PriorityIsReportedAndTheAddressIsNot) {
+  EXPECT_EQ(walk_data(container(
+                "global",
+                {container("system-id", {container("system-id", {container("system-mac-addr", {leaf("macaddr", "m")}),
+                                                                 leaf("system-prio", "32768")})})})),
+            YFW_OK);
+  EXPECT_THAT(added(), ElementsAre("/lacp/state/system-priority=32768"));
+  EXPECT_EQ(platform.count("yfw_add_to_output_list_ctx") + platform.count("yfw_map_update_current_list_node"), 0U)
+      << "there are no lists here";
+}
+
+TEST_F(DeviceIdentity, PriorityInTheOuterIdentifierIsIgnored) {
+  EXPECT_EQ(walk_data(container("global", {container("system-id", {leaf("system-prio", "1")})})), YFW_OK);
+  EXPECT_THAT(added(), IsEmpty());
+  EXPECT_EQ(platform.traced("ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_systemid",
+                            "Unsupported tag. Ignoring."),
+            1U);
+}
+
+TEST_F(DeviceIdentity, IsReportedInItsReadOnly) {
+  for (const std::uint32_t operation : {0U, 1U, 8U, 15U}) {
+    EXPECT_EQ(
+        walk_data(container("global", {container("system-id", {container("system-id", {leaf("system-prio", "1")})})}),
+                  operation),
+        YFW_OK);
+  }
+  EXPECT_THAT(added(), IsEmpty());
+}
+
+TEST_F(DeviceIdentity, ForeignChildGoesToTheAugmentWalkerWhateverTheOperation) {
+  for (const std::uint32_t operation : {0U, 10U}) {
+    EXPECT_EQ(walk(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata,
+                   container("lacp-data", {leaf("global").in("urn:other"), leaf("other").in("urn:other")})
+                       .in(support::kBundlemgrOper),
+                   operation),
+              YFW_OK);
+  }
+  EXPECT_EQ(platform.traced("ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_parse_augments", "Start"), 3U)
+      << "a child with a known tag is one of them when it is not walked";
+}
+
+}  // namespace
