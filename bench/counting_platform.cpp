@@ -5,7 +5,9 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "bag/bag.h"
 #include "imc/imc.h"
+#include "platform/router.h"
 #include "sysdb/sysdb.h"
 #include "yfw/log.h"
 #include "yfw/map.h"
@@ -36,6 +38,41 @@ bench::CountingPlatform& counted() {
 extern "C" {
 
 imc_handle yfw_ocifmgr_im_conn;
+sysdb_handle yfw_intf_mgbl_connid;
+
+uint32_t platform_get_router_type() {
+  counted();
+  return 7;
+}
+
+cerrno imc_db_bind(const uint32_t* /*kind*/, uint32_t /*mode*/, imc_handle* connection) {
+  *connection = reinterpret_cast<imc_handle>(&counted());
+  return YFW_OK;
+}
+
+cerrno imc_db_unbind(imc_handle* /*connection*/, uint32_t /*zero*/) {
+  counted();
+  return YFW_OK;
+}
+
+cerrno bag_register_start() {
+  counted();
+  return YFW_OK;
+}
+
+cerrno bag_register(const bag_descriptor* /*descriptor*/) {
+  counted();
+  return YFW_OK;
+}
+
+cerrno bag_register_end() {
+  counted();
+  return YFW_OK;
+}
+
+void bag_register_abort() {
+  counted();
+}
 
 // The probe for the data-store client's library, which is here.
 int access(const char* /*path*/, int /*mode*/) noexcept {
@@ -147,6 +184,33 @@ cerrno yfw_map_datatree_add_path_flagged(yfw_map_ctx /*ctx*/, yfw_datatree* /*ou
                                          uintptr_t /*word*/, int /*list_flag*/, int /*last_flag*/) {
   ++counted().additions;
   return YFW_OK;
+}
+
+// The native direction is not measured: what only native data asks for is not answered.
+cerrno yfw_map_get_node_info(yfw_map_ctx /*ctx*/, const char* /*path*/, const char* /*leaf*/, const char** /*value*/) {
+  std::abort();
+}
+
+cerrno yfw_map_search_or_add_list(yfw_map_ctx /*ctx*/, yfw_datatree* /*output*/, yfw_datatree** /*entry*/,
+                                  const char* /*list_path*/, const char* /*key_value*/, const char* /*key_name*/,
+                                  const char* /*ns*/) {
+  std::abort();
+}
+
+void yfw_add_to_output_list_ctx(yfw_map_ctx /*ctx*/, yfw_datatree* /*output*/) {
+  std::abort();
+}
+
+void yfw_remove_from_output_list_ctx(yfw_map_ctx /*ctx*/, yfw_datatree* /*output*/) {
+  std::abort();
+}
+
+void yfw_map_copy_trim_path_list_ctx(yfw_map_ctx /*ctx*/, const char* /*list_path*/) {
+  std::abort();
+}
+
+uint32_t get_intf_type_if_lacp_configured(const char* /*interface_name*/) {
+  std::abort();
 }
 
 void yfw_map_util_itree_stack_push(yfw_map_ctx /*ctx*/, yfw_datatree* /*children*/, unsigned int /*child_count*/,
