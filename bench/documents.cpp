@@ -40,4 +40,12 @@ std::string running_configuration(std::size_t interfaces) {
          "]}}";
 }
 
+std::string full_running_configuration(std::size_t interfaces) {
+  return R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [)" +
+         entries(interfaces, R"({"active": "act", "interface-name": "Bundle-Ether#", "interface-virtual": [null],)"
+                             R"( "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": "active", "period": 1000,)"
+                             R"( "system-priority": 100, "system-mac": "00:11:22:33:44:55"}})") +
+         "]}}";
+}
+
 }  // namespace bench

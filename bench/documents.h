@@ -15,4 +15,7 @@ std::string delete_request();
 // A running configuration in JSON, of so many interfaces that have LACP.
 std::string running_configuration(std::size_t interfaces);
 
+// The same with all of an interface's LACP settings, each of which reads back.
+std::string full_running_configuration(std::size_t interfaces);
+
 }  // namespace bench

@@ -1,6 +1,7 @@
 // Times, in one run: what libyang needs to read the device's configuration and the request and to print the native edit
-// (the floor), the whole translation by the host, and the module by itself over a platform that only counts. Prints
-// them as ratios at the end.
+// (the floor), the whole translation by the host, and the module by itself over a platform that only counts; and for a
+// get, what libyang needs to read the configuration as the device does and to print the answer, and the whole get.
+// Prints them as ratios at the end.
 #include <benchmark/benchmark.h>
 #include <libyang/libyang.h>
 
@@ -9,6 +10,7 @@
 #include <cstdlib>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "counted_module.h"
@@ -25,15 +27,12 @@ using oclacp::host::ContextPtr;
 using oclacp::host::TreePtr;
 
 constexpr std::array<std::size_t, 3> kSizes = {100, 1000, 10000};
+constexpr std::array kRequests = {"create", "delete", "get"};
 
 void require(bool holds, const char* what) {
   if (holds) return;
   std::fprintf(stderr, "%s\n", what);
   std::exit(1);
-}
-
-const char* name_of(Request request) {
-  return request == Request::kCreate ? "create" : "delete";
 }
 
 std::string request_text(Request request, std::size_t interfaces) {
@@ -55,7 +54,7 @@ std::string running_text(Request request, std::size_t interfaces) {
 // A device that is read when the request comes, as the program does it.
 class Device final : public oclacp::host::Device {
  public:
-  Device(const ly_ctx* native, const std::string& running) : running_(parse(native, running)) {}
+  explicit Device(TreePtr running) : running_(std::move(running)) {}
 
   [[nodiscard]] uint32_t router_type() const override { return 7; }
   [[nodiscard]] const std::vector<oclacp::host::Interface>& interfaces() const override { return interfaces_; }
@@ -82,7 +81,7 @@ void floor(benchmark::State& state, Request request) {
   const std::string input = request_text(request, interfaces);
   const std::string running = running_text(request, interfaces);
   oclacp::host::Translator translator({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE);
-  const Device device(translator.native_context(), running);
+  const Device device(parse(translator.native_context(), running));
   const TreePtr edit = parse(native_side.get(), translator.translate(input, device, {}).text);
   while (state.KeepRunning()) {
     const TreePtr device_read = parse(native_side.get(), running);
@@ -100,7 +99,7 @@ void host(benchmark::State& state, Request request) {
   const std::string input = request_text(request, interfaces);
   const std::string running = running_text(request, interfaces);
   while (state.KeepRunning()) {
-    const Device device(translator.native_context(), running);
+    const Device device(parse(translator.native_context(), running));
     benchmark::DoNotOptimize(translator.translate(input, device, {}));
   }
 }
@@ -112,6 +111,39 @@ void module(benchmark::State& state, Request request) {
   }
   state.counters["calls"] = static_cast<double>(counted.calls());
   state.counters["additions"] = static_cast<double>(counted.additions());
+}
+
+// The configuration of a device, read and judged as from its folder.
+TreePtr read_running(const ly_ctx* native, const std::string& text) {
+  lyd_node* tree = nullptr;
+  const LY_ERR status =
+      lyd_parse_data_mem(native, text.c_str(), LYD_JSON, LYD_PARSE_STRICT, LYD_VALIDATE_NO_STATE, &tree);
+  require(status == LY_SUCCESS, "libyang does not read the configuration");
+  return TreePtr(tree);
+}
+
+void floor_of_get(benchmark::State& state) {
+  const std::string running = full_running_configuration(static_cast<std::size_t>(state.range(0)));
+  const ContextPtr request_side = new_context({"openconfig-lacp"});
+  oclacp::host::Translator translator({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE);
+  const Device device(read_running(translator.native_context(), running));
+  const TreePtr answer = parse(request_side.get(), translator.get(device, {}).text);
+  while (state.KeepRunning()) {
+    const TreePtr device_read = read_running(translator.native_context(), running);
+    char* printed = nullptr;
+    lyd_print_mem(&printed, answer.get(), LYD_JSON, LYD_PRINT_WITHSIBLINGS);
+    benchmark::DoNotOptimize(printed);
+    std::free(printed);
+  }
+}
+
+void host_get(benchmark::State& state) {
+  const std::string running = full_running_configuration(static_cast<std::size_t>(state.range(0)));
+  oclacp::host::Translator translator({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE);
+  while (state.KeepRunning()) {
+    const Device device(read_running(translator.native_context(), running));
+    benchmark::DoNotOptimize(translator.get(device, {}));
+  }
 }
 
 // Prints as usual and keeps the times.
@@ -127,8 +159,8 @@ class Times final : public benchmark::ConsoleReporter {
   }
 
   // 0 when it was not measured.
-  [[nodiscard]] double of(const char* what, Request request, std::size_t interfaces) const {
-    const auto found = times_.find(std::string(what) + "/" + name_of(request) + "/" + std::to_string(interfaces));
+  [[nodiscard]] double of(const char* what, const char* request, std::size_t interfaces) const {
+    const auto found = times_.find(std::string(what) + "/" + request + "/" + std::to_string(interfaces));
     return found == times_.end() ? 0 : found->second;
   }
 
@@ -138,21 +170,23 @@ class Times final : public benchmark::ConsoleReporter {
 
 void print_ratios(const Times& times) {
   std::printf("\n%-8s %10s %12s %14s\n", "request", "interfaces", "host/floor", "module/floor");
-  for (const Request request : {Request::kCreate, Request::kDelete}) {
+  for (const char* request : kRequests) {
     for (const std::size_t interfaces : kSizes) {
       const double floor = times.of("floor", request, interfaces);
       if (floor == 0) continue;
-      std::printf("%-8s %10zu %12.2f %14.2f\n", name_of(request), interfaces,
-                  times.of("host", request, interfaces) / floor, times.of("module", request, interfaces) / floor);
+      std::printf("%-8s %10zu %12.2f", request, interfaces, times.of("host", request, interfaces) / floor);
+      if (const double module = times.of("module", request, interfaces); module != 0) {
+        std::printf(" %14.2f", module / floor);
+      }
+      std::printf("\n");
     }
   }
   std::printf("\nten times the interfaces, %zu against %zu:\n", kSizes[2], kSizes[1]);
-  for (const Request request : {Request::kCreate, Request::kDelete}) {
+  for (const char* request : kRequests) {
     for (const char* what : {"floor", "host", "module"}) {
       const double base = times.of(what, request, kSizes[1]);
       if (base == 0) continue;
-      std::printf("%-8s %-8s %8.1f times the time\n", name_of(request), what,
-                  times.of(what, request, kSizes[2]) / base);
+      std::printf("%-8s %-8s %8.1f times the time\n", request, what, times.of(what, request, kSizes[2]) / base);
     }
   }
 }
@@ -165,8 +199,10 @@ void sizes(benchmark::internal::Benchmark* benchmark) {
 // Runs are named "floor/create/100" and so on.
 BENCHMARK_CAPTURE(floor, create, Request::kCreate)->Apply(sizes);
 BENCHMARK_CAPTURE(floor, delete, Request::kDelete)->Apply(sizes);
+BENCHMARK(floor_of_get)->Name("floor/get")->Apply(sizes);
 BENCHMARK_CAPTURE(host, create, Request::kCreate)->Apply(sizes);
 BENCHMARK_CAPTURE(host, delete, Request::kDelete)->Apply(sizes);
+BENCHMARK(host_get)->Name("host/get")->Apply(sizes);
 BENCHMARK_CAPTURE(module, create, Request::kCreate)->Apply(sizes);
 BENCHMARK_CAPTURE(module, delete, Request::kDelete)->Apply(sizes);
 

@@ -71,6 +71,12 @@ void tell_dropped(size_t entries) {
   }
 }
 
+void tell_dropped_leaves(size_t leaves) {
+  if (leaves != 0) {
+    std::cerr << "oclacp: left out " << leaves << " leaves that belong to no list entry\n";
+  }
+}
+
 void print(const std::string& text) {
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
     throw host::Refusal("the result cannot be written to the standard output");

@@ -64,6 +64,9 @@ class Records {
   std::vector<std::string> trace_;
 };
 
+// Tells, on the standard error, how many leaves of an answer no list entry was named for.
+void tell_dropped_leaves(size_t leaves);
+
 // Tells, on the standard error, of native list entries that were left out.
 void tell_dropped(size_t entries);
 

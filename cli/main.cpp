@@ -7,6 +7,7 @@
 #include <string>
 
 #include "cli/edit.h"
+#include "cli/get.h"
 #include "cli/records_command.h"
 #include "cli/translate.h"
 #include "host/translator.h"
@@ -23,6 +24,7 @@ int run(int argc, char** argv) {
   define_translate(app);
   define_edit(app);
   define_delete(app);
+  define_get(app);
   define_records(app);
   try {
     app.parse(argc, argv);

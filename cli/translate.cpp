@@ -16,19 +16,51 @@ const Words<host::RequestKind> kReads = {{"config", host::RequestKind::kReadConf
 
 struct TranslateArguments : TranslationArguments {
   std::string file;
+  bool goes_to_openconfig = false;
 };
+
+const Words<bool> kTargets = {{"native", false}, {"openconfig", true}};
+
+// Null without one.
+std::unique_ptr<host::Device> open_device(const host::Translator& translator, const TranslateArguments& arguments) {
+  if (arguments.device.empty()) {
+    return nullptr;
+  }
+  return std::make_unique<host::DirectoryDevice>(translator.native_context(), arguments.device);
+}
+
+void translate_to_openconfig(host::Translator& translator, const host::Device* device, const std::string& native,
+                             TranslateArguments& arguments) {
+  host::ToOpenconfigOptions options;
+  options.format = arguments.options.format;
+  if (arguments.options.kind == host::RequestKind::kReadState) {
+    options.kind = host::RequestKind::kReadState;
+  }
+  host::Answer answer;
+  {
+    const Records records(arguments);
+    options.debug_log = arguments.options.debug_log;
+    options.trace = arguments.options.trace;
+    answer = translator.to_openconfig(native, device, options);
+  }
+  tell_dropped_leaves(answer.dropped_leaves);
+  print(answer.text);
+}
 
 void translate(TranslateArguments& arguments) {
   const std::unique_ptr<host::Translator> translator = make_translator(arguments);
-  std::unique_ptr<host::Device> device = std::make_unique<host::EmptyDevice>();
-  if (!arguments.device.empty()) {
-    device = std::make_unique<host::DirectoryDevice>(translator->native_context(), arguments.device);
-  }
+  const std::unique_ptr<host::Device> device = open_device(*translator, arguments);
   const std::string request = host::read_text_file(arguments.file, host::kMaxRequestBytes);
+  if (arguments.goes_to_openconfig) {
+    translate_to_openconfig(*translator, device.get(), request, arguments);
+    return;
+  }
+  const host::EmptyDevice nothing;
+  const host::Device& asked = device == nullptr ? static_cast<const host::Device&>(nothing) : *device;
   host::Translation translation;
   {
     const Records records(arguments);
-    translation = translator->translate(request, *device, arguments.options);
+    translation = translator->translate(request, asked, arguments.options);
   }
   tell_dropped(translation.dropped_entries);
   print(translation.text);
@@ -38,25 +70,31 @@ void translate(TranslateArguments& arguments) {
 
 void define_translate(CLI::App& app) {
   const auto arguments = std::make_shared<TranslateArguments>();
-  CLI::App* command = app.add_subcommand("translate", "Translate a request, without a device or with one as it stands");
+  CLI::App* command =
+      app.add_subcommand("translate", "Translate a request or native data, without a device or with one as it stands");
   add_request(*command, arguments->file);
-  command->add_option("--to", "What to translate to")
-      ->required()
-      ->type_name("native")
-      ->check(CLI::IsMember({"native"}).description(""));
+  add_choice(*command, "--to", arguments->goes_to_openconfig, kTargets, "What to translate to")->required();
   CLI::Option* operation = add_operation(*command, *arguments);
   CLI::Option* format =
       add_format(*command, *arguments, "The format of the native edit; that of the request by default");
   CLI::Option* strict = add_strict(*command, *arguments);
   add_choice(*command, "--read", arguments->options.kind, kReads,
-             "Take the request for a read, of configuration or of configuration and state, and print the native paths "
-             "that it asks for")
+             "To native: take the request for a read, of configuration or of configuration and state, and print the "
+             "native paths that it asks for. To openconfig: whether the input is configuration, the default, or state "
+             "too")
       ->excludes(operation)
       ->excludes(format)
       ->excludes(strict);
   add_device(*command, *arguments);
   add_workings(*command, *arguments);
-  command->callback([arguments] { translate(*arguments); });
+  command->callback([arguments, operation, strict] {
+    for (const CLI::Option* of_edits : {operation, strict}) {
+      if (arguments->goes_to_openconfig && of_edits->count() != 0) {
+        throw CLI::ExcludesError("--to openconfig", of_edits->get_name());
+      }
+    }
+    translate(*arguments);
+  });
 }
 
 }  // namespace oclacp::cli

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <cstring>
 
 namespace oclacp::host {
 namespace {
@@ -33,10 +34,23 @@ const yfw_datatree* find_culprit(const Request& request, RequestTree& tree, cerr
   return request.last_entered() == nullptr ? tree.top() : request.last_entered();
 }
 
-std::string code_text(cerrno status) {
+// "error tag 'state', code 0xaaf2ee00"; the tag is left out when it is null.
+std::string code_text(const char* tag, cerrno status) {
   std::array<char, 16> text{};
   static_cast<void>(std::snprintf(text.data(), text.size(), "0x%08x", status));
-  return text.data();
+  return (tag == nullptr ? "" : "error tag '" + std::string(tag) + "', ") + "code " + text.data();
+}
+
+// A refused period is marked at the container around it.
+std::string describe_period(const yfw_datatree* container) {
+  for (unsigned index = 0; index < container->child_count; ++index) {
+    const yfw_datatree& leaf = container->children[index];
+    if (leaf.value != nullptr && std::strcmp(leaf.tag, "period") == 0) {
+      return "/period: '" + std::string(leaf.value) +
+             "' has no OpenConfig form, which only one second (true or 1000) and thirty (30000) have";
+    }
+  }
+  return std::string(": ") + cerr_strerror(YFW_UNSUPPORTED_INTERVAL);
 }
 
 }  // namespace
@@ -52,11 +66,22 @@ std::string describe_failure(const Request& request, RequestTree& tree, cerrno s
   if (tag != nullptr) {
     sentence.append("/").append(tag);
   }
-  sentence.append(": ").append(cerr_strerror(status)).append(" (");
-  if (tag != nullptr) {
-    sentence.append("error tag '").append(tag).append("', ");
+  return sentence.append(": ").append(cerr_strerror(status)).append(" (").append(code_text(tag, status)).append(")");
+}
+
+std::string describe_native_failure(const Request& request, const yfw_datatree* top, cerrno status) {
+  const auto known = [top](const yfw_datatree* node) { return node == nullptr ? top : node; };
+  if (request.refused()) {
+    return node_path(known(request.refused()->node)) + ": " + request.refused()->reason;
   }
-  return sentence.append("code ").append(code_text(status)).append(")");
+  const yfw_datatree* node = request.marked_node();
+  if (node == nullptr) {
+    node = known(request.last_entered());
+  }
+  const std::string reason =
+      status == YFW_UNSUPPORTED_INTERVAL ? describe_period(node) : std::string(": ") + cerr_strerror(status);
+  const char* tag = comes_with_tag(status) ? request.request->error_tag : nullptr;
+  return node_path(node) + reason + " (" + code_text(tag, status) + ")";
 }
 
 }  // namespace oclacp::host

@@ -12,4 +12,7 @@ namespace oclacp::host {
 // 'state', code 0xaaf2ee00)". `status` is the entry walker's.
 std::string describe_failure(const Request& request, RequestTree& tree, cerrno status);
 
+// The same for a walk of native data, which begins at `top`.
+std::string describe_native_failure(const Request& request, const yfw_datatree* top, cerrno status);
+
 }  // namespace oclacp::host

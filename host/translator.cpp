@@ -4,32 +4,18 @@
 
 #include "host/datastore/edit_application.h"
 #include "host/datastore/installed_device.h"
-#include "host/failure.h"
 #include "host/framework/edit_tree.h"
 #include "host/framework/ignored_nodes.h"
-#include "host/framework/native_paths.h"
 #include "host/framework/read_paths.h"
-#include "host/framework/request.h"
-#include "host/log/sinks.h"
-#include "host/module.h"
+#include "host/refusal.h"
+#include "host/translator_parts.h"
+#include "host/walk.h"
 #include "host/yang/delete_request.h"
 #include "host/yang/edit_printer.h"
 #include "host/yang/request_parser.h"
 
 namespace oclacp::host {
 namespace {
-
-uint32_t operation_code(RequestKind kind) {
-  switch (kind) {
-    case RequestKind::kReadConfig:
-      return YFW_REQUEST_READ_CONFIG;
-    case RequestKind::kReadState:
-      return YFW_REQUEST_READ_STATE;
-    case RequestKind::kEdit:
-      break;
-  }
-  return YFW_REQUEST_EDIT;
-}
 
 // Whether a node names something below it, beyond the keys that say which entry it is.
 bool names_more(const yfw_datatree& node) {
@@ -61,41 +47,11 @@ void apply_default(DefaultOperation operation, RequestTree& tree) {
   }
 }
 
-// The module's records, collected while a request is walked.
-class Records {
- public:
-  Records(Request& request, const TranslateOptions& options) : options_(options), stream_{options.debug_log} {
-    request.debug_log_filter = options.debug_log == nullptr ? kLogNothing : kLogEverything;
-    request.error_log = &stream_;
-    request.trace_log = &stream_;
-    request.trace_buffer = &buffer_;
-    request.trace_enabled = options.trace == nullptr ? 0 : 1;
-  }
-  ~Records() {
-    if (options_.trace != nullptr) {
-      *options_.trace = std::move(buffer_.records);
-    }
-  }
-  Records(const Records&) = delete;
-  Records& operator=(const Records&) = delete;
-  Records(Records&&) = delete;
-  Records& operator=(Records&&) = delete;
-
- private:
-  const TranslateOptions& options_;
-  yfw_log_stream stream_;
-  yfw_trace_buffer buffer_;
-};
-
 void walk(const Module& module, RequestTree& tree, EditScript& script, const TranslateOptions& options) {
   module.require_offer();
-  Request request(operation_code(options.kind), script);
-  const Records records(request, options);
-  const cerrno status = module.request_walker()(&request, tree.top(), request.output_root());
-  if (status != YFW_OK || request.refused()) {
-    throw Refusal(describe_failure(request, tree, status));
-  }
-  const yfw_datatree* ignored = options.is_strict && request.is_edit() ? find_ignored_node(tree) : nullptr;
+  walk_request(module.request_walker(), tree, operation_code(options.kind), script, {options.debug_log, options.trace});
+  const bool is_edit = options.kind == RequestKind::kEdit;
+  const yfw_datatree* ignored = options.is_strict && is_edit ? find_ignored_node(tree) : nullptr;
   if (ignored != nullptr) {
     throw Refusal(node_path(ignored) + ": would be ignored");
   }
@@ -114,15 +70,6 @@ LYD_FORMAT output_format(Format format, LYD_FORMAT input) {
 }
 
 }  // namespace
-
-struct Translator::Parts {
-  Schemas schemas;
-  NativePaths paths;
-  Module module;
-
-  Parts(const SchemaDirectories& directories, const std::string& module_file)
-      : schemas(directories), paths(schemas.native()), module(module_file) {}
-};
 
 Translator::Translator(const SchemaDirectories& schemas, const std::string& module_file)
     : parts_(std::make_unique<Parts>(schemas, module_file)) {}
@@ -156,7 +103,8 @@ struct TranslatedEdit {
 Translation Translator::translate(const std::string& request, const Device& device, const TranslateOptions& options) {
   Translation translation;
   if (options.kind == RequestKind::kEdit) {
-    const TranslatedEdit edit(parts_->schemas.request(), parts_->module, parts_->paths, request, device, options);
+    const TranslatedEdit edit(parts_->schemas.request(), parts_->module, parts_->native_paths, request, device,
+                              options);
     translation.dropped_entries = edit.native->dropped_entries();
     translation.text = print_edit(native_context(), *edit.native, output_format(options.format, edit.request.format));
     return translation;
@@ -166,7 +114,7 @@ Translation Translator::translate(const std::string& request, const Device& devi
     throw Refusal(node_path(parsed.tree.top()) + ": a read carries no edit operations");
   }
   const InstalledDevice installed(device);
-  EditScript script(parts_->paths, false);
+  EditScript script(parts_->native_paths, false);
   walk(parts_->module, parsed.tree, script, options);
   for (const std::string& path : list_read_paths(script)) {
     translation.text.append(path).append("\n");
@@ -175,7 +123,7 @@ Translation Translator::translate(const std::string& request, const Device& devi
 }
 
 EditPlan Translator::plan_edit(const std::string& request, const Device& device, const TranslateOptions& options) {
-  const TranslatedEdit edit(parts_->schemas.request(), parts_->module, parts_->paths, request, device, options);
+  const TranslatedEdit edit(parts_->schemas.request(), parts_->module, parts_->native_paths, request, device, options);
   EditPlan plan;
   plan.running = apply_edit(native_context(), *edit.native, device);
   plan.difference = find_difference(native_context(), device.running(), plan.running.get());

@@ -42,6 +42,35 @@ struct Translation {
   size_t dropped_entries = 0;
 };
 
+enum class AnswerFormat {
+  kJson,
+  kXml,
+  kTable,  // for people: a row for each interface
+};
+
+struct GetOptions {
+  std::string path = "/lacp";  // of a node of openconfig-lacp (yang/request_path.h)
+  AnswerFormat format = AnswerFormat::kJson;
+  // An entry that cannot be translated is left out and told, instead of ending the whole.
+  bool keeps_going = false;
+  std::ostream* debug_log = nullptr;  // both as in TranslateOptions
+  std::vector<std::string>* trace = nullptr;
+};
+
+struct ToOpenconfigOptions {
+  RequestKind kind = RequestKind::kReadConfig;  // a read: of configuration, or of state too
+  Format format = Format::kAsInput;
+  std::ostream* debug_log = nullptr;  // both as in TranslateOptions
+  std::vector<std::string>* trace = nullptr;
+};
+
+// OpenConfig data made of native data.
+struct Answer {
+  std::string text;
+  std::vector<std::string> failures;  // why entries were left out; a sentence each, in the form of a Refusal
+  size_t dropped_leaves = 0;          // left out because the module named no list entry for them
+};
+
 // A loaded module with the schemas on both sides. Used by one thread at a time; serves any number of requests.
 class OCLACP_HOST_API Translator {
  public:
@@ -58,6 +87,17 @@ class OCLACP_HOST_API Translator {
 
   // Translates a request in JSON or XML. Throws Refusal; nothing is changed by a refused request, nor by any other.
   Translation translate(const std::string& request, const Device& device, const TranslateOptions& options);
+
+  // Reads the configuration of a device. Throws Refusal.
+  Answer get(const Device& device, const GetOptions& options);
+
+  // The native configuration of the interfaces below `path` (as in GetOptions) that OpenConfig has no form for: a line
+  // for each leaf, with its native path and its value. Throws Refusal.
+  std::string list_unmapped(const Device& device, const std::string& path);
+
+  // Translates native data in JSON (RFC 7951) or XML, with any number of native top nodes. The interfaces that have
+  // LACP are those of `device`; with null those of the input. Throws Refusal.
+  Answer to_openconfig(const std::string& native, const Device* device, const ToOpenconfigOptions& options);
 
   // Translates an edit and applies it to the configuration of `device`, which stays as it is; to carry the plan out is
   // the caller's part. Throws Refusal as translate() does, and for what cannot be applied.

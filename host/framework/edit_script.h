@@ -1,4 +1,5 @@
-// The output tree of a walk: the nodes that a module adds, in the order in which it adds them.
+// The output tree of a walk: the nodes that a module adds, in the order in which it adds them. An edit's are native
+// nodes; so are those of a read, which it asks for; those of native data are OpenConfig's.
 //
 // A module names list entries by opening them: it adds the list with the list flag, and then the keys like any other
 // leaf. For each list the script therefore knows the entry that is current. An entry is closed when the next input

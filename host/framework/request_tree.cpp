@@ -54,8 +54,10 @@ const char* opaque_value(const ly_ctx* context, const lyd_node_opaq& leaf, const
   if (leaf.value[0] == '\0' && (leaf.hints & LYD_VALHINT_EMPTY) != 0) {
     return nullptr;
   }
-  if (lyd_value_validate(context, info.schema, leaf.value, std::strlen(leaf.value), nullptr, nullptr, nullptr) !=
-      LY_SUCCESS) {
+  // A reference's value is fine as long as its target may be.
+  const LY_ERR status =
+      lyd_value_validate(context, info.schema, leaf.value, std::strlen(leaf.value), nullptr, nullptr, nullptr);
+  if (status != LY_SUCCESS && status != LY_EINCOMPLETE) {
     const std::string complaint = last_complaint(context, "");
     throw Refusal(node_path(node) + complaint.substr(complaint.find(": ")));
   }

@@ -23,15 +23,20 @@ TreePtr parse(const ly_ctx* context, const std::string& text, LYD_FORMAT format)
 
 }  // namespace
 
+void require_served_top(RequestTree& tree) {
+  const std::string top = node_path(tree.top());
+  if (top != "/openconfig-lacp:lacp") {
+    throw Refusal(top + ": no mapping serves this node");
+  }
+}
+
 ParsedRequest parse_request(const ly_ctx* context, const std::string& text) {
   const RequestText inspected = inspect_request(text);
   TreePtr data = parse(context, text, inspected.format);
   const bool alone = data->next == nullptr;
   RequestTree tree(context, std::move(data));
+  require_served_top(tree);
   const std::string top = node_path(tree.top());
-  if (top != "/openconfig-lacp:lacp") {
-    throw Refusal(top + ": no mapping serves this node");
-  }
   if (!alone) {
     throw Refusal(top + ": a request has one top node, this one has more");
   }

@@ -16,4 +16,7 @@ struct ParsedRequest {
 // may lack a value, and list entries their key, as in deletions and reads. Throws Refusal.
 ParsedRequest parse_request(const ly_ctx* context, const std::string& text);
 
+// Refuses a request whose top node is another than /openconfig-lacp:lacp.
+void require_served_top(RequestTree& tree);
+
 }  // namespace oclacp::host

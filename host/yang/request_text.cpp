@@ -213,8 +213,6 @@ class XmlScanner : Scanner {
   size_t operations_ = 0;
 };
 
-constexpr const char* kRequest = "the request";
-
 // Where the text begins that is not blank.
 size_t check_not_empty(std::string_view text, const std::string& subject) {
   if (text.find('\0') != std::string_view::npos) {
@@ -229,14 +227,14 @@ size_t check_not_empty(std::string_view text, const std::string& subject) {
 
 }  // namespace
 
-RequestText inspect_request(std::string_view text) {
+RequestText inspect_request(std::string_view text, const std::string& subject) {
   if (text.size() > kMaxRequestBytes) {
-    throw Refusal(std::string(kRequest) + ": longer than " + std::to_string(kMaxRequestBytes >> 20) + " MiB");
+    throw Refusal(subject + ": longer than " + std::to_string(kMaxRequestBytes >> 20) + " MiB");
   }
-  if (text[check_not_empty(text, kRequest)] == '<') {
-    return {LYD_XML, XmlScanner(text, kRequest).scan()};
+  if (text[check_not_empty(text, subject)] == '<') {
+    return {LYD_XML, XmlScanner(text, subject).scan()};
   }
-  JsonScanner(text, kRequest).scan();
+  JsonScanner(text, subject).scan();
   return {LYD_JSON, 0};
 }
 

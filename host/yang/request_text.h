@@ -22,11 +22,10 @@ struct RequestText {
 
 // Checks what libyang lets pass or cannot survive: size, depth, an empty or unfinished document, text behind the end of
 // a JSON document, and attributes other than the edit operation, which libyang would drop without a word. Linear in the
-// text. Throws Refusal.
-RequestText inspect_request(std::string_view text);
+// text. `subject` is what a Refusal is about. Throws Refusal.
+RequestText inspect_request(std::string_view text, const std::string& subject = "the request");
 
-// The same for the depth, the end and the attributes of a document that is JSON and of any size. `subject` is what the
-// Refusal is about: the name of its file.
+// The same for the depth, the end and the attributes of a document that is JSON and of any size.
 void check_json_document(std::string_view text, const std::string& subject);
 
 }  // namespace oclacp::host

@@ -80,6 +80,12 @@ std::vector<std::string> with_device() {
   return {"-d", example("device")};
 }
 
+std::string squeezed(std::string text) {
+  text.erase(std::remove_if(text.begin(), text.end(), [](char character) { return std::isspace(character) != 0; }),
+             text.end());
+  return text;
+}
+
 void expect_refusal(const Outcome& run, const std::string& part) {
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, "");

@@ -26,6 +26,9 @@ Outcome translate(const std::string& request, const std::vector<std::string>& fu
 std::string example(const std::string& name);
 std::vector<std::string> with_device();
 
+// A text without its blanks and line ends.
+std::string squeezed(std::string text);
+
 // That the run was refused as it has to be: status 1, nothing on the standard output, and one sentence on the standard
 // error that begins with the program's name and holds `part`.
 void expect_refusal(const Outcome& run, const std::string& part);

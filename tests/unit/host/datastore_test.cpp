@@ -175,6 +175,24 @@ TEST(DataStore, ItsLibraryIsPresentWithAndWithoutADevice) {
   EXPECT_EQ(access(SYSDB_LIBRARY_PATH, R_OK), 0);
 }
 
+TEST(DataStore, TheGlobalConnectionNeedsNoDeviceAndHoldsNothing) {
+  ASSERT_EQ(yfw_intf_mgbl_connid, nullptr);
+  ASSERT_EQ(_sysdb_bind(&yfw_intf_mgbl_connid, SYSDB_INTERFACE_GLOBALS, SYSDB_GLOBALS_BIND_FLAGS), YFW_OK);
+  ASSERT_NE(yfw_intf_mgbl_connid, nullptr);
+  uint32_t count = 7;
+  sysdb_list_handle list = nullptr;
+  EXPECT_EQ(sysdb_find(yfw_intf_mgbl_connid, ".*", "", &count, &list, SYSDB_FIND_FLAGS, 0), kBadQuery);
+  EXPECT_EQ(_sysdb_unbind(yfw_intf_mgbl_connid), YFW_OK);
+  EXPECT_EQ(yfw_intf_mgbl_connid, nullptr) << "the next module would take it for bound";
+}
+
+TEST(Platform, ItsTypeIsTheDevices) {
+  EXPECT_EQ(platform_get_router_type(), 0U);
+  const EmptyDevice device;
+  const InstalledDevice installed(device);
+  EXPECT_EQ(platform_get_router_type(), device.router_type());
+}
+
 TEST(DataStore, OtherProbesGoToTheSystem) {
   const EmptyDevice device;
   const InstalledDevice installed(device);

@@ -17,7 +17,7 @@ using testing::HasSubstr;
 
 class EditableDirectoryTest : public testing::Test {
  protected:
-  EditableDirectoryTest() { write_device(R"("router-type": 1)", lacp_of_a(R"("mode": "active")")); }
+  EditableDirectoryTest() { write_device(R"("router-type": 7)", lacp_of_a(R"("mode": "active")")); }
 
   void write_device(const std::string& platform, const std::string& running) const {
     folder_.write("platform.json", R"({"oclacp-platform:platform": {)" + platform + "}}");
@@ -95,9 +95,9 @@ TEST_F(EditableDirectoryTest, AMissingFolderIsRefused) {
 
 TEST_F(EditableDirectoryTest, ThePeriodIsKeptAsWrittenUnlessTheDeviceIsCanonical) {
   EXPECT_EQ(period_kept(), "1 1000 1");
-  write_device(R"("router-type": 1, "period": "as-written")", "{}");
+  write_device(R"("router-type": 7, "period": "as-written")", "{}");
   EXPECT_EQ(period_kept(), "1 1000 1");
-  write_device(R"("router-type": 1, "period": "canonical")", "{}");
+  write_device(R"("router-type": 7, "period": "canonical")", "{}");
   EXPECT_EQ(period_kept(), "true 1000 1");
 }
 

@@ -117,5 +117,14 @@ TEST(InterfaceManagerWithoutDevice, KnowsNoInterface) {
   EXPECT_EQ(get_intf_type_if_lacp_configured("Bundle-Ether1"), 0U);
 }
 
+TEST(InterfaceManagerWithoutDevice, ConnectionsAreOpenUntilTheyAreClosed) {
+  const uint32_t kind = IMC_BIND_KIND;
+  imc_handle connection = nullptr;
+  ASSERT_EQ(imc_db_bind(&kind, IMC_BIND_MODE, &connection), YFW_OK);
+  EXPECT_NE(connection, nullptr);
+  EXPECT_EQ(imc_db_unbind(&connection, 0), YFW_OK);
+  EXPECT_EQ(connection, nullptr);
+}
+
 }  // namespace
 }  // namespace oclacp::host

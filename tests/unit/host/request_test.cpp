@@ -93,5 +93,26 @@ TEST_F(RequestTest, ARefusedAdditionFailsTheRequestEvenIfTheModuleIgnoresIt) {
   EXPECT_EQ(request_.refused()->reason, "native /no/such: no such native node");
 }
 
+TEST_F(RequestTest, FindsALeafOfAContainerInAnEnclosingEntry) {
+  const char* value = nullptr;
+  yfw_map_add_to_node_hierarchy(&request_, entry_, YFW_HIERARCHY_LIST);
+  EXPECT_EQ(yfw_map_get_node_info(&request_, "/lacp/interfaces/interface/config", "interval", &value), YFW_OK);
+  EXPECT_STREQ(value, "FAST");
+  EXPECT_EQ(yfw_map_get_node_info(&request_, "/lacp/interfaces/interface/state", "interval", &value), kNotFound);
+  EXPECT_EQ(yfw_map_get_node_info(&request_, "/lacp/interfaces/interfaces", "name", &value), kNotFound);
+  EXPECT_EQ(yfw_map_get_node_info(&request_, "/lacp/interfaces/inter", "name", &value), kNotFound);
+  yfw_map_add_to_node_hierarchy(&request_, config_, YFW_HIERARCHY_CONTAINER);
+  EXPECT_EQ(yfw_map_get_node_info(&request_, "/lacp/interfaces/interface/config", "interval", &value), YFW_OK);
+  EXPECT_STREQ(value, "FAST");
+}
+
+TEST_F(RequestTest, CountsTheOutputList) {
+  yfw_add_to_output_list_ctx(&request_, request_.output_root());
+  yfw_add_to_output_list_ctx(&request_, request_.output_root());
+  EXPECT_EQ(request_.request->output_list_count, 2U);
+  yfw_remove_from_output_list_ctx(&request_, request_.output_root());
+  EXPECT_EQ(request_.request->output_list_count, 1U);
+}
+
 }  // namespace
 }  // namespace oclacp::host

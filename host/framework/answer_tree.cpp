@@ -1,0 +1,190 @@
+#include "host/framework/answer_tree.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include "host/framework/path_text.h"
+#include "host/refusal.h"
+
+namespace oclacp::host {
+namespace {
+
+// Nodes stand below few others except for list entries, which are not looked for here.
+lyd_node* find_among(lyd_node* siblings, const lysc_node* schema) {
+  while (siblings != nullptr && siblings->schema != schema) {
+    siblings = siblings->next;
+  }
+  return siblings;
+}
+
+bool is_left_out(const EditScript& script, int entry) {
+  while (entry != EditScript::kNoEntry) {
+    const EditScript::Entry& opened = script.entries()[static_cast<size_t>(entry)];
+    if (!opened.has_keys()) {
+      return true;
+    }
+    entry = opened.parent;
+  }
+  return false;
+}
+
+std::string identity_of(const lyd_node* above, const EditScript::Entry& entry) {
+  std::string identity(reinterpret_cast<const char*>(&above), sizeof above);
+  identity.append(reinterpret_cast<const char*>(&entry.list), sizeof entry.list);
+  for (const std::string_view key : entry.keys) {
+    identity.append(key).append(1, '\0');
+  }
+  return identity;
+}
+
+}  // namespace
+
+void AnswerTree::add(const EditScript& script) {
+  node_of_entry_.assign(script.entries().size(), nullptr);
+  new_entries_.clear();
+  try {
+    for (const EditScript::Step& step : script.steps()) {
+      add_step(script, step);
+    }
+  } catch (const Refusal&) {
+    take_back_new_entries();
+    throw;
+  }
+}
+
+void AnswerTree::add_step(const EditScript& script, const EditScript::Step& step) {
+  const lysc_node* schema = step.target->schema;
+  if (is_left_out(script, step.entry)) {
+    dropped_leaves_ += step.target->is_leaf() ? 1 : 0;
+    return;
+  }
+  if (step.target->is_key() || !step.target->is_leaf()) {
+    place_of(script, step.target->is_key() ? step.target->lists.back() : schema, step.entry);
+    return;
+  }
+  set_leaf(place_of(script, lysc_data_parent(schema), step.entry), schema, step.has_value ? step.value.data() : "");
+}
+
+// The answer's node for a container or list, made with what is above it when it is not there. `entry` is the script's
+// innermost entry around it, or for it. Null above the top.
+lyd_node* AnswerTree::place_of(const EditScript& script, const lysc_node* schema, int entry) {
+  if (schema == nullptr) {
+    return nullptr;
+  }
+  if (schema->nodetype != LYS_LIST) {
+    return find_or_add_inner(place_of(script, lysc_data_parent(schema), entry), schema);
+  }
+  lyd_node*& node = node_of_entry_[static_cast<size_t>(entry)];
+  if (node == nullptr) {
+    node = find_or_add_entry(script, script.entries()[static_cast<size_t>(entry)]);
+  }
+  return node;
+}
+
+lyd_node* AnswerTree::find_or_add_entry(const EditScript& script, const EditScript::Entry& entry) {
+  lyd_node* above = place_of(script, lysc_data_parent(entry.list), entry.parent);
+  const auto [place, is_new] = entries_.emplace(identity_of(above, entry), nullptr);
+  if (!is_new) {
+    return place->second;
+  }
+  // The function takes as many keys as the list has; the OpenConfig lists have one.
+  if (entry.keys.size() != 1 || lyd_new_list(above, entry.list->module, entry.list->name, 0, &place->second,
+                                             entry.keys.front().data()) != LY_SUCCESS) {
+    entries_.erase(place);
+    refuse(above, entry.list);
+  }
+  if (above == nullptr) {
+    insert_top(place->second);
+  }
+  new_entries_.push_back(&*place);
+  if (const lysc_node* target = key_target(entry.list); target != nullptr) {
+    set_leaf(find_or_add_inner(place->second, target->parent), target, entry.keys.front().data());
+  }
+  return place->second;
+}
+
+// The leaf of configuration that a list's key refers to, one container below the entry.
+const lysc_node* AnswerTree::key_target(const lysc_node* list) {
+  const auto [place, is_new] = key_targets_.emplace(list, nullptr);
+  const lysc_node* key = lysc_node_child(list);
+  const auto* type = reinterpret_cast<const lysc_node_leaf*>(key)->type;
+  if (!is_new || type->basetype != LY_TYPE_LEAFREF) {
+    return place->second;
+  }
+  ly_set* found = nullptr;
+  const char* path = lyxp_get_expr(reinterpret_cast<const lysc_type_leafref*>(type)->path);
+  if (lys_find_xpath(context_, key, path, 0, &found) != LY_SUCCESS) {
+    return nullptr;
+  }
+  for (uint32_t index = 0; index < found->count; ++index) {
+    const lysc_node* target = found->snodes[index];
+    if (target->parent != nullptr && target->parent->parent == list && (target->flags & LYS_CONFIG_W) != 0) {
+      place->second = target;
+    }
+  }
+  ly_set_free(found, nullptr);
+  return place->second;
+}
+
+lyd_node* AnswerTree::find_or_add_inner(lyd_node* above, const lysc_node* schema) {
+  lyd_node* node = find_among(above == nullptr ? top_.get() : lyd_child(above), schema);
+  if (node != nullptr) {
+    return node;
+  }
+  if (lyd_new_inner(above, schema->module, schema->name, 0, &node) != LY_SUCCESS) {
+    refuse(above, schema);
+  }
+  if (above == nullptr) {
+    insert_top(node);
+  }
+  return node;
+}
+
+void AnswerTree::set_leaf(lyd_node* above, const lysc_node* schema, const char* value) {
+  lyd_node* leaf = find_among(above == nullptr ? top_.get() : lyd_child(above), schema);
+  if (leaf != nullptr) {
+    const LY_ERR status = lyd_change_term(leaf, value);
+    if (status != LY_SUCCESS && status != LY_EEXIST && status != LY_ENOT) {
+      refuse(above, schema);
+    }
+    return;
+  }
+  if (lyd_new_term(above, schema->module, schema->name, value, 0, &leaf) != LY_SUCCESS) {
+    refuse(above, schema);
+  }
+  if (above == nullptr) {
+    insert_top(leaf);
+  }
+}
+
+void AnswerTree::insert_top(lyd_node* made) {
+  lyd_node* first = top_.release();
+  lyd_insert_sibling(first, made, &first);
+  top_.reset(first);
+}
+
+void AnswerTree::refuse(const lyd_node* above, const lysc_node* schema) const {
+  const std::string complaint = last_complaint(context_, "");
+  const std::unique_ptr<char, decltype(&std::free)> path(
+      above == nullptr ? nullptr : lyd_path(above, LYD_PATH_STD, nullptr, 0), &std::free);
+  std::string sentence = path == nullptr ? "" : path.get();
+  append_step(sentence, *schema, above == nullptr ? nullptr : above->schema->module);
+  throw Refusal(sentence + complaint.substr(complaint.find(": ")));
+}
+
+// Inner entries come after those around them. Containers that are left empty go too.
+void AnswerTree::take_back_new_entries() {
+  for (auto entry = new_entries_.rbegin(); entry != new_entries_.rend(); ++entry) {
+    lyd_node* above = lyd_parent((*entry)->second);
+    lyd_free_tree((*entry)->second);
+    entries_.erase(std::string((*entry)->first));
+    while (above != nullptr && lyd_child(above) == nullptr && lyd_parent(above) != nullptr) {
+      lyd_node* empty = above;
+      above = lyd_parent(above);
+      lyd_free_tree(empty);
+    }
+  }
+}
+
+}  // namespace oclacp::host

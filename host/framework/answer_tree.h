@@ -1,0 +1,57 @@
+// What a module made of native data, as libyang's tree of the OpenConfig side.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "host/framework/edit_script.h"
+#include "host/yang/libyang.h"
+
+namespace oclacp::host {
+
+// Collects the output of any number of walks into one tree: what two of them say of the same list entry stands in one.
+// A walk's output is a script whose sources are null. Linear in the scripts.
+class AnswerTree {
+ public:
+  // `context`: the OpenConfig side's; outlives this.
+  explicit AnswerTree(const ly_ctx* context) : context_(context) {}
+
+  // Adds the output of a walk. A list entry that never got its keys is left out with all that is in it. The leaf that a
+  // key of configuration refers to is added with the entry: natively the name is kept once, so it is there as soon as
+  // the entry is. Throws Refusal when a value is not of its leaf's type; what was added of new list entries is taken
+  // away again then.
+  void add(const EditScript& script);
+
+  // How many leaves were left out with entries that never got their keys.
+  [[nodiscard]] size_t dropped_leaves() const { return dropped_leaves_; }
+
+  // The first of the top nodes; null when there are none. This is empty afterwards.
+  TreePtr take() { return std::move(top_); }
+
+ private:
+  // A list entry of the answer, with what it is found by: the node above it, the list and the keys.
+  using Entry = std::pair<const std::string, lyd_node*>;
+
+  void add_step(const EditScript& script, const EditScript::Step& step);
+  lyd_node* place_of(const EditScript& script, const lysc_node* schema, int entry);
+  lyd_node* find_or_add_entry(const EditScript& script, const EditScript::Entry& entry);
+  lyd_node* find_or_add_inner(lyd_node* above, const lysc_node* schema);
+  void set_leaf(lyd_node* above, const lysc_node* schema, const char* value);
+  const lysc_node* key_target(const lysc_node* list);
+  [[noreturn]] void refuse(const lyd_node* above, const lysc_node* schema) const;
+  void insert_top(lyd_node* made);
+  void take_back_new_entries();
+
+  const ly_ctx* context_;
+  TreePtr top_;
+  std::unordered_map<std::string, lyd_node*> entries_;
+  std::unordered_map<const lysc_node*, const lysc_node*> key_targets_;  // by the list; null where there is none
+  // Of the script that is added.
+  std::vector<lyd_node*> node_of_entry_;  // by the entry's number in the script; null before its first use
+  std::vector<const Entry*> new_entries_;
+  size_t dropped_leaves_ = 0;
+};
+
+}  // namespace oclacp::host

@@ -1,0 +1,74 @@
+#include "host/unmapped.h"
+
+#include "host/framework/native_tree.h"
+#include "host/reading.h"
+#include "host/walk.h"
+
+namespace oclacp::host {
+namespace {
+
+// Walks a tree and its parts.
+class Search {
+ public:
+  Search(yfw_map_walker walker, NativePaths& paths, const yfw_datatree* top)
+      : walker_(walker), paths_(paths), top_(top) {}
+
+  // Looks through one list entry, the only one in the tree at the moment.
+  void look_through(yfw_datatree& entry) {
+    const unsigned count = entry.child_count;
+    entry.child_count = count_keys(entry);
+    of_keys_ = output_of_walk();
+    entry.child_count = count;
+    if (of_keys_ != 0) {
+      look_at(entry);
+    }
+  }
+
+  std::vector<std::string> take() { return std::move(found_); }
+
+ private:
+  // Every leaf below a node, each alone in the tree.
+  void look_at(yfw_datatree& node) {
+    if (node.child_count != 0) {
+      visit_alone(node, [this](yfw_datatree& child) { look_at(child); });
+    } else if ((info_of(&node).schema->nodetype & LYD_NODE_TERM) != 0 && output_of_walk() <= of_keys_) {
+      found_.push_back(node_path(&node) + (node.value == nullptr ? "" : " = " + std::string(node.value)));
+    }
+  }
+
+  // How much the module adds for the tree as it is; nothing when it refuses it.
+  size_t output_of_walk() {
+    EditScript output(paths_, false);
+    return walk_native(walker_, top_, YFW_REQUEST_READ_CONFIG, output, {}) ? 0 : output.steps().size();
+  }
+
+  yfw_map_walker walker_;
+  NativePaths& paths_;
+  const yfw_datatree* top_;
+  size_t of_keys_ = 0;  // what the entry's keys come to
+  std::vector<std::string> found_;
+};
+
+}  // namespace
+
+std::vector<std::string> find_unmapped(const lyd_node* data, const NativeSelection::Node& selected,
+                                       yfw_map_walker walker, NativePaths& paths) {
+  // Of each entry that is selected in part, all.
+  NativeSelection::Node whole_entries = selected;
+  std::vector<NativeSelection::Node> entries;
+  entries.reserve(selected.children.size());
+  whole_entries.children.clear();
+  for (const NativeSelection::Node* child : selected.children) {
+    if (child->schema->nodetype == LYS_LIST) {
+      entries.push_back(*child);
+      entries.back().is_whole = true;
+      whole_entries.children.push_back(&entries.back());
+    }
+  }
+  NativeTree tree(data, &whole_entries);
+  Search search(walker, paths, tree.top());
+  visit_alone(*tree.top(), [&](yfw_datatree& entry) { search.look_through(entry); });
+  return search.take();
+}
+
+}  // namespace oclacp::host

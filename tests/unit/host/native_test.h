@@ -1,0 +1,46 @@
+// Native data and what is made of it.
+#pragma once
+
+#include <string>
+
+#include "host/yang/native_parser.h"
+#include "tests/unit/host/host_test.h"
+
+namespace oclacp::host {
+
+inline std::string interface_configurations(const std::string& entries) {
+  return R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [)" + entries + "]}}";
+}
+
+// An entry with LACP; `lacp` are the members of its container in JSON, `more` those of the entry.
+inline std::string configured(const std::string& name, const std::string& lacp, const std::string& more = "") {
+  return R"({"active": "act", "interface-name": ")" + name + "\"" + (more.empty() ? "" : ", " + more) +
+         R"(, "Talvo-Brin-QD-bundlemgr-cfg:lacp": {)" + lacp + "}}";
+}
+
+inline TreePtr parse_native(const std::string& text) {
+  return parse_native(schemas().native(), text, true).data;
+}
+
+// The top node of interface configuration.
+inline const lyd_node* interface_top(const TreePtr& data) {
+  const lyd_node* top = data.get();
+  while (top != nullptr && std::strcmp(top->schema->name, "interface-configurations") != 0) {
+    top = top->next;
+  }
+  return top;
+}
+
+// A walked tree as text: "top(child=value child(...))".
+inline std::string shown(const yfw_datatree& node) {
+  std::string text = node.tag;
+  if (node.value != nullptr) {
+    text.append("=").append(node.value);
+  }
+  for (unsigned index = 0; index < node.child_count; ++index) {
+    text += (index == 0 ? "(" : " ") + shown(node.children[index]) + (index + 1 == node.child_count ? ")" : "");
+  }
+  return text;
+}
+
+}  // namespace oclacp::host
