@@ -11,8 +11,8 @@
 
 namespace oclacp::host {
 
-// The nodes that a read asks for, as one tree. A list entry whose keys are not all known stands for every entry that has
-// the known ones. Lives no longer than the script that it is made from.
+// The nodes that a read asks for, as one tree. A list entry whose keys are not all known stands for every entry that
+// has the known ones. Lives no longer than the script that it is made from.
 class NativeSelection {
  public:
   struct Node {

@@ -10,8 +10,8 @@
 
 namespace oclacp::host {
 
-// The nodes of one native top node, or of what is selected of it, in breadth-first order, so that children stand side by
-// side; the keys of a list entry come first, in the schema's order. Borrows texts and nodes from libyang's tree.
+// The nodes of one native top node, or of what is selected of it, in breadth-first order, so that children stand side
+// by side; the keys of a list entry come first, in the schema's order. Borrows texts and nodes from libyang's tree.
 class NativeTree {
  public:
   // `data` is valid data. `selected` is the selection's node for it; null for all of it.
