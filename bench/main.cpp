@@ -124,14 +124,13 @@ TreePtr read_running(const ly_ctx* native, const std::string& text) {
 
 void floor_of_get(benchmark::State& state) {
   const std::string running = full_running_configuration(static_cast<std::size_t>(state.range(0)));
-  const ContextPtr request_side = new_context({"openconfig-lacp"});
   oclacp::host::Translator translator({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE);
   const Device device(read_running(translator.native_context(), running));
-  const TreePtr answer = parse(request_side.get(), translator.get(device, {}).text);
+  const oclacp::host::Answer answer = translator.get(device, {});
   while (state.KeepRunning()) {
     const TreePtr device_read = read_running(translator.native_context(), running);
     char* printed = nullptr;
-    lyd_print_mem(&printed, answer.get(), LYD_JSON, LYD_PRINT_WITHSIBLINGS);
+    lyd_print_mem(&printed, answer.data.get(), LYD_JSON, LYD_PRINT_WITHSIBLINGS);
     benchmark::DoNotOptimize(printed);
     std::free(printed);
   }

@@ -71,9 +71,12 @@ void tell_dropped(size_t entries) {
   }
 }
 
-void tell_dropped_leaves(size_t leaves) {
-  if (leaves != 0) {
-    std::cerr << "oclacp: left out " << leaves << " leaves that belong to no list entry\n";
+void tell_left_out(const host::Answer& answer) {
+  if (answer.dropped_leaves != 0) {
+    std::cerr << "oclacp: left out " << answer.dropped_leaves << " leaves that belong to no list entry\n";
+  }
+  for (const std::string& leaf : answer.valueless) {
+    std::cerr << "oclacp: " << leaf << ": left out, as what the device says has no OpenConfig form\n";
   }
 }
 
@@ -81,6 +84,10 @@ void print(const std::string& text) {
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
     throw host::Refusal("the result cannot be written to the standard output");
   }
+}
+
+void print(const host::Translator& translator, const host::Answer& answer, LYD_FORMAT format) {
+  host::write_tree(stdout, translator.openconfig_context(), answer.data.get(), format);
 }
 
 }  // namespace oclacp::cli

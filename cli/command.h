@@ -64,13 +64,14 @@ class Records {
   std::vector<std::string> trace_;
 };
 
-// Tells, on the standard error, how many leaves of an answer no list entry was named for.
-void tell_dropped_leaves(size_t leaves);
+// Tells, on the standard error, which leaves were left out of an answer.
+void tell_left_out(const host::Answer& answer);
 
 // Tells, on the standard error, of native list entries that were left out.
 void tell_dropped(size_t entries);
 
-// Writes a result to the standard output. Nothing that a program reads is lost without a word: throws host::Refusal.
+// Write a result to the standard output. Nothing that a program reads is lost without a word: throws host::Refusal.
 void print(const std::string& text);
+void print(const host::Translator& translator, const host::Answer& answer, LYD_FORMAT format);
 
 }  // namespace oclacp::cli

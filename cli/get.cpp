@@ -5,36 +5,48 @@
 #include <string>
 
 #include "cli/command.h"
+#include "cli/terminal.h"
+#include "cli/watch.h"
 #include "host/datastore/directory_device.h"
+#include "host/yang/answer_table.h"
 
 namespace oclacp::cli {
 namespace {
 
-const Words<host::AnswerFormat> kFormats = {
-    {"json", host::AnswerFormat::kJson}, {"xml", host::AnswerFormat::kXml}, {"table", host::AnswerFormat::kTable}};
+enum class AnswerFormat { kJson, kXml, kTable };
+
+const Words<AnswerFormat> kFormats = {
+    {"json", AnswerFormat::kJson}, {"xml", AnswerFormat::kXml}, {"table", AnswerFormat::kTable}};
 
 struct GetArguments : TranslationArguments {
   host::GetOptions get;
-  bool reads_config = false;  // which is all that there is to read
+  AnswerFormat format = AnswerFormat::kJson;
+  bool reads_config = false;  // the same as neither
+  bool reads_state = false;
   bool lists_unmapped = false;
+  double watch_seconds = 0;  // 0: once
 };
 
-void get(GetArguments& arguments) {
-  const std::unique_ptr<host::Translator> translator = make_translator(arguments);
-  const host::DirectoryDevice device(translator->native_context(), arguments.device);
-  if (arguments.lists_unmapped) {
-    print(translator->list_unmapped(device, arguments.get.path));
-    return;
+host::Answer read(host::Translator& translator, GetArguments& arguments) {
+  const host::DirectoryDevice device(translator.native_context(), arguments.device);
+  const Records records(arguments);
+  arguments.get.debug_log = arguments.options.debug_log;
+  arguments.get.trace = arguments.options.trace;
+  return translator.get(device, arguments.get);
+}
+
+void show(const host::Translator& translator, const host::Answer& answer, AnswerFormat format) {
+  if (format == AnswerFormat::kTable) {
+    print(host::answer_table(translator.openconfig_context(), answer.data.get(), table_layout()));
+  } else {
+    print(translator, answer, format == AnswerFormat::kXml ? LYD_XML : LYD_JSON);
   }
-  host::Answer answer;
-  {
-    const Records records(arguments);
-    arguments.get.debug_log = arguments.options.debug_log;
-    arguments.get.trace = arguments.options.trace;
-    answer = translator->get(device, arguments.get);
-  }
-  tell_dropped_leaves(answer.dropped_leaves);
-  print(answer.text);
+}
+
+void get(host::Translator& translator, GetArguments& arguments) {
+  const host::Answer answer = read(translator, arguments);
+  tell_left_out(answer);
+  show(translator, answer, arguments.format);
   for (const std::string& failure : answer.failures) {
     std::cerr << "oclacp: " << failure << '\n';
   }
@@ -43,28 +55,52 @@ void get(GetArguments& arguments) {
   }
 }
 
+void run(GetArguments& arguments) {
+  arguments.get.kind = arguments.reads_state ? host::RequestKind::kReadState : host::RequestKind::kReadConfig;
+  const std::unique_ptr<host::Translator> translator = make_translator(arguments);
+  if (arguments.lists_unmapped) {
+    const host::DirectoryDevice device(translator->native_context(), arguments.device);
+    print(translator->list_unmapped(device, arguments.get.path));
+  } else if (arguments.watch_seconds > 0) {
+    watch(*translator, arguments.watch_seconds, [&] { return read(*translator, arguments); });
+  } else {
+    get(*translator, arguments);
+  }
+}
+
 }  // namespace
 
 void define_get(CLI::App& app) {
   const auto arguments = std::make_shared<GetArguments>();
-  CLI::App* command = app.add_subcommand("get", "Read the configuration of a device");
+  CLI::App* command = app.add_subcommand("get", "Read a device: its configuration, or its state too");
   command->add_option(
       "PATH", arguments->get.path,
       "What to read, such as /lacp/interfaces/interface[name='Bundle-Ether1']/config; /lacp by default");
-  command->add_flag("--config", arguments->reads_config, "Read configuration, as without it");
+  CLI::Option* config = command->add_flag("--config", arguments->reads_config, "Read configuration, as without it");
+  CLI::Option* all =
+      command->add_flag("--all", arguments->reads_state, "Read configuration and operational state")->excludes(config);
   CLI::Option* format =
-      add_choice(*command, "--format", arguments->get.format, kFormats, "The format of the answer; json by default");
+      add_choice(*command, "--format", arguments->format, kFormats, "The format of the answer; json by default");
   CLI::Option* keep_going =
       command->add_flag("--keep-going", arguments->get.keeps_going,
                         "Leave out interfaces that have no OpenConfig form, and fail only after the others");
   command
+      ->add_option("--watch", arguments->watch_seconds,
+                   "Show the table again every so many seconds, with what counters gain per second, until interrupted")
+      ->check(CLI::Range(0.1, 86400.0).description(""))
+      ->type_name("SECONDS")
+      ->needs(all)
+      ->excludes(format)
+      ->excludes(keep_going);
+  command
       ->add_flag("--unmapped", arguments->lists_unmapped,
                  "List the native configuration of the interfaces that OpenConfig has no form for")
       ->excludes(format)
-      ->excludes(keep_going);
+      ->excludes(keep_going)
+      ->excludes(all);
   add_device(*command, *arguments)->required();
   add_workings(*command, *arguments);
-  command->callback([arguments] { get(*arguments); });
+  command->callback([arguments] { run(*arguments); });
 }
 
 }  // namespace oclacp::cli

@@ -32,7 +32,6 @@ std::unique_ptr<host::Device> open_device(const host::Translator& translator, co
 void translate_to_openconfig(host::Translator& translator, const host::Device* device, const std::string& native,
                              TranslateArguments& arguments) {
   host::ToOpenconfigOptions options;
-  options.format = arguments.options.format;
   if (arguments.options.kind == host::RequestKind::kReadState) {
     options.kind = host::RequestKind::kReadState;
   }
@@ -43,8 +42,8 @@ void translate_to_openconfig(host::Translator& translator, const host::Device* d
     options.trace = arguments.options.trace;
     answer = translator.to_openconfig(native, device, options);
   }
-  tell_dropped_leaves(answer.dropped_leaves);
-  print(answer.text);
+  tell_left_out(answer);
+  print(translator, answer, host::libyang_format(arguments.options.format, answer.input_format));
 }
 
 void translate(TranslateArguments& arguments) {

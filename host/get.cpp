@@ -4,7 +4,6 @@
 #include "host/reading.h"
 #include "host/translator_parts.h"
 #include "host/unmapped.h"
-#include "host/yang/answer_printer.h"
 #include "host/yang/native_parser.h"
 #include "host/yang/request_path.h"
 
@@ -32,28 +31,36 @@ const lyd_node* find_top(const lyd_node* tops, const lysc_node* schema) {
   return tops;
 }
 
-std::string print(const ly_ctx* context, const lyd_node* answer, AnswerFormat format) {
-  return format == AnswerFormat::kTable
-             ? print_table(context, answer)
-             : print_answer(context, answer, format == AnswerFormat::kXml ? LYD_XML : LYD_JSON);
+// What a path asks for, on both sides.
+struct Question {
+  Question(const ly_ctx* context, const Module& module, NativePaths& native_paths, const std::string& path,
+           uint32_t operation, const RecordSinks& sinks)
+      : request(parse_path(context, path)), asked(native_paths, false) {
+    module.require_offer();
+    walk_request(module.request_walker(), request, operation, asked, sinks);
+  }
+
+  RequestTree request;
+  EditScript asked;
+};
+
+// The device's data for a native top node; null when it has none.
+const lyd_node* find_data(const Device& device, const lysc_node* top) {
+  return find_top((top->flags & LYS_CONFIG_W) != 0 ? device.running() : device.operational(), top);
 }
 
 }  // namespace
 
 Answer Translator::get(const Device& device, const GetOptions& options) {
-  RequestTree request = parse_path(parts_->schemas.request(), options.path);
   const InstalledDevice installed(device);
-  parts_->module.require_offer();
-  const uint32_t operation = operation_code(RequestKind::kReadConfig);
+  const uint32_t operation = operation_code(options.kind);
   const RecordSinks sinks = {options.debug_log, options.trace};
-  EditScript asked(parts_->native_paths, false);
-  walk_request(parts_->module.request_walker(), request, operation, asked, sinks);
-
+  Question question(parts_->schemas.request(), parts_->module, parts_->native_paths, options.path, operation, sinks);
   Answer answer;
   Reading reading(parts_->module, parts_->openconfig_paths, operation, sinks);
-  const NativeSelection selection(asked);
+  const NativeSelection selection(question.asked);
   for (const NativeSelection::Node* selected : selection.tops()) {
-    const lyd_node* data = find_top(device.running(), selected->schema);
+    const lyd_node* data = find_data(device, selected->schema);
     if (data == nullptr) {
       continue;
     }
@@ -64,26 +71,20 @@ Answer Translator::get(const Device& device, const GetOptions& options) {
       reading.read(data, selected);
     }
   }
-  TreePtr tree = reading.answer().take();
-  prune(tree, request.top());
-  answer.text = print(parts_->schemas.request(), tree.get(), options.format);
-  answer.dropped_leaves = reading.answer().dropped_leaves();
+  reading.finish(answer);
+  prune(answer.data, question.request.top());
   return answer;
 }
 
 std::string Translator::list_unmapped(const Device& device, const std::string& path) {
-  RequestTree request = parse_path(parts_->schemas.request(), path);
   const InstalledDevice installed(device);
-  parts_->module.require_offer();
-  const uint32_t operation = operation_code(RequestKind::kReadConfig);
-  EditScript asked(parts_->native_paths, false);
-  walk_request(parts_->module.request_walker(), request, operation, asked, {});
-
+  const Question question(parts_->schemas.request(), parts_->module, parts_->native_paths, path,
+                          operation_code(RequestKind::kReadConfig), {});
   std::string text;
-  const NativeSelection selection(asked);
+  const NativeSelection selection(question.asked);
   for (const NativeSelection::Node* selected : selection.tops()) {
     const yfw_map_walker walker = parts_->module.native_walker(selected->schema->module->ns, selected->schema->name);
-    const lyd_node* data = find_top(device.running(), selected->schema);
+    const lyd_node* data = find_data(device, selected->schema);
     if (walker == nullptr || data == nullptr) {
       continue;
     }
@@ -104,12 +105,10 @@ Answer Translator::to_openconfig(const std::string& native, const Device* device
   for (const lyd_node* top = parsed.data.get(); top != nullptr; top = top->next) {
     reading.read(top, nullptr);
   }
-  const TreePtr tree = reading.answer().take();
-  const bool is_xml =
-      options.format == Format::kXml || (options.format == Format::kAsInput && parsed.format == LYD_XML);
-  return {print_answer(parts_->schemas.request(), tree.get(), is_xml ? LYD_XML : LYD_JSON),
-          {},
-          reading.answer().dropped_leaves()};
+  Answer answer;
+  answer.input_format = parsed.format;
+  reading.finish(answer);
+  return answer;
 }
 
 }  // namespace oclacp::host

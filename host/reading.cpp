@@ -80,4 +80,10 @@ std::vector<std::string> Reading::read_by_entry(const lyd_node* data, const Nati
   return failures;
 }
 
+void Reading::finish(Answer& answer) {
+  answer.dropped_leaves = answer_.dropped_leaves();
+  answer.valueless = answer_.valueless();
+  answer.data = answer_.take();
+}
+
 }  // namespace oclacp::host

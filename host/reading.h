@@ -10,6 +10,7 @@
 #include "host/framework/native_selection.h"
 #include "host/framework/native_tree.h"
 #include "host/module.h"
+#include "host/translator.h"
 #include "host/walk.h"
 
 namespace oclacp::host {
@@ -28,7 +29,8 @@ class Reading {
   // The same entry by entry, so that one that cannot be translated costs no other. Answers why each of them could not.
   std::vector<std::string> read_by_entry(const lyd_node* data, const NativeSelection::Node* selected);
 
-  AnswerTree& answer() { return answer_; }
+  // Hands over what was read. Called once.
+  void finish(Answer& answer);
 
  private:
   std::optional<std::string> walk(const yfw_datatree* top, const lyd_node* data);

@@ -1,10 +1,14 @@
 #include "host/text_file.h"
 
+#include <sys/stat.h>
+
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <thread>
 
 #include "host/refusal.h"
 
@@ -15,31 +19,81 @@ namespace {
   throw Refusal(file + ": " + std::strerror(errno));
 }
 
-}  // namespace
+using std::chrono::milliseconds;
+using std::chrono::nanoseconds;
+using std::chrono::steady_clock;
+using std::chrono::system_clock;
 
-std::string read_text_file(const std::string& file, std::size_t limit) {
-  const auto close = [](FILE* stream) {
+// A file system tells the time of a write by the kernel's tick: two writes within one cannot be told apart.
+constexpr milliseconds kTick(20);
+constexpr milliseconds kPatience(2000);
+
+struct CloseFile {
+  void operator()(FILE* stream) const {
     if (stream != stdin) {
       static_cast<void>(std::fclose(stream));
     }
-  };
-  const std::unique_ptr<FILE, decltype(close)> stream(file == "-" ? stdin : std::fopen(file.c_str(), "rb"), close);
+  }
+};
+using FilePtr = std::unique_ptr<FILE, CloseFile>;
+
+FilePtr open_file(const std::string& file) {
+  FilePtr stream(file == "-" ? stdin : std::fopen(file.c_str(), "rb"));
   if (stream == nullptr) {
     refuse(file);
   }
+  return stream;
+}
+
+std::string read_rest(FILE* stream, const std::string& file, std::size_t limit) {
   std::string text;
   std::array<char, 1 << 16> buffer{};
   while (text.size() <= limit) {
-    const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), stream.get());
+    const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), stream);
     if (count == 0) {
       break;
     }
     text.append(buffer.data(), count);
   }
-  if (std::ferror(stream.get()) != 0) {
+  if (std::ferror(stream) != 0) {
     refuse(file);
   }
   return text;
+}
+
+system_clock::time_point last_write(FILE* stream, const std::string& file) {
+  struct stat status {};
+  if (fstat(fileno(stream), &status) != 0) {
+    refuse(file);
+  }
+  const nanoseconds since_epoch = std::chrono::seconds(status.st_mtim.tv_sec) + nanoseconds(status.st_mtim.tv_nsec);
+  return system_clock::time_point(std::chrono::duration_cast<system_clock::duration>(since_epoch));
+}
+
+}  // namespace
+
+std::string read_text_file(const std::string& file, std::size_t limit) {
+  return read_rest(open_file(file).get(), file, limit);
+}
+
+std::string read_settled_file(const std::string& file) {
+  // Whoever puts a new file in its place leaves this one as it is.
+  const FilePtr stream = open_file(file);
+  const auto deadline = steady_clock::now() + kPatience;
+  while (steady_clock::now() < deadline) {
+    const auto written = last_write(stream.get(), file);
+    const auto age = system_clock::now() - written;
+    if (age >= system_clock::duration::zero() && age < kTick) {
+      std::this_thread::sleep_for(kTick - age);
+      continue;
+    }
+    std::rewind(stream.get());
+    std::string text = read_rest(stream.get(), file, std::string::npos);
+    if (last_write(stream.get(), file) == written) {
+      return text;
+    }
+  }
+  throw Refusal(file + ": is written all the time, and cannot be read meanwhile");
 }
 
 }  // namespace oclacp::host

@@ -11,4 +11,9 @@ namespace oclacp::host {
 // long can be told. Throws Refusal, naming the file, when it cannot be read.
 OCLACP_HOST_API std::string read_text_file(const std::string& file, std::size_t limit = std::string::npos);
 
+// The same for a file that another program may be writing while it is read: the content is that of one moment, the old
+// or the new. A file that was just written is waited for, some hundredths of a second; one that is written without a
+// pause for two seconds is refused.
+std::string read_settled_file(const std::string& file);
+
 }  // namespace oclacp::host

@@ -57,18 +57,6 @@ void walk(const Module& module, RequestTree& tree, EditScript& script, const Tra
   }
 }
 
-LYD_FORMAT output_format(Format format, LYD_FORMAT input) {
-  switch (format) {
-    case Format::kJson:
-      return LYD_JSON;
-    case Format::kXml:
-      return LYD_XML;
-    case Format::kAsInput:
-      break;
-  }
-  return input;
-}
-
 }  // namespace
 
 Translator::Translator(const SchemaDirectories& schemas, const std::string& module_file)
@@ -78,6 +66,10 @@ Translator::~Translator() = default;
 
 const ly_ctx* Translator::native_context() const {
   return parts_->schemas.native();
+}
+
+const ly_ctx* Translator::openconfig_context() const {
+  return parts_->schemas.request();
 }
 
 namespace {
@@ -106,7 +98,7 @@ Translation Translator::translate(const std::string& request, const Device& devi
     const TranslatedEdit edit(parts_->schemas.request(), parts_->module, parts_->native_paths, request, device,
                               options);
     translation.dropped_entries = edit.native->dropped_entries();
-    translation.text = print_edit(native_context(), *edit.native, output_format(options.format, edit.request.format));
+    translation.text = print_edit(native_context(), *edit.native, libyang_format(options.format, edit.request.format));
     return translation;
   }
   ParsedRequest parsed = parse_request(parts_->schemas.request(), request);
@@ -127,7 +119,7 @@ EditPlan Translator::plan_edit(const std::string& request, const Device& device,
   EditPlan plan;
   plan.running = apply_edit(native_context(), *edit.native, device);
   plan.difference = find_difference(native_context(), device.running(), plan.running.get());
-  plan.format = output_format(options.format, edit.request.format);
+  plan.format = libyang_format(options.format, edit.request.format);
   plan.dropped_entries = edit.native->dropped_entries();
   return plan;
 }

@@ -1,6 +1,8 @@
 // Translating one request: what the host is for.
 #pragma once
 
+#include <libyang/libyang.h>
+
 #include <iosfwd>
 #include <memory>
 #include <string>
@@ -10,6 +12,7 @@
 #include "host/edit_plan.h"
 #include "host/export.h"
 #include "host/refusal.h"
+#include "host/yang/libyang.h"
 #include "host/yang/schemas.h"
 
 namespace oclacp::host {
@@ -24,6 +27,19 @@ enum class DefaultOperation {
 };
 
 enum class Format { kAsInput, kJson, kXml };
+
+// The same for libyang; `input` is the format of the input.
+inline LYD_FORMAT libyang_format(Format format, LYD_FORMAT input) {
+  switch (format) {
+    case Format::kJson:
+      return LYD_JSON;
+    case Format::kXml:
+      return LYD_XML;
+    case Format::kAsInput:
+      break;
+  }
+  return input;
+}
 
 struct TranslateOptions {
   RequestKind kind = RequestKind::kEdit;
@@ -42,15 +58,9 @@ struct Translation {
   size_t dropped_entries = 0;
 };
 
-enum class AnswerFormat {
-  kJson,
-  kXml,
-  kTable,  // for people: a row for each interface
-};
-
 struct GetOptions {
-  std::string path = "/lacp";  // of a node of openconfig-lacp (yang/request_path.h)
-  AnswerFormat format = AnswerFormat::kJson;
+  std::string path = "/lacp";                   // of a node of openconfig-lacp (yang/request_path.h)
+  RequestKind kind = RequestKind::kReadConfig;  // a read: of configuration, or of state too
   // An entry that cannot be translated is left out and told, instead of ending the whole.
   bool keeps_going = false;
   std::ostream* debug_log = nullptr;  // both as in TranslateOptions
@@ -59,16 +69,17 @@ struct GetOptions {
 
 struct ToOpenconfigOptions {
   RequestKind kind = RequestKind::kReadConfig;  // a read: of configuration, or of state too
-  Format format = Format::kAsInput;
-  std::ostream* debug_log = nullptr;  // both as in TranslateOptions
+  std::ostream* debug_log = nullptr;            // both as in TranslateOptions
   std::vector<std::string>* trace = nullptr;
 };
 
 // OpenConfig data made of native data.
 struct Answer {
-  std::string text;
-  std::vector<std::string> failures;  // why entries were left out; a sentence each, in the form of a Refusal
-  size_t dropped_leaves = 0;          // left out because the module named no list entry for them
+  TreePtr data;                        // the first of the top nodes, null for none; lives no longer than the translator
+  std::vector<std::string> failures;   // why entries were left out; a sentence each, in the form of a Refusal
+  size_t dropped_leaves = 0;           // left out because the module named no list entry for them
+  std::vector<std::string> valueless;  // leaves that were left out because what the device says there has no form
+  LYD_FORMAT input_format = LYD_JSON;  // of the native data that was translated
 };
 
 // A loaded module with the schemas on both sides. Used by one thread at a time; serves any number of requests.
@@ -82,13 +93,14 @@ class OCLACP_HOST_API Translator {
   Translator(Translator&&) = delete;
   Translator& operator=(Translator&&) = delete;
 
-  // The context that a device's files are read with.
+  // The contexts that a device's files are read with, and that answers are made in.
   [[nodiscard]] const ly_ctx* native_context() const;
+  [[nodiscard]] const ly_ctx* openconfig_context() const;
 
   // Translates a request in JSON or XML. Throws Refusal; nothing is changed by a refused request, nor by any other.
   Translation translate(const std::string& request, const Device& device, const TranslateOptions& options);
 
-  // Reads the configuration of a device. Throws Refusal.
+  // Reads a device: its configuration, or its operational state too. Throws Refusal.
   Answer get(const Device& device, const GetOptions& options);
 
   // The native configuration of the interfaces below `path` (as in GetOptions) that OpenConfig has no form for: a line

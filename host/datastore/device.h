@@ -33,6 +33,9 @@ class OCLACP_HOST_API Device {
   [[nodiscard]] virtual const std::vector<Interface>& interfaces() const = 0;
   // The running configuration: the first of its top nodes, of the native models; null when it is empty.
   [[nodiscard]] virtual const lyd_node* running() const = 0;
+  // The operational state: the first of its top nodes, of the native models; null when there is none. Throws Refusal
+  // when it cannot be had.
+  [[nodiscard]] virtual const lyd_node* operational() const { return nullptr; }
   // The text that the device keeps when a leaf of its configuration is set to `value`. As written unless the device has
   // a form of its own.
   [[nodiscard]] virtual std::string kept_value(const lysc_node& /*leaf*/, std::string_view value) const {

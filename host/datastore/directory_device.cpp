@@ -11,16 +11,19 @@
 namespace oclacp::host {
 namespace {
 
-TreePtr read_tree(const ly_ctx* context, const std::string& file) {
-  const std::string text = read_text_file(file);
+// `validation`: libyang's options for it.
+TreePtr parse_tree(const ly_ctx* context, const std::string& file, const std::string& text, uint32_t validation) {
   // libyang takes an empty file for an empty configuration and does not look behind the end of a document.
   check_json_document(text, file);
   lyd_node* tree = nullptr;
-  if (lyd_parse_data_mem(context, text.c_str(), LYD_JSON, LYD_PARSE_STRICT, LYD_VALIDATE_NO_STATE, &tree) !=
-      LY_SUCCESS) {
+  if (lyd_parse_data_mem(context, text.c_str(), LYD_JSON, LYD_PARSE_STRICT, validation, &tree) != LY_SUCCESS) {
     throw Refusal(file + ": " + last_complaint(context, "not usable"));
   }
   return TreePtr(tree);
+}
+
+TreePtr read_configuration(const ly_ctx* context, const std::string& file) {
+  return parse_tree(context, file, read_text_file(file), LYD_VALIDATE_NO_STATE);
 }
 
 InterfaceType interface_type(std::string_view text) {
@@ -32,12 +35,21 @@ InterfaceType interface_type(std::string_view text) {
 
 }  // namespace
 
-DirectoryDevice::DirectoryDevice(const ly_ctx* native, const std::string& directory) {
+DirectoryDevice::DirectoryDevice(const ly_ctx* native, const std::string& directory)
+    : native_(native), directory_(directory) {
   if (!std::filesystem::is_directory(directory)) {
     throw Refusal(directory + ": no such device directory");
   }
   read_platform(native, directory + "/platform.json");
-  running_ = read_tree(native, directory + "/running.json");
+  running_ = read_configuration(native, directory + "/running.json");
+}
+
+const lyd_node* DirectoryDevice::operational() const {
+  if (!operational_) {
+    const std::string file = directory_ + "/operational.json";
+    operational_ = parse_tree(native_, file, read_settled_file(file), LYD_VALIDATE_PRESENT);
+  }
+  return operational_->get();
 }
 
 std::string DirectoryDevice::kept_value(const lysc_node& leaf, std::string_view value) const {
@@ -47,7 +59,7 @@ std::string DirectoryDevice::kept_value(const lysc_node& leaf, std::string_view 
 }
 
 void DirectoryDevice::read_platform(const ly_ctx* native, const std::string& file) {
-  const TreePtr tree = read_tree(native, file);
+  const TreePtr tree = read_configuration(native, file);
   const lys_module* module = ly_ctx_get_module_implemented(native, "oclacp-platform");
   const lyd_node* platform = tree.get();
   while (platform != nullptr && platform->schema->module != module) {

@@ -4,6 +4,7 @@
 #include <cstring>
 #include <memory>
 
+#include "host/framework/identity.h"
 #include "host/framework/path_text.h"
 #include "host/refusal.h"
 
@@ -29,13 +30,12 @@ bool is_left_out(const EditScript& script, int entry) {
   return false;
 }
 
-std::string identity_of(const lyd_node* above, const EditScript::Entry& entry) {
-  std::string identity(reinterpret_cast<const char*>(&above), sizeof above);
-  identity.append(reinterpret_cast<const char*>(&entry.list), sizeof entry.list);
-  for (const std::string_view key : entry.keys) {
-    identity.append(key).append(1, '\0');
-  }
-  return identity;
+std::string path_of(const lyd_node* above, const lysc_node* schema) {
+  const std::unique_ptr<char, decltype(&std::free)> printed(
+      above == nullptr ? nullptr : lyd_path(above, LYD_PATH_STD, nullptr, 0), &std::free);
+  std::string path = printed == nullptr ? "" : printed.get();
+  append_step(path, *schema, above == nullptr ? nullptr : above->schema->module);
+  return path;
 }
 
 }  // namespace
@@ -43,12 +43,16 @@ std::string identity_of(const lyd_node* above, const EditScript::Entry& entry) {
 void AnswerTree::add(const EditScript& script) {
   node_of_entry_.assign(script.entries().size(), nullptr);
   new_entries_.clear();
+  const size_t dropped_before = dropped_leaves_;
+  const size_t valueless_before = valueless_.size();
   try {
     for (const EditScript::Step& step : script.steps()) {
       add_step(script, step);
     }
   } catch (const Refusal&) {
     take_back_new_entries();
+    dropped_leaves_ = dropped_before;
+    valueless_.resize(valueless_before);
     throw;
   }
 }
@@ -84,7 +88,7 @@ lyd_node* AnswerTree::place_of(const EditScript& script, const lysc_node* schema
 
 lyd_node* AnswerTree::find_or_add_entry(const EditScript& script, const EditScript::Entry& entry) {
   lyd_node* above = place_of(script, lysc_data_parent(entry.list), entry.parent);
-  const auto [place, is_new] = entries_.emplace(identity_of(above, entry), nullptr);
+  const auto [place, is_new] = entries_.emplace(identity_of(above, entry.list, entry.keys), nullptr);
   if (!is_new) {
     return place->second;
   }
@@ -151,6 +155,11 @@ void AnswerTree::set_leaf(lyd_node* above, const lysc_node* schema, const char* 
     return;
   }
   if (lyd_new_term(above, schema->module, schema->name, value, 0, &leaf) != LY_SUCCESS) {
+    // A converter that has no value for what the device says reports an empty one.
+    if (value[0] == '\0') {
+      valueless_.push_back(path_of(above, schema));
+      return;
+    }
     refuse(above, schema);
   }
   if (above == nullptr) {
@@ -166,11 +175,7 @@ void AnswerTree::insert_top(lyd_node* made) {
 
 void AnswerTree::refuse(const lyd_node* above, const lysc_node* schema) const {
   const std::string complaint = last_complaint(context_, "");
-  const std::unique_ptr<char, decltype(&std::free)> path(
-      above == nullptr ? nullptr : lyd_path(above, LYD_PATH_STD, nullptr, 0), &std::free);
-  std::string sentence = path == nullptr ? "" : path.get();
-  append_step(sentence, *schema, above == nullptr ? nullptr : above->schema->module);
-  throw Refusal(sentence + complaint.substr(complaint.find(": ")));
+  throw Refusal(path_of(above, schema) + complaint.substr(complaint.find(": ")));
 }
 
 // Inner entries come after those around them. Containers that are left empty go too.

@@ -27,6 +27,10 @@ class AnswerTree {
   // How many leaves were left out with entries that never got their keys.
   [[nodiscard]] size_t dropped_leaves() const { return dropped_leaves_; }
 
+  // The paths of leaves that were left out because the module reported an empty value, which their types do not take:
+  // what the device says there has no form in OpenConfig.
+  [[nodiscard]] const std::vector<std::string>& valueless() const { return valueless_; }
+
   // The first of the top nodes; null when there are none. This is empty afterwards.
   TreePtr take() { return std::move(top_); }
 
@@ -52,6 +56,7 @@ class AnswerTree {
   std::vector<lyd_node*> node_of_entry_;  // by the entry's number in the script; null before its first use
   std::vector<const Entry*> new_entries_;
   size_t dropped_leaves_ = 0;
+  std::vector<std::string> valueless_;
 };
 
 }  // namespace oclacp::host

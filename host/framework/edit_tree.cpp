@@ -1,5 +1,7 @@
 #include "host/framework/edit_tree.h"
 
+#include "host/framework/identity.h"
+
 namespace oclacp::host {
 namespace {
 
@@ -9,16 +11,6 @@ bool deletes(uint32_t operation) {
 
 bool is_leaf(const lysc_node* schema) {
   return (schema->nodetype & LYD_NODE_TERM) != 0;
-}
-
-// What tells an entry from all others.
-std::string identity(const EditNode* above, const EditScript::Entry& entry) {
-  const auto number = [](const void* address) { return std::to_string(reinterpret_cast<uintptr_t>(address)); };
-  std::string text = number(above) + " " + number(entry.list) + " ";
-  for (const std::string_view key : entry.keys) {
-    text.append(key).append(1, '\0');
-  }
-  return text;
 }
 
 }  // namespace
@@ -140,7 +132,7 @@ EditNode* EditTree::entry_node(EditNode* above, int entry, bool create) {
     return node;
   }
   const EditScript::Entry& named = script_.entries()[static_cast<size_t>(entry)];
-  EditNode*& same = node_of_keys_[identity(above, named)];
+  EditNode*& same = node_of_keys_[identity_of(above, named.list, named.keys)];
   if (same == nullptr || same->parent == nullptr) {
     if (!create) {
       return nullptr;

@@ -1,20 +1,10 @@
 #include "host/framework/native_selection.h"
 
+#include <span>
+
+#include "host/framework/identity.h"
+
 namespace oclacp::host {
-namespace {
-
-// A key that is not known differs from every text.
-void append_key(std::string& identity, std::string_view key) {
-  identity += key.data() == nullptr ? '\0' : '\1';
-  identity.append(std::to_string(key.size())).append(":").append(key);
-}
-
-template <typename Pointer>
-void append_pointer(std::string& identity, const Pointer* pointer) {
-  identity.append(reinterpret_cast<const char*>(&pointer), sizeof pointer);
-}
-
-}  // namespace
 
 NativeSelection::NativeSelection(const EditScript& asked) {
   for (const EditScript::Step& step : asked.steps()) {
@@ -41,21 +31,13 @@ NativeSelection::NativeSelection(const EditScript& asked) {
 
 NativeSelection::Node* NativeSelection::find_or_add(Node* above, const lysc_node* schema,
                                                     const EditScript::Entry* entry) {
-  std::string identity;
-  append_pointer(identity, above);
-  append_pointer(identity, schema);
-  if (entry != nullptr) {
-    for (const std::string_view key : entry->keys) {
-      append_key(identity, key);
-    }
-  }
-  const auto [place, is_new] = by_identity_.emplace(std::move(identity), nullptr);
+  const std::span<const std::string_view> keys =
+      entry == nullptr ? std::span<const std::string_view>() : std::span(entry->keys);
+  const auto [place, is_new] = by_identity_.emplace(identity_of(above, schema, keys), nullptr);
   if (is_new) {
     place->second = &nodes_.emplace_back();
     place->second->schema = schema;
-    if (entry != nullptr) {
-      place->second->keys = entry->keys;
-    }
+    place->second->keys.assign(keys.begin(), keys.end());
     above->children.push_back(place->second);
   }
   return place->second;

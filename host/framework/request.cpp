@@ -23,14 +23,6 @@ bool take_path_of(const yfw_datatree* node, std::string_view& path) {
   return true;
 }
 
-const lyd_node* find_child(const lyd_node* above, std::string_view name) {
-  const lyd_node* child = lyd_child(above);
-  while (child != nullptr && (child->schema == nullptr || name != child->schema->name)) {
-    child = child->next;
-  }
-  return child;
-}
-
 }  // namespace
 
 Request::Request(uint32_t operation, EditScript& output) : yfw_map_ctx_record{}, output_(output) {
@@ -75,9 +67,9 @@ const char* Request::find_leaf(std::string_view path, std::string_view leaf) con
       rest.remove_prefix(1);
       const std::string_view name = rest.substr(0, rest.find('/'));
       rest.remove_prefix(name.size());
-      node = find_child(node, name);
+      node = child_named(node, name);
     }
-    const lyd_node* found = node == nullptr ? nullptr : find_child(node, leaf);
+    const lyd_node* found = node == nullptr ? nullptr : child_named(node, leaf);
     return found == nullptr ? nullptr : lyd_get_value(found);
   }
   return nullptr;

@@ -5,48 +5,19 @@
 #include <utility>
 #include <vector>
 
+#include "host/text_table.h"
+
 namespace oclacp::host {
 namespace {
 
 using Form = DecodedField::Form;
 
-// Lines of cells under a heading. Offsets and sizes, the columns that are numbers, end at the same place.
-class Table {
- public:
-  explicit Table(std::vector<std::string> heading) { add(std::move(heading)); }
+using Align = TextTable::Align;
 
-  void add(std::vector<std::string> cells) {
-    widths_.resize(std::max(widths_.size(), cells.size()));
-    for (std::size_t i = 0; i < cells.size(); ++i) {
-      widths_[i] = std::max(widths_[i], cells[i].size());
-    }
-    lines_.push_back(std::move(cells));
-  }
-
-  [[nodiscard]] std::string text() const {
-    const std::vector<std::string>& heading = lines_.front();
-    std::string text;
-    for (const auto& line : lines_) {
-      const std::size_t start = text.size();
-      for (std::size_t i = 0; i < line.size(); ++i) {
-        const std::string padding(widths_[i] - line[i].size(), ' ');
-        const bool is_number = heading[i] == "OFFSET" || heading[i] == "SIZE";
-        if (i > 0) {
-          text += "  ";
-        }
-        text += is_number ? padding + line[i] : line[i] + padding;
-      }
-      const std::size_t last = text.find_last_not_of(' ');
-      text.resize(std::max(start, last == std::string::npos ? 0 : last + 1));
-      text += '\n';
-    }
-    return text;
-  }
-
- private:
-  std::vector<std::vector<std::string>> lines_;
-  std::vector<std::size_t> widths_;
-};
+// A table of fields; its last column is what is told of them.
+TextTable field_table(const char* told) {
+  return TextTable({{"OFFSET", Align::kRight}, {"SIZE", Align::kRight}, {"FIELD"}, {told}});
+}
 
 std::string indented(const std::string& text, unsigned depth) {
   return std::string(std::size_t{2} * depth, ' ') + text;
@@ -92,7 +63,7 @@ std::string type_text(const FieldType& type) {
 // Lists the fields of a record, those of embedded records and unions under the field that holds them.
 class FieldLister {
  public:
-  FieldLister(const RecordSchema& schema, Table& table, std::set<std::uint32_t>& referred)
+  FieldLister(const RecordSchema& schema, TextTable& table, std::set<std::uint32_t>& referred)
       : schema_(schema), table_(table), referred_(referred) {}
 
   void fields(const RecordType& record, std::uint64_t start, unsigned depth) {
@@ -107,8 +78,10 @@ class FieldLister {
     const RecordType* record = type.kind == FieldKind::kRecord ? schema_.find(type.record) : nullptr;
     const bool is_its_value = record != nullptr && record->is_bare();
     const FieldType& shown = is_its_value ? record->fields.front().type : type;
-    table_.add(
-        {std::to_string(offset), std::to_string(type.size), indented(name, depth), type_text(shown) + condition});
+    table_.add({{std::to_string(offset)},
+                {std::to_string(type.size)},
+                {indented(name, depth)},
+                {type_text(shown) + condition}});
     members(shown, offset, depth + 1);
   }
 
@@ -122,7 +95,7 @@ class FieldLister {
     if (type.kind != FieldKind::kUnion) {
       return;
     }
-    table_.add({std::to_string(offset), "4", indented(type.tag, depth), "enum " + type.enumeration});
+    table_.add({{std::to_string(offset)}, {"4"}, {indented(type.tag, depth)}, {"enum " + type.enumeration}});
     for (const UnionArm& arm : type.arms) {
       add(arm.field.name, offset + arm.field.offset, arm.field.type, depth,
           ", if " + type.tag + " is " + std::to_string(arm.value));
@@ -130,7 +103,7 @@ class FieldLister {
   }
 
   const RecordSchema& schema_;
-  Table& table_;
+  TextTable& table_;
   std::set<std::uint32_t>& referred_;
 };
 
@@ -153,8 +126,11 @@ std::string value_text(const DecodedField& field) {
   return {};
 }
 
-void add_lines(Table& table, const DecodedField& field, unsigned depth) {
-  table.add({std::to_string(field.offset), std::to_string(field.size), indented(field.name, depth), value_text(field)});
+void add_lines(TextTable& table, const DecodedField& field, unsigned depth) {
+  table.add({{std::to_string(field.offset)},
+             {std::to_string(field.size)},
+             {indented(field.name, depth)},
+             {value_text(field)}});
   for (const DecodedField& member : field.members) {
     add_lines(table, member, depth + 1);
   }
@@ -202,7 +178,7 @@ std::string json_value(const DecodedField& field, unsigned depth) {
 }  // namespace
 
 std::string list_bags(const RecordRegistry& registry) {
-  Table table({"BAG", "RECORD", "SIZE", "FURTHER RECORDS (SIZE)"});
+  TextTable table({{"BAG"}, {"RECORD"}, {"SIZE", Align::kRight}, {"FURTHER RECORDS (SIZE)"}});
   for (const Bag& bag : registry.bags()) {
     std::string further;
     for (const RecordType& type : bag.schema.types()) {
@@ -212,9 +188,9 @@ std::string list_bags(const RecordRegistry& registry) {
       further += (further.empty() ? "" : ", ") + type_name(type.number) + " (" + std::to_string(type.size) + ")";
     }
     const RecordType& top = bag.schema.top();
-    table.add({bag.name, type_name(top.number), std::to_string(top.size), further});
+    table.add({{bag.name}, {type_name(top.number)}, {std::to_string(top.size)}, {further}});
   }
-  return table.text();
+  return table.text({});
 }
 
 std::string show_bag(const Bag& bag) {
@@ -223,10 +199,10 @@ std::string show_bag(const Bag& bag) {
   std::set<std::uint32_t> shown(waiting.begin(), waiting.end());
   for (std::size_t i = 0; i < waiting.size(); ++i) {
     const RecordType& record = *bag.schema.find(waiting[i]);
-    Table table({"OFFSET", "SIZE", "FIELD", "TYPE"});
+    TextTable table = field_table("TYPE");
     std::set<std::uint32_t> referred;
     FieldLister(bag.schema, table, referred).fields(record, 0, 0);
-    text += "\nrecord " + type_name(record.number) + ", " + std::to_string(record.size) + " bytes\n" + table.text();
+    text += "\nrecord " + type_name(record.number) + ", " + std::to_string(record.size) + " bytes\n" + table.text({});
     for (const std::uint32_t number : referred) {
       if (shown.insert(number).second) {
         waiting.push_back(number);
@@ -237,14 +213,14 @@ std::string show_bag(const Bag& bag) {
 }
 
 std::string record_as_table(const DecodedField& record) {
-  Table table({"OFFSET", "SIZE", "FIELD", "VALUE"});
+  TextTable table = field_table("VALUE");
   if (record.form != Form::kRecord) {
     add_lines(table, record, 0);
   }
   for (const DecodedField& member : record.members) {
     add_lines(table, member, 0);
   }
-  return table.text();
+  return table.text({});
 }
 
 std::string record_as_json(const Bag& bag, const DecodedField& record) {

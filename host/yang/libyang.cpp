@@ -1,7 +1,9 @@
 #include "host/yang/libyang.h"
 
-#include <cstdio>
+#include <cerrno>
 #include <cstdlib>
+#include <cstring>
+#include <new>
 #include <string_view>
 
 #include "host/refusal.h"
@@ -19,7 +21,42 @@ std::string_view quoted_after(std::string_view where, std::string_view label) {
   return where.substr(begin, where.find('"', begin) - begin);
 }
 
+// libyang's own text buffer is reallocated and its parts are allocated with every few bytes; this one grows in steps.
+class MemoryStream {
+ public:
+  MemoryStream() : stream_(open_memstream(&text_, &size_)) {
+    if (stream_ == nullptr) {
+      throw std::bad_alloc();
+    }
+  }
+  ~MemoryStream() {
+    static_cast<void>(std::fclose(stream_));
+    std::free(text_);
+  }
+  MemoryStream(const MemoryStream&) = delete;
+  MemoryStream& operator=(const MemoryStream&) = delete;
+  MemoryStream(MemoryStream&&) = delete;
+  MemoryStream& operator=(MemoryStream&&) = delete;
+
+  [[nodiscard]] std::FILE* get() const { return stream_; }
+  // What was flushed.
+  [[nodiscard]] std::string text() const { return {text_, size_}; }
+
+ private:
+  char* text_ = nullptr;
+  size_t size_ = 0;
+  std::FILE* stream_;
+};
+
 }  // namespace
+
+const lyd_node* child_named(const lyd_node* above, std::string_view name) {
+  const lyd_node* child = lyd_child(above);
+  while (child != nullptr && (child->schema == nullptr || name != child->schema->name)) {
+    child = child->next;
+  }
+  return child;
+}
 
 std::string last_complaint(const ly_ctx* context, const std::string& what) {
   const char* message = ly_errmsg(context);
@@ -45,18 +82,20 @@ std::string last_complaint(const ly_ctx* context, const std::string& what) {
   return sentence;
 }
 
-// A stream in memory: libyang's own text buffer is reallocated and its parts are allocated with every few bytes.
-std::string print_tree(const ly_ctx* context, const lyd_node* tree, LYD_FORMAT format) {
-  char* text = nullptr;
-  size_t size = 0;
-  FILE* stream = open_memstream(&text, &size);
-  const LY_ERR status = stream == nullptr ? LY_EMEM : lyd_print_file(stream, tree, format, LYD_PRINT_WITHSIBLINGS);
-  const bool is_closed = stream != nullptr && std::fclose(stream) == 0;
-  const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
-  if (!is_closed || status != LY_SUCCESS) {
-    throw Refusal(last_complaint(context, "the data"));
+void write_tree(std::FILE* stream, const ly_ctx* context, const lyd_node* tree, LYD_FORMAT format) {
+  const LY_ERR status = lyd_print_file(stream, tree, format, LYD_PRINT_WITHSIBLINGS);
+  if (std::fflush(stream) != 0 || std::ferror(stream) != 0) {
+    throw Refusal(std::string("the result cannot be written: ") + std::strerror(errno));
   }
-  return {text, size};
+  if (status != LY_SUCCESS) {
+    throw Refusal(last_complaint(context, "the result"));
+  }
+}
+
+std::string print_tree(const ly_ctx* context, const lyd_node* tree, LYD_FORMAT format) {
+  MemoryStream stream;
+  write_tree(stream.get(), context, tree, format);
+  return stream.text();
 }
 
 }  // namespace oclacp::host

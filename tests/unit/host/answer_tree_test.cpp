@@ -2,7 +2,7 @@
 #include "host/framework/answer_tree.h"
 
 #include "host/framework/request.h"
-#include "host/yang/answer_printer.h"
+#include "host/yang/libyang.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
@@ -47,7 +47,7 @@ class AnswerTreeTest : public testing::Test {
   std::string answer() {
     tree_.add(script_);
     const TreePtr made = tree_.take();
-    return squeezed(print_answer(schemas().request(), made.get(), LYD_JSON));
+    return squeezed(print_tree(schemas().request(), made.get(), LYD_JSON));
   }
 
   static std::string interfaces(const std::string& entries) {
@@ -137,7 +137,7 @@ TEST_F(AnswerTreeTest, WalksAddToEachOther) {
   EXPECT_EQ(second.add("/lacp/config/system-priority", kOpenconfig, "5", nullptr, false), YFW_OK);
   tree_.add(second);
   const TreePtr made = tree_.take();
-  EXPECT_EQ(squeezed(print_answer(schemas().request(), made.get(), LYD_JSON)),
+  EXPECT_EQ(squeezed(print_tree(schemas().request(), made.get(), LYD_JSON)),
             R"({"openconfig-lacp:lacp":{"config":{"system-priority":5},"interfaces":{"interface":[{"name":"a",)"
             R"("config":{"name":"a","interval":"FAST"},"state":{"interval":"SLOW"}}]}}})");
 }
@@ -148,7 +148,7 @@ TEST_F(AnswerTreeTest, AValueThatTheLeafDoesNotTakeTakesItsEntryAway) {
   EXPECT_THAT(refusal_of([this] { tree_.add(script_); }),
               testing::StartsWith("/openconfig-lacp:lacp/interfaces/interface[name='a']/config/system-id-mac: "));
   const TreePtr made = tree_.take();
-  EXPECT_EQ(squeezed(print_answer(schemas().request(), made.get(), LYD_JSON)), "{}");
+  EXPECT_EQ(squeezed(print_tree(schemas().request(), made.get(), LYD_JSON)), "{}");
 }
 
 TEST_F(AnswerTreeTest, APathThatTheModelDoesNotHaveFailsTheWalk) {
@@ -156,6 +156,15 @@ TEST_F(AnswerTreeTest, APathThatTheModelDoesNotHaveFailsTheWalk) {
                                               nullptr, 0, 0, 0),
             YFW_OK);
   EXPECT_TRUE(request_.refused());
+}
+
+TEST_F(AnswerTreeTest, ALeafThatIsReportedEmptyIsLeftOutAndNamed) {
+  enter("b");
+  add("/state/lacp-mode", "");
+  add("/state/system-priority", "5");
+  EXPECT_EQ(answer(), interfaces(R"({"name":"b","config":{"name":"b"},"state":{"system-priority":5}})"));
+  EXPECT_EQ(tree_.valueless(),
+            std::vector<std::string>{"/openconfig-lacp:lacp/interfaces/interface[name='b']/state/lacp-mode"});
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 #include "host/framework/prune.h"
 
-#include "host/yang/answer_printer.h"
+#include "host/yang/libyang.h"
 #include "host/yang/request_path.h"
 #include "tests/unit/host/host_test.h"
 
@@ -20,7 +20,7 @@ std::string pruned(RequestTree request) {
   TreePtr answer(data);
   prune(answer, request.top());
   std::string text;
-  for (const char character : print_answer(schemas().request(), answer.get(), LYD_JSON)) {
+  for (const char character : print_tree(schemas().request(), answer.get(), LYD_JSON)) {
     if (character != ' ' && character != '\n') {
       text += character;
     }

@@ -1,5 +1,9 @@
 #include "host/text_file.h"
 
+#include <atomic>
+#include <chrono>
+#include <thread>
+
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
@@ -24,6 +28,32 @@ TEST(TextFile, RefusesWhatCannotBeRead) {
   const TemporaryFolder folder;
   EXPECT_EQ(refusal_of([] { read_text_file("/no/such"); }), "/no/such: No such file or directory");
   EXPECT_EQ(refusal_of([&] { read_text_file(folder.path()); }), folder.path() + ": Is a directory");
+}
+
+TEST(SettledFile, IsReadWhole) {
+  const TemporaryFolder folder;
+  folder.write("file", "content");
+  EXPECT_EQ(read_settled_file(folder.path() + "/file"), "content");
+  EXPECT_EQ(refusal_of([] { read_settled_file("/no/such"); }), "/no/such: No such file or directory");
+}
+
+TEST(SettledFile, IsTheOldOrTheNewWhenItIsReplaced) {
+  const TemporaryFolder folder;
+  const std::string file = folder.path() + "/file";
+  folder.write("file", std::string(100'000, 'a'));
+  std::atomic<bool> is_ending = false;
+  std::thread replacer([&] {
+    for (char content = 'b'; !is_ending; content = content == 'z' ? 'a' : static_cast<char>(content + 1)) {
+      folder.write("new", std::string(100'000, content));
+      std::filesystem::rename(folder.path() + "/new", file);
+    }
+  });
+  for (int turn = 0; turn < 10; ++turn) {
+    const std::string text = read_settled_file(file);
+    EXPECT_EQ(text, std::string(100'000, text.front()));
+  }
+  is_ending = true;
+  replacer.join();
 }
 
 }  // namespace

@@ -1,0 +1,81 @@
+#include "cli/watch.h"
+
+#include <chrono>
+#include <csignal>
+#include <ctime>
+#include <iostream>
+#include <optional>
+#include <string>
+
+#include "cli/command.h"
+#include "cli/terminal.h"
+#include "host/yang/answer_table.h"
+
+namespace oclacp::cli {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// An answer and when it was read.
+struct Reading {
+  host::Answer answer;
+  Clock::time_point time;
+};
+
+// Blocks the signals that end a watch, so that they are taken between two tables only.
+class EndSignals {
+ public:
+  EndSignals() {
+    sigemptyset(&signals_);
+    sigaddset(&signals_, SIGINT);
+    sigaddset(&signals_, SIGTERM);
+    sigprocmask(SIG_BLOCK, &signals_, nullptr);
+  }
+
+  // Waits, and answers whether one of them came.
+  [[nodiscard]] bool come_within(double seconds) const {
+    const auto whole = static_cast<std::time_t>(seconds);
+    const timespec time = {whole, static_cast<long>((seconds - static_cast<double>(whole)) * 1e9)};
+    return sigtimedwait(&signals_, nullptr, &time) > 0;
+  }
+
+ private:
+  sigset_t signals_{};
+};
+
+void show(const host::Translator& translator, const Reading& now, const Reading* before) {
+  constexpr const char* kClear = "\x1b[H\x1b[2J";
+  std::optional<host::EarlierAnswer> earlier;
+  if (before != nullptr) {
+    earlier = {before->answer.data.get(), std::chrono::duration<double>(now.time - before->time).count()};
+  }
+  const std::string table = host::answer_table(translator.openconfig_context(), now.answer.data.get(), table_layout(),
+                                               earlier ? &*earlier : nullptr);
+  print(std::string(is_terminal() ? kClear : before == nullptr ? "" : "\n") + table);
+}
+
+// Nothing when it is refused, which is told.
+std::optional<Reading> try_again(const std::function<host::Answer()>& read) {
+  try {
+    return Reading{read(), Clock::now()};
+  } catch (const host::Refusal& refusal) {
+    std::cerr << "oclacp: " << refusal.what() << '\n';
+    return std::nullopt;
+  }
+}
+
+}  // namespace
+
+void watch(const host::Translator& translator, double seconds, const std::function<host::Answer()>& read) {
+  const EndSignals signals;
+  Reading shown = {read(), Clock::now()};
+  show(translator, shown, nullptr);
+  while (!signals.come_within(seconds)) {
+    if (std::optional<Reading> now = try_again(read)) {
+      show(translator, *now, &shown);
+      shown = std::move(*now);
+    }
+  }
+}
+
+}  // namespace oclacp::cli
