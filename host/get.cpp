@@ -57,7 +57,8 @@ Answer Translator::get(const Device& device, const GetOptions& options) {
   const RecordSinks sinks = {options.debug_log, options.trace};
   Question question(parts_->schemas.request(), parts_->module, parts_->native_paths, options.path, operation, sinks);
   Answer answer;
-  Reading reading(parts_->module, parts_->openconfig_paths, operation, sinks);
+  const WantedEntries wanted = wanted_entries(question.request.top());
+  Reading reading(parts_->module, parts_->openconfig_paths, operation, wanted, sinks);
   const NativeSelection selection(question.asked);
   for (const NativeSelection::Node* selected : selection.tops()) {
     const lyd_node* data = find_data(device, selected->schema);
@@ -101,7 +102,8 @@ Answer Translator::to_openconfig(const std::string& native, const Device* device
   const InstalledDevice installed(device == nullptr ? input_device : *device);
   parts_->module.require_offer();
   const RecordSinks sinks = {options.debug_log, options.trace};
-  Reading reading(parts_->module, parts_->openconfig_paths, operation_code(options.kind), sinks);
+  const WantedEntries all;
+  Reading reading(parts_->module, parts_->openconfig_paths, operation_code(options.kind), all, sinks);
   for (const lyd_node* top = parsed.data.get(); top != nullptr; top = top->next) {
     reading.read(top, nullptr);
   }

@@ -5,16 +5,22 @@
 namespace oclacp::host {
 namespace {
 
-bool is_container(const yfw_datatree& node) {
-  return info_of(&node).schema->nodetype == LYS_CONTAINER;
-}
+// How many list entries are walked at a time.
+constexpr size_t kEntriesInPart = 256;
 
-// Where a tree branches first: at its list entries, whether they stand directly below the top node or deeper.
-yfw_datatree& first_branching(yfw_datatree* node) {
-  while (node->child_count == 1 && is_container(node->children[0])) {
-    node = &node->children[0];
+// The first list on the way down, where the request names entries of one.
+const yfw_datatree* find_parent_of_list(const yfw_datatree* node) {
+  for (unsigned index = 0; index < node->child_count; ++index) {
+    const yfw_datatree* child = &node->children[index];
+    const uint16_t kind = info_of(child).schema->nodetype;
+    if (kind == LYS_LIST) {
+      return node;
+    }
+    if (const yfw_datatree* found = kind == LYS_CONTAINER ? find_parent_of_list(child) : nullptr; found != nullptr) {
+      return found;
+    }
   }
-  return *node;
+  return nullptr;
 }
 
 }  // namespace
@@ -44,12 +50,46 @@ void visit_alone(yfw_datatree& parent, const std::function<void(yfw_datatree& ch
   parent.child_count = count;
 }
 
-// Nothing when it went well, or no mapping serves the tree.
-std::optional<std::string> Reading::walk(const yfw_datatree* top, const lyd_node* data) {
-  const yfw_map_walker walker = module_.native_walker(data->schema->module->ns, data->schema->name);
-  if (walker == nullptr) {
-    return std::nullopt;
+WantedEntries wanted_entries(const yfw_datatree* request) {
+  WantedEntries wanted;
+  const yfw_datatree* above = find_parent_of_list(request);
+  for (unsigned index = 0; above != nullptr && index < above->child_count; ++index) {
+    const yfw_datatree& entry = above->children[index];
+    const yfw_datatree* key = entry.child_count == 0 ? nullptr : &entry.children[0];
+    if (key == nullptr || !lysc_is_key(info_of(key).schema) || key->value == nullptr) {
+      return {};
+    }
+    wanted.list = info_of(&entry).schema;
+    wanted.keys.insert(key->value);
   }
+  return wanted;
+}
+
+// Whether a native list entry comes to entries of the wanted list, and to none that is wanted. The module tells by a
+// walk of its keys alone.
+bool Reading::is_unwanted(const NativeParts& parts, size_t branch, yfw_map_walker walker) const {
+  if (parts.branches()[branch].data->schema->nodetype != LYS_LIST) {
+    return false;
+  }
+  NativeTree tree = parts.keys_of(branch);
+  EditScript output(paths_, false);
+  if (walk_native(walker, tree.top(), operation_, output, {})) {
+    return false;
+  }
+  bool names_others = false;
+  for (const EditScript::Entry& entry : output.entries()) {
+    if (entry.list == wanted_.list && entry.has_keys()) {
+      if (wanted_.keys.count(entry.keys.front()) != 0) {
+        return false;
+      }
+      names_others = true;
+    }
+  }
+  return names_others;
+}
+
+// Nothing when it went well.
+std::optional<std::string> Reading::walk(yfw_map_walker walker, const yfw_datatree* top) {
   EditScript output(paths_, false);
   if (std::optional<std::string> failure = walk_native(walker, top, operation_, output, sinks_)) {
     return failure;
@@ -62,22 +102,39 @@ std::optional<std::string> Reading::walk(const yfw_datatree* top, const lyd_node
   return std::nullopt;
 }
 
+// Answers why parts could not be translated.
+std::vector<std::string> Reading::read_parts(const lyd_node* data, const NativeSelection::Node* selected,
+                                             size_t branches_in_part, bool stops_at_failure) {
+  const yfw_map_walker walker = module_.native_walker(data->schema->module->ns, data->schema->name);
+  if (walker == nullptr) {
+    return {};
+  }
+  NativeParts parts(data, selected);
+  if (wanted_.list != nullptr && parts.branches().size() > 1) {
+    parts.drop_if([&](size_t branch) { return is_unwanted(parts, branch, walker); });
+  }
+  std::vector<std::string> failures;
+  for (size_t first = 0; first == 0 || first < parts.branches().size(); first += branches_in_part) {
+    NativeTree tree = parts.part(first, branches_in_part);
+    if (std::optional<std::string> failure = walk(walker, tree.top())) {
+      failures.push_back(std::move(*failure));
+      if (stops_at_failure) {
+        break;
+      }
+    }
+  }
+  return failures;
+}
+
 void Reading::read(const lyd_node* data, const NativeSelection::Node* selected) {
-  NativeTree tree(data, selected);
-  if (const std::optional<std::string> failure = walk(tree.top(), data)) {
-    throw Refusal(*failure);
+  const std::vector<std::string> failures = read_parts(data, selected, kEntriesInPart, true);
+  if (!failures.empty()) {
+    throw Refusal(failures.front());
   }
 }
 
 std::vector<std::string> Reading::read_by_entry(const lyd_node* data, const NativeSelection::Node* selected) {
-  NativeTree tree(data, selected);
-  std::vector<std::string> failures;
-  visit_alone(first_branching(tree.top()), [&](const yfw_datatree& /*child*/) {
-    if (std::optional<std::string> failure = walk(tree.top(), data)) {
-      failures.push_back(std::move(*failure));
-    }
-  });
-  return failures;
+  return read_parts(data, selected, 1, false);
 }
 
 void Reading::finish(Answer& answer) {

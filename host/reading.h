@@ -2,7 +2,10 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "host/framework/answer_tree.h"
@@ -15,12 +18,30 @@
 
 namespace oclacp::host {
 
+// The entries of an OpenConfig list that a read is about.
+struct WantedEntries {
+  const lysc_node* list = nullptr;  // null: nothing is left out
+  std::unordered_set<std::string_view> keys;
+};
+
+// Those of the first list of a request, when it names each by its key. `request` is the top node and outlives them.
+WantedEntries wanted_entries(const yfw_datatree* request);
+
 // Walks native trees one after the other and collects what they come to. Used with a device installed.
+//
+// A tree is walked in parts, so that what is made for a walk stays small beside the data.
 class Reading {
  public:
-  // `operation` is the code of a read; `paths` are those of the OpenConfig side. All outlive this.
-  Reading(const Module& module, NativePaths& paths, uint32_t operation, const RecordSinks& sinks)
-      : module_(module), paths_(paths), operation_(operation), sinks_(sinks), answer_(paths.context()) {}
+  // `operation` is the code of a read; `paths` are those of the OpenConfig side. Native list entries that come to
+  // entries of the OpenConfig list, but to none of `wanted`, are left out. All outlive this.
+  Reading(const Module& module, NativePaths& paths, uint32_t operation, const WantedEntries& wanted,
+          const RecordSinks& sinks)
+      : module_(module),
+        paths_(paths),
+        operation_(operation),
+        wanted_(wanted),
+        sinks_(sinks),
+        answer_(paths.context()) {}
 
   // Reads one native top node, or what is selected of it; a tree that no mapping serves comes to nothing. Throws
   // Refusal when something in it cannot be translated, which ends the walk of the whole tree.
@@ -33,11 +54,15 @@ class Reading {
   void finish(Answer& answer);
 
  private:
-  std::optional<std::string> walk(const yfw_datatree* top, const lyd_node* data);
+  std::vector<std::string> read_parts(const lyd_node* data, const NativeSelection::Node* selected,
+                                      size_t branches_in_part, bool stops_at_failure);
+  [[nodiscard]] bool is_unwanted(const NativeParts& parts, size_t branch, yfw_map_walker walker) const;
+  std::optional<std::string> walk(yfw_map_walker walker, const yfw_datatree* top);
 
   const Module& module_;
   NativePaths& paths_;
   uint32_t operation_;
+  const WantedEntries& wanted_;
   const RecordSinks& sinks_;
   AnswerTree answer_;
 };

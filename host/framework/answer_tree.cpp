@@ -38,26 +38,55 @@ std::string path_of(const lyd_node* above, const lysc_node* schema) {
   return path;
 }
 
+// Whether a value is a number in the form that libyang would bring it to.
+bool is_canonical_number(const lysc_node* schema, std::string_view value) {
+  switch (reinterpret_cast<const lysc_node_leaf*>(schema)->type->basetype) {
+    case LY_TYPE_UINT8:
+    case LY_TYPE_UINT16:
+    case LY_TYPE_UINT32:
+    case LY_TYPE_UINT64:
+      return value == "0" || (!value.starts_with('0') && !value.empty() &&
+                              value.find_first_not_of("0123456789") == std::string_view::npos);
+    default:
+      return false;
+  }
+}
+
+// A new leaf; libyang's complaint when the value is not of its type. Nearly all that a device counts is canonical, and
+// need not be printed for it.
+LY_ERR make_leaf(lyd_node* above, const lysc_node* schema, const char* value, lyd_node** made) {
+  const auto make = is_canonical_number(schema, value) ? lyd_new_term_canon : lyd_new_term;
+  return make(above, schema->module, schema->name, value, 0, made);
+}
+
 }  // namespace
 
 void AnswerTree::add(const EditScript& script) {
   node_of_entry_.assign(script.entries().size(), nullptr);
+  leaves_.clear();
   new_entries_.clear();
+  made_.clear();
   const size_t dropped_before = dropped_leaves_;
   const size_t valueless_before = valueless_.size();
   try {
     for (const EditScript::Step& step : script.steps()) {
-      add_step(script, step);
+      make_place(script, step);
+    }
+    // Backwards, because libyang looks for the place of a new node among those that the schema has behind it: mostly
+    // the next one is already there then.
+    for (auto leaf = leaves_.rbegin(); leaf != leaves_.rend(); ++leaf) {
+      add_leaf(leaf->above, leaf->step->target->schema, leaf->step->has_value ? leaf->step->value.data() : "");
     }
   } catch (const Refusal&) {
-    take_back_new_entries();
+    take_back();
     dropped_leaves_ = dropped_before;
     valueless_.resize(valueless_before);
     throw;
   }
 }
 
-void AnswerTree::add_step(const EditScript& script, const EditScript::Step& step) {
+// Makes the entries and containers that a step names or lies in; leaves are noted.
+void AnswerTree::make_place(const EditScript& script, const EditScript::Step& step) {
   const lysc_node* schema = step.target->schema;
   if (is_left_out(script, step.entry)) {
     dropped_leaves_ += step.target->is_leaf() ? 1 : 0;
@@ -67,7 +96,11 @@ void AnswerTree::add_step(const EditScript& script, const EditScript::Step& step
     place_of(script, step.target->is_key() ? step.target->lists.back() : schema, step.entry);
     return;
   }
-  set_leaf(place_of(script, lysc_data_parent(schema), step.entry), schema, step.has_value ? step.value.data() : "");
+  // The leaves of a container mostly follow each other.
+  const lysc_node* container = lysc_data_parent(schema);
+  const bool is_same = !leaves_.empty() && leaves_.back().step->entry == step.entry &&
+                       lysc_data_parent(leaves_.back().step->target->schema) == container;
+  leaves_.push_back({is_same ? leaves_.back().above : place_of(script, container, step.entry), &step});
 }
 
 // The answer's node for a container or list, made with what is above it when it is not there. `entry` is the script's
@@ -102,8 +135,9 @@ lyd_node* AnswerTree::find_or_add_entry(const EditScript& script, const EditScri
     insert_top(place->second);
   }
   new_entries_.push_back(&*place);
+  made_.push_back(place->second);
   if (const lysc_node* target = key_target(entry.list); target != nullptr) {
-    set_leaf(find_or_add_inner(place->second, target->parent), target, entry.keys.front().data());
+    add_leaf(find_or_add_inner(place->second, target->parent), target, entry.keys.front().data());
   }
   return place->second;
 }
@@ -139,22 +173,19 @@ lyd_node* AnswerTree::find_or_add_inner(lyd_node* above, const lysc_node* schema
   if (lyd_new_inner(above, schema->module, schema->name, 0, &node) != LY_SUCCESS) {
     refuse(above, schema);
   }
+  made_.push_back(node);
   if (above == nullptr) {
     insert_top(node);
   }
   return node;
 }
 
-void AnswerTree::set_leaf(lyd_node* above, const lysc_node* schema, const char* value) {
+void AnswerTree::add_leaf(lyd_node* above, const lysc_node* schema, const char* value) {
   lyd_node* leaf = find_among(above == nullptr ? top_.get() : lyd_child(above), schema);
   if (leaf != nullptr) {
-    const LY_ERR status = lyd_change_term(leaf, value);
-    if (status != LY_SUCCESS && status != LY_EEXIST && status != LY_ENOT) {
-      refuse(above, schema);
-    }
     return;
   }
-  if (lyd_new_term(above, schema->module, schema->name, value, 0, &leaf) != LY_SUCCESS) {
+  if (make_leaf(above, schema, value, &leaf) != LY_SUCCESS) {
     // A converter that has no value for what the device says reports an empty one.
     if (value[0] == '\0') {
       valueless_.push_back(path_of(above, schema));
@@ -162,6 +193,7 @@ void AnswerTree::set_leaf(lyd_node* above, const lysc_node* schema, const char* 
     }
     refuse(above, schema);
   }
+  made_.push_back(leaf);
   if (above == nullptr) {
     insert_top(leaf);
   }
@@ -178,17 +210,18 @@ void AnswerTree::refuse(const lyd_node* above, const lysc_node* schema) const {
   throw Refusal(path_of(above, schema) + complaint.substr(complaint.find(": ")));
 }
 
-// Inner entries come after those around them. Containers that are left empty go too.
-void AnswerTree::take_back_new_entries() {
-  for (auto entry = new_entries_.rbegin(); entry != new_entries_.rend(); ++entry) {
-    lyd_node* above = lyd_parent((*entry)->second);
-    lyd_free_tree((*entry)->second);
-    entries_.erase(std::string((*entry)->first));
-    while (above != nullptr && lyd_child(above) == nullptr && lyd_parent(above) != nullptr) {
-      lyd_node* empty = above;
-      above = lyd_parent(above);
-      lyd_free_tree(empty);
+// What is inside of something was made after it.
+void AnswerTree::take_back() {
+  for (const Entry* entry : new_entries_) {
+    entries_.erase(std::string(entry->first));
+  }
+  for (auto node = made_.rbegin(); node != made_.rend(); ++node) {
+    if (*node == top_.get()) {
+      lyd_node* next = (*node)->next;
+      static_cast<void>(top_.release());
+      top_.reset(next);
     }
+    lyd_free_tree(*node);
   }
 }
 

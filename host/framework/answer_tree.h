@@ -18,10 +18,10 @@ class AnswerTree {
   // `context`: the OpenConfig side's; outlives this.
   explicit AnswerTree(const ly_ctx* context) : context_(context) {}
 
-  // Adds the output of a walk. A list entry that never got its keys is left out with all that is in it. The leaf that a
-  // key of configuration refers to is added with the entry: natively the name is kept once, so it is there as soon as
-  // the entry is. Throws Refusal when a value is not of its leaf's type; what was added of new list entries is taken
-  // away again then.
+  // Adds the output of a walk. Of several values for one leaf the last of a walk counts, and that of an earlier walk
+  // before that of a later one. A list entry that never got its keys is left out with all that is in it. The leaf that
+  // a key of configuration refers to is added with the entry: natively the name is kept once, so it is there as soon as
+  // the entry is. Throws Refusal when a value is not of its leaf's type; this is as it was before then.
   void add(const EditScript& script);
 
   // How many leaves were left out with entries that never got their keys.
@@ -38,15 +38,21 @@ class AnswerTree {
   // A list entry of the answer, with what it is found by: the node above it, the list and the keys.
   using Entry = std::pair<const std::string, lyd_node*>;
 
-  void add_step(const EditScript& script, const EditScript::Step& step);
+  // A leaf of the script, and the answer's node that it belongs below; null for the top.
+  struct Leaf {
+    lyd_node* above;
+    const EditScript::Step* step;
+  };
+
+  void make_place(const EditScript& script, const EditScript::Step& step);
   lyd_node* place_of(const EditScript& script, const lysc_node* schema, int entry);
   lyd_node* find_or_add_entry(const EditScript& script, const EditScript::Entry& entry);
   lyd_node* find_or_add_inner(lyd_node* above, const lysc_node* schema);
-  void set_leaf(lyd_node* above, const lysc_node* schema, const char* value);
+  void add_leaf(lyd_node* above, const lysc_node* schema, const char* value);
   const lysc_node* key_target(const lysc_node* list);
   [[noreturn]] void refuse(const lyd_node* above, const lysc_node* schema) const;
   void insert_top(lyd_node* made);
-  void take_back_new_entries();
+  void take_back();
 
   const ly_ctx* context_;
   TreePtr top_;
@@ -55,6 +61,8 @@ class AnswerTree {
   // Of the script that is added.
   std::vector<lyd_node*> node_of_entry_;  // by the entry's number in the script; null before its first use
   std::vector<const Entry*> new_entries_;
+  std::vector<lyd_node*> made_;
+  std::vector<Leaf> leaves_;
   size_t dropped_leaves_ = 0;
   std::vector<std::string> valueless_;
 };

@@ -167,5 +167,33 @@ TEST_F(AnswerTreeTest, ALeafThatIsReportedEmptyIsLeftOutAndNamed) {
             std::vector<std::string>{"/openconfig-lacp:lacp/interfaces/interface[name='b']/state/lacp-mode"});
 }
 
+TEST_F(AnswerTreeTest, AWalkThatFailsTakesNothingFromAnEarlierOneAndLeavesNothing) {
+  enter("a");
+  add("/config/interval", "FAST");
+  tree_.add(script_);
+  EditScript second(paths_, false);
+  EXPECT_EQ(second.add(kInterface, kOpenconfig, nullptr, nullptr, true), YFW_OK);
+  EXPECT_EQ(second.add("/lacp/interfaces/interface/name", kOpenconfig, "a", nullptr, false), YFW_OK);
+  EXPECT_EQ(second.add("/lacp/interfaces/interface/state/system-id-mac", kOpenconfig, "nonsense", nullptr, false),
+            YFW_OK);
+  EXPECT_EQ(second.add("/lacp/interfaces/interface/state/interval", kOpenconfig, "SLOW", nullptr, false), YFW_OK);
+  EXPECT_NE(refusal_of([&] { tree_.add(second); }), "accepted");
+  const TreePtr made = tree_.take();
+  EXPECT_EQ(squeezed(print_tree(schemas().request(), made.get(), LYD_JSON)),
+            interfaces(R"({"name":"a","config":{"name":"a","interval":"FAST"}})"));
+}
+
+TEST_F(AnswerTreeTest, NumbersThatAreNotCanonicalBecomeSo) {
+  enter("a");
+  add("/config/system-priority", "007");
+  EXPECT_EQ(answer(), interfaces(R"({"name":"a","config":{"name":"a","system-priority":7}})"));
+}
+
+TEST_F(AnswerTreeTest, NumbersOutOfRangeAreRefused) {
+  enter("a");
+  add("/config/system-priority", "65536");
+  EXPECT_THAT(refusal_of([this] { tree_.add(script_); }), testing::HasSubstr("/config/system-priority: "));
+}
+
 }  // namespace
 }  // namespace oclacp::host

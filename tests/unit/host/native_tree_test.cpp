@@ -123,6 +123,59 @@ TEST_F(NativeTreeTest, WhatTheDeviceDoesNotHaveIsNotThere) {
   EXPECT_EQ(selected(interface_configurations(configured("a", kLacpEntry))), "interface-configurations");
 }
 
+TEST_F(NativeTreeTest, WithoutKeysOnlyActiveConfigurationIsSelected) {
+  ask_for_entry(nullptr);
+  ask_for_lacp("/mode");
+  EXPECT_EQ(selected(interface_configurations(configured("a", kLacpEntry) +
+                                              R"(, {"active": "pre", "interface-name": "a"},
+                                                 {"active": "other", "interface-name": "a"})")),
+            "interface-configurations(interface-configuration(active=act interface-name=a lacp(mode=active)))");
+}
+
+class NativePartsTest : public testing::Test {
+ protected:
+  static std::string part(const std::string& text, size_t first, size_t count) {
+    const TreePtr data = parse_native(text);
+    const lyd_node* top = data.get();
+    while ((top->flags & LYD_DEFAULT) != 0) {
+      top = top->next;
+    }
+    NativeTree tree = NativeParts(top, nullptr).part(first, count);
+    return shown(*tree.top());
+  }
+
+  static constexpr const char* kBundles = R"({"Talvo-Brin-QD-bundlemgr-oper:lacp-bundles": {"bundles": {"bundle": [
+      {"bundle-interface": "a", "data": {"applied-lacp-mode": "bmd-mode-active"}}, {"bundle-interface": "b"},
+      {"bundle-interface": "c"}]}}})";
+};
+
+TEST_F(NativePartsTest, AreCutBetweenTheEntriesOfTheFirstListOnTheWayDown) {
+  EXPECT_EQ(part(kBundles, 0, 2),
+            "lacp-bundles(bundles(bundle(bundle-interface=a data(applied-lacp-mode=bmd-mode-active)) "
+            "bundle(bundle-interface=b)))");
+  EXPECT_EQ(part(kBundles, 2, 2), "lacp-bundles(bundles(bundle(bundle-interface=c)))");
+  EXPECT_EQ(part(kBundles, 0, NativeParts::kAll), part(kBundles, 0, 3));
+}
+
+TEST_F(NativePartsTest, OfWhatDoesNotBranchAreThereOne) {
+  const char* const data = R"({"Talvo-Brin-QD-bundlemgr-oper:lacp-data": {"global": {"system-id": {"system-id": {
+                                 "system-prio": 5}}}}})";
+  EXPECT_EQ(part(data, 0, 1), "lacp-data(global(system-id(system-id(system-prio=5))))");
+}
+
+TEST_F(NativePartsTest, HoldAnEntrysKeysAlone) {
+  const TreePtr data = parse_native(kBundles);
+  NativeTree tree = NativeParts(data.get(), nullptr).keys_of(0);
+  EXPECT_EQ(shown(*tree.top()), "lacp-bundles(bundles(bundle(bundle-interface=a)))");
+}
+
+TEST_F(NativePartsTest, ForgetWhatIsDropped) {
+  const TreePtr data = parse_native(kBundles);
+  NativeParts parts(data.get(), nullptr);
+  parts.drop_if([](size_t branch) { return branch != 1; });
+  EXPECT_EQ(shown(*parts.part(0, NativeParts::kAll).top()), "lacp-bundles(bundles(bundle(bundle-interface=b)))");
+}
+
 TEST(NativeParser, RefusesWhatIsInvalid) {
   EXPECT_THAT(refusal_of([] { parse_native(interface_configurations(R"({"active": "act"})")); }),
               testing::HasSubstr("interface-name"));
