@@ -35,7 +35,7 @@ CLI::Option* add_strict(CLI::App& command, TranslationArguments& arguments) {
 }
 
 CLI::Option* add_device(CLI::App& command, TranslationArguments& arguments) {
-  return command.add_option("-d", arguments.device, "The device: a folder with platform.json and running.json")
+  return command.add_option("-d", arguments.device, "The device: a folder with platform.json, running.json and operational.json")
       ->type_name("DIR");
 }
 

@@ -21,7 +21,7 @@ struct TranslationArguments {
   host::TranslateOptions options;
 };
 
-// CLI11's mapping from words to values.
+// What the words of a choice mean.
 template <typename Value>
 using Words = std::map<std::string, Value>;
 
@@ -33,9 +33,14 @@ CLI::Option* add_choice(CLI::App& command, const std::string& name, Value& value
   for (const auto& [word, meaning] : words) {
     list += (list.empty() ? "" : "|") + word;
   }
-  return command.add_option(name, value, help)
-      ->transform(CLI::CheckedTransformer(words).description(""))
-      ->type_name(list);
+  const auto choose = [&value, words, name, list](const std::string& word) {
+    const auto found = words.find(word);
+    if (found == words.end()) {
+      throw CLI::ValidationError(name, "'" + word + "' is none of " + list);
+    }
+    value = found->second;
+  };
+  return command.add_option_function<std::string>(name, choose, help)->type_name(list);
 }
 
 void add_request(CLI::App& command, std::string& file);

@@ -92,14 +92,13 @@ void define_get(CLI::App& app) {
       ->needs(all)
       ->excludes(format)
       ->excludes(keep_going);
-  command
-      ->add_flag("--unmapped", arguments->lists_unmapped,
-                 "List the native configuration of the interfaces that OpenConfig has no form for")
-      ->excludes(format)
-      ->excludes(keep_going)
-      ->excludes(all);
+  CLI::Option* unmapped =
+      command->add_flag("--unmapped", arguments->lists_unmapped,
+                        "List the native configuration of the interfaces that OpenConfig has no form for");
+  unmapped->excludes(format)->excludes(keep_going)->excludes(all);
   add_device(*command, *arguments)->required();
   add_workings(*command, *arguments);
+  unmapped->excludes(command->get_option("--trace"))->excludes(command->get_option("-v"));
   command->callback([arguments] { run(*arguments); });
 }
 

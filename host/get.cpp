@@ -10,26 +10,30 @@
 namespace oclacp::host {
 namespace {
 
-// The device of a translation without one: it has LACP where the input has.
-class InputDevice final : public Device {
- public:
-  explicit InputDevice(const lyd_node* running) : running_(running) {}
-
-  [[nodiscard]] uint32_t router_type() const override { return EmptyDevice().router_type(); }
-  [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
-  [[nodiscard]] const lyd_node* running() const override { return running_; }
-
- private:
-  const lyd_node* running_;
-  std::vector<Interface> interfaces_;
-};
-
-const lyd_node* find_top(const lyd_node* tops, const lysc_node* schema) {
-  while (tops != nullptr && tops->schema != schema) {
+const lyd_node* find_top(const lyd_node* tops, std::string_view name) {
+  while (tops != nullptr && name != tops->schema->name) {
     tops = tops->next;
   }
   return tops;
 }
+
+// The device of a translation without one: it has LACP where the input has, and everywhere when the input is state
+// without the configuration of interfaces.
+class InputDevice final : public Device {
+ public:
+  explicit InputDevice(const lyd_node* input)
+      : input_(input), assumes_lacp_(lyd_child(find_top(input, "interface-configurations")) == nullptr) {}
+
+  [[nodiscard]] uint32_t router_type() const override { return EmptyDevice().router_type(); }
+  [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
+  [[nodiscard]] const lyd_node* running() const override { return input_; }
+  [[nodiscard]] bool assumes_lacp() const override { return assumes_lacp_; }
+
+ private:
+  const lyd_node* input_;
+  bool assumes_lacp_;
+  std::vector<Interface> interfaces_;
+};
 
 // What a path asks for, on both sides.
 struct Question {
@@ -46,7 +50,7 @@ struct Question {
 
 // The device's data for a native top node; null when it has none.
 const lyd_node* find_data(const Device& device, const lysc_node* top) {
-  return find_top((top->flags & LYS_CONFIG_W) != 0 ? device.running() : device.operational(), top);
+  return find_top((top->flags & LYS_CONFIG_W) != 0 ? device.running() : device.operational(), top->name);
 }
 
 }  // namespace

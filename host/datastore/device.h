@@ -36,6 +36,8 @@ class OCLACP_HOST_API Device {
   // The operational state: the first of its top nodes, of the native models; null when there is none. Throws Refusal
   // when it cannot be had.
   [[nodiscard]] virtual const lyd_node* operational() const { return nullptr; }
+  // Whether every interface counts as having LACP, because the configuration of the interfaces is not known.
+  [[nodiscard]] virtual bool assumes_lacp() const { return false; }
   // The text that the device keeps when a leaf of its configuration is set to `value`. As written unless the device has
   // a form of its own.
   [[nodiscard]] virtual std::string kept_value(const lysc_node& /*leaf*/, std::string_view value) const {

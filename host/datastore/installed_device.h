@@ -4,6 +4,7 @@
 
 #include <memory>
 #include <optional>
+#include <string_view>
 
 #include "host/datastore/active_configuration.h"
 #include "host/datastore/device.h"
@@ -25,6 +26,9 @@ class InstalledDevice {
   static InstalledDevice* current();
 
   [[nodiscard]] const Device& device() const { return device_; }
+
+  // Whether an interface's configuration holds something of LACP, or the device counts it as if.
+  bool has_lacp(std::string_view interface) { return device_.assumes_lacp() || configuration().has_lacp(interface); }
 
   // Both are built when they are first asked for.
   const ActiveConfiguration& configuration();

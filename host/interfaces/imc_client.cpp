@@ -99,5 +99,5 @@ cerrno imc_display_namestring(const char* element, char* display_name, uint32_t 
 
 uint32_t get_intf_type_if_lacp_configured(const char* interface_name) {
   InstalledDevice* device = InstalledDevice::current();
-  return device != nullptr && device->configuration().has_lacp(interface_name) ? 1 : 0;
+  return device != nullptr && device->has_lacp(interface_name) ? 1 : 0;
 }

@@ -7,21 +7,14 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
-#include <memory>
+#include <csignal>
+#include <thread>
 
 extern char** environ;
 
 namespace support {
-namespace {
 
-struct CloseFile {
-  void operator()(FILE* file) const { static_cast<void>(std::fclose(file)); }
-};
-using File = std::unique_ptr<FILE, CloseFile>;
-
-// Files instead of pipes: no output is too long, and nobody waits for the other.
-File temporary(const std::string& content = "") {
+Process::File Process::temporary(const std::string& content) {
   File file(std::tmpfile());
   EXPECT_NE(file, nullptr);
   EXPECT_EQ(std::fwrite(content.data(), 1, content.size(), file.get()), content.size());
@@ -29,19 +22,19 @@ File temporary(const std::string& content = "") {
   return file;
 }
 
-std::string content_of(FILE* file) {
-  std::rewind(file);
+// Reads beside the position that the process writes at.
+std::string Process::content_of(FILE* file) {
   std::string content;
   std::array<char, 1 << 16> buffer{};
-  for (size_t count = 0; (count = std::fread(buffer.data(), 1, buffer.size(), file)) != 0;) {
-    content.append(buffer.data(), count);
+  ssize_t count = 0;
+  while ((count = pread(fileno(file), buffer.data(), buffer.size(), static_cast<off_t>(content.size()))) > 0) {
+    content.append(buffer.data(), static_cast<size_t>(count));
   }
   return content;
 }
 
-}  // namespace
-
-Outcome run(const std::vector<std::string>& arguments, const std::string& input) {
+Process::Process(const std::vector<std::string>& arguments, const std::string& input)
+    : in_(temporary(input)), out_(temporary()), err_(temporary()) {
   std::vector<std::string> words = {OCLACP_PROGRAM};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
@@ -49,21 +42,47 @@ Outcome run(const std::vector<std::string>& arguments, const std::string& input)
                  [](std::string& word) { return word.data(); });
   pointers.push_back(nullptr);
 
-  const File in = temporary(input);
-  const File out = temporary();
-  const File err = temporary();
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_adddup2(&actions, fileno(in.get()), STDIN_FILENO);
-  posix_spawn_file_actions_adddup2(&actions, fileno(out.get()), STDOUT_FILENO);
-  posix_spawn_file_actions_adddup2(&actions, fileno(err.get()), STDERR_FILENO);
-  pid_t process = 0;
-  EXPECT_EQ(posix_spawn(&process, OCLACP_PROGRAM, &actions, nullptr, pointers.data(), environ), 0);
+  posix_spawn_file_actions_adddup2(&actions, fileno(in_.get()), STDIN_FILENO);
+  posix_spawn_file_actions_adddup2(&actions, fileno(out_.get()), STDOUT_FILENO);
+  posix_spawn_file_actions_adddup2(&actions, fileno(err_.get()), STDERR_FILENO);
+  EXPECT_EQ(posix_spawn(&process_, OCLACP_PROGRAM, &actions, nullptr, pointers.data(), environ), 0);
   posix_spawn_file_actions_destroy(&actions);
+}
+
+Process::~Process() {
+  if (process_ != 0) {
+    end(SIGKILL);
+  }
+}
+
+bool Process::has_printed(const std::string& text, std::chrono::seconds time) {
+  const auto deadline = std::chrono::steady_clock::now() + time;
+  while (content_of(out_.get()).find(text) == std::string::npos) {
+    if (std::chrono::steady_clock::now() > deadline) {
+      return false;
+    }
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  return true;
+}
+
+Outcome Process::wait() {
   int status = 0;
-  EXPECT_EQ(waitpid(process, &status, 0), process);
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), content_of(out.get()),
-          content_of(err.get())};
+  EXPECT_EQ(waitpid(process_, &status, 0), process_);
+  process_ = 0;
+  return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), content_of(out_.get()),
+          content_of(err_.get())};
+}
+
+Outcome Process::end(int signal) {
+  EXPECT_EQ(kill(process_, signal), 0);
+  return wait();
+}
+
+Outcome run(const std::vector<std::string>& arguments, const std::string& input) {
+  return Process(arguments, input).wait();
 }
 
 Outcome translate(const std::string& request, const std::vector<std::string>& further_arguments) {

@@ -3,7 +3,11 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/types.h>
 
+#include <chrono>
+#include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,6 +22,39 @@ struct Outcome {
 
 // Runs the program with its arguments. `input` is its standard input.
 Outcome run(const std::vector<std::string>& arguments, const std::string& input = "");
+
+// The program, running beside the test.
+class Process {
+ public:
+  explicit Process(const std::vector<std::string>& arguments, const std::string& input = "");
+  ~Process();
+  Process(const Process&) = delete;
+  Process& operator=(const Process&) = delete;
+  Process(Process&&) = delete;
+  Process& operator=(Process&&) = delete;
+
+  // Waits until it has printed a text; false when it has not within the time.
+  bool has_printed(const std::string& text, std::chrono::seconds time);
+  // Waits for its end.
+  Outcome wait();
+  // Sends it a signal and waits for its end.
+  Outcome end(int signal);
+
+ private:
+  struct CloseFile {
+    void operator()(FILE* file) const { static_cast<void>(std::fclose(file)); }
+  };
+  using File = std::unique_ptr<FILE, CloseFile>;
+
+  static File temporary(const std::string& content = "");
+  static std::string content_of(FILE* file);
+
+  // Files instead of pipes: no output is too long, and nobody waits for the other.
+  File in_;
+  File out_;
+  File err_;
+  pid_t process_ = 0;
+};
 
 // `oclacp translate --to native` of a request on the standard input.
 Outcome translate(const std::string& request, const std::vector<std::string>& further_arguments = {});

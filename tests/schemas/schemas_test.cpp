@@ -118,6 +118,8 @@ TEST(Examples, TheDeviceIsValid) {
   EXPECT_NE(nullptr, parse(context, source("examples/device/running.json"), LYD_PARSE_STRICT | LYD_PARSE_NO_STATE,
                            LYD_VALIDATE_NO_STATE));
   EXPECT_NE(nullptr, parse(context, source("examples/device/platform.json"), LYD_PARSE_STRICT, 0));
+  EXPECT_NE(nullptr,
+            parse(context, source("examples/device/operational.json"), LYD_PARSE_STRICT, LYD_VALIDATE_PRESENT));
 }
 
 TEST(Examples, EveryRequestFitsTheSchema) {
