@@ -18,4 +18,7 @@ std::string running_configuration(std::size_t interfaces);
 // The same with all of an interface's LACP settings, each of which reads back.
 std::string full_running_configuration(std::size_t interfaces);
 
+// Operational state in JSON of so many bundles, each with 16 members.
+std::string operational_state(std::size_t bundles);
+
 }  // namespace bench

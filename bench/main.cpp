@@ -1,14 +1,20 @@
 // Times, in one run: what libyang needs to read the device's configuration and the request and to print the native edit
 // (the floor), the whole translation by the host, and the module by itself over a platform that only counts; and for a
-// get, what libyang needs to read the configuration as the device does and to print the answer, and the whole get.
-// Prints them as ratios at the end.
+// get of configuration ("get") or of state too ("state", each interface a bundle with 16 members), what libyang needs
+// to read the data as the device does and to print the answer, and the whole get. Prints them as ratios at the end,
+// and the most memory that a get of state takes.
 #include <benchmark/benchmark.h>
 #include <libyang/libyang.h>
+#include <malloc.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <map>
+#include <memory>
 #include <string>
 #include <utility>
 #include <vector>
@@ -27,7 +33,7 @@ using oclacp::host::ContextPtr;
 using oclacp::host::TreePtr;
 
 constexpr std::array<std::size_t, 3> kSizes = {100, 1000, 10000};
-constexpr std::array kRequests = {"create", "delete", "get"};
+constexpr std::array kRequests = {"create", "delete", "get", "state"};
 
 void require(bool holds, const char* what) {
   if (holds) return;
@@ -54,14 +60,17 @@ std::string running_text(Request request, std::size_t interfaces) {
 // A device that is read when the request comes, as the program does it.
 class Device final : public oclacp::host::Device {
  public:
-  explicit Device(TreePtr running) : running_(std::move(running)) {}
+  explicit Device(TreePtr running, TreePtr operational = nullptr)
+      : running_(std::move(running)), operational_(std::move(operational)) {}
 
   [[nodiscard]] uint32_t router_type() const override { return 7; }
   [[nodiscard]] const std::vector<oclacp::host::Interface>& interfaces() const override { return interfaces_; }
   [[nodiscard]] const lyd_node* running() const override { return running_.get(); }
+  [[nodiscard]] const lyd_node* operational() const override { return operational_.get(); }
 
  private:
   TreePtr running_;
+  TreePtr operational_;
   std::vector<oclacp::host::Interface> interfaces_;
 };
 
@@ -113,36 +122,106 @@ void module(benchmark::State& state, Request request) {
   state.counters["additions"] = static_cast<double>(counted.additions());
 }
 
-// The configuration of a device, read and judged as from its folder.
-TreePtr read_running(const ly_ctx* native, const std::string& text) {
-  lyd_node* tree = nullptr;
-  const LY_ERR status =
-      lyd_parse_data_mem(native, text.c_str(), LYD_JSON, LYD_PARSE_STRICT, LYD_VALIDATE_NO_STATE, &tree);
-  require(status == LY_SUCCESS, "libyang does not read the configuration");
-  return TreePtr(tree);
+// What a get reads, as files of a device.
+struct DeviceTexts {
+  DeviceTexts(std::size_t interfaces, bool with_state)
+      : running(full_running_configuration(interfaces)),
+        operational(with_state ? operational_state(interfaces) : "{}") {}
+
+  // Read and judged as from a device's folder.
+  [[nodiscard]] Device read(const ly_ctx* native) const {
+    return Device(parse_valid(native, running, LYD_VALIDATE_NO_STATE),
+                  parse_valid(native, operational, LYD_VALIDATE_PRESENT));
+  }
+
+  std::string running;
+  std::string operational;
+
+ private:
+  static TreePtr parse_valid(const ly_ctx* native, const std::string& text, std::uint32_t validation) {
+    lyd_node* tree = nullptr;
+    const LY_ERR status = lyd_parse_data_mem(native, text.c_str(), LYD_JSON, LYD_PARSE_STRICT, validation, &tree);
+    require(status == LY_SUCCESS, "libyang does not read a device's data");
+    return TreePtr(tree);
+  }
+};
+
+oclacp::host::GetOptions get_options(bool with_state) {
+  oclacp::host::GetOptions options;
+  options.kind = with_state ? oclacp::host::RequestKind::kReadState : oclacp::host::RequestKind::kReadConfig;
+  return options;
 }
 
-void floor_of_get(benchmark::State& state) {
-  const std::string running = full_running_configuration(static_cast<std::size_t>(state.range(0)));
+void print_to_nowhere(const ly_ctx* context, const lyd_node* tree) {
+  const std::unique_ptr<std::FILE, decltype(&std::fclose)> nowhere(std::fopen("/dev/null", "w"), &std::fclose);
+  oclacp::host::write_tree(nowhere.get(), context, tree, LYD_JSON);
+}
+
+void floor_of_get(benchmark::State& state, bool with_state) {
+  const DeviceTexts texts(static_cast<std::size_t>(state.range(0)), with_state);
   oclacp::host::Translator translator({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE);
-  const Device device(read_running(translator.native_context(), running));
-  const oclacp::host::Answer answer = translator.get(device, {});
+  const oclacp::host::Answer answer = translator.get(texts.read(translator.native_context()), get_options(with_state));
   while (state.KeepRunning()) {
-    const TreePtr device_read = read_running(translator.native_context(), running);
-    char* printed = nullptr;
-    lyd_print_mem(&printed, answer.data.get(), LYD_JSON, LYD_PRINT_WITHSIBLINGS);
-    benchmark::DoNotOptimize(printed);
-    std::free(printed);
+    const Device device = texts.read(translator.native_context());
+    print_to_nowhere(translator.openconfig_context(), answer.data.get());
   }
 }
 
-void host_get(benchmark::State& state) {
-  const std::string running = full_running_configuration(static_cast<std::size_t>(state.range(0)));
+void host_get(benchmark::State& state, bool with_state) {
+  const DeviceTexts texts(static_cast<std::size_t>(state.range(0)), with_state);
   oclacp::host::Translator translator({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE);
   while (state.KeepRunning()) {
-    const Device device(read_running(translator.native_context(), running));
-    benchmark::DoNotOptimize(translator.get(device, {}));
+    const Device device = texts.read(translator.native_context());
+    const oclacp::host::Answer answer = translator.get(device, get_options(with_state));
+    print_to_nowhere(translator.openconfig_context(), answer.data.get());
   }
+}
+
+// The most memory that a piece of work takes, in a process of its own, in KiB.
+template <typename Work>
+long peak_memory(const Work& work) {
+  std::fflush(nullptr);
+  malloc_trim(0);  // what was given back before is not to be found there
+  const pid_t process = fork();
+  require(process >= 0, "no process can be made");
+  if (process == 0) {
+    work();
+    _exit(0);
+  }
+  int status = 0;
+  rusage usage{};
+  require(wait4(process, &status, 0, &usage) == process && status == 0, "a measured process fails");
+  return usage.ru_maxrss;
+}
+
+// The floor holds the data as it is read, and then the answer.
+void print_memory(std::size_t bundles) {
+  const oclacp::host::SchemaDirectories schemas = {.shipped = OCLACP_SCHEMAS, .published = ""};
+  const DeviceTexts texts(bundles, true);
+  const std::unique_ptr<std::FILE, decltype(&std::fclose)> answer_file(std::tmpfile(), &std::fclose);
+  {
+    oclacp::host::Translator translator(schemas, OCLACP_MODULE);
+    const oclacp::host::Answer answer = translator.get(texts.read(translator.native_context()), get_options(true));
+    oclacp::host::write_tree(answer_file.get(), translator.openconfig_context(), answer.data.get(), LYD_JSON);
+  }
+  const long floor = peak_memory([&] {
+    oclacp::host::Translator translator(schemas, OCLACP_MODULE);
+    const Device device = texts.read(translator.native_context());
+    lyd_node* answer = nullptr;
+    require(lyd_parse_data_fd(translator.openconfig_context(), fileno(answer_file.get()), LYD_JSON, LYD_PARSE_ONLY, 0,
+                              &answer) == LY_SUCCESS,
+            "libyang does not read the answer");
+    const TreePtr owner(answer);
+    print_to_nowhere(translator.openconfig_context(), answer);
+  });
+  const long host = peak_memory([&] {
+    oclacp::host::Translator translator(schemas, OCLACP_MODULE);
+    const Device device = texts.read(translator.native_context());
+    const oclacp::host::Answer answer = translator.get(device, get_options(true));
+    print_to_nowhere(translator.openconfig_context(), answer.data.get());
+  });
+  std::printf("\nmost memory of a get of state, %zu bundles: floor %ld MiB, host %ld MiB, host/floor %.2f\n", bundles,
+              floor / 1024, host / 1024, static_cast<double>(host) / static_cast<double>(floor));
 }
 
 // Prints as usual and keeps the times.
@@ -198,10 +277,12 @@ void sizes(benchmark::internal::Benchmark* benchmark) {
 // Runs are named "floor/create/100" and so on.
 BENCHMARK_CAPTURE(floor, create, Request::kCreate)->Apply(sizes);
 BENCHMARK_CAPTURE(floor, delete, Request::kDelete)->Apply(sizes);
-BENCHMARK(floor_of_get)->Name("floor/get")->Apply(sizes);
+BENCHMARK_CAPTURE(floor_of_get, get, false)->Name("floor/get")->Apply(sizes);
+BENCHMARK_CAPTURE(floor_of_get, state, true)->Name("floor/state")->Apply(sizes);
 BENCHMARK_CAPTURE(host, create, Request::kCreate)->Apply(sizes);
 BENCHMARK_CAPTURE(host, delete, Request::kDelete)->Apply(sizes);
-BENCHMARK(host_get)->Name("host/get")->Apply(sizes);
+BENCHMARK_CAPTURE(host_get, get, false)->Name("host/get")->Apply(sizes);
+BENCHMARK_CAPTURE(host_get, state, true)->Name("host/state")->Apply(sizes);
 BENCHMARK_CAPTURE(module, create, Request::kCreate)->Apply(sizes);
 BENCHMARK_CAPTURE(module, delete, Request::kDelete)->Apply(sizes);
 
@@ -211,6 +292,9 @@ int run(int argc, char** argv) {
   Times times;
   benchmark::RunSpecifiedBenchmarks(&times);
   print_ratios(times);
+  for (const std::size_t bundles : kSizes) {
+    if (times.of("host", "state", bundles) != 0) print_memory(bundles);
+  }
   return 0;
 }
 
