@@ -101,6 +101,14 @@ TEST(GetAll, PrintsTheTableOfTheReadme) {
   EXPECT_THAT(text_of(example("../README.md")), testing::HasSubstr("\n" + block));
 }
 
+TEST(GetAll, HasColoursOnATerminalUnlessTheyAreNotWanted) {
+  const std::vector<std::string> arguments = {"get", "--all", "--format", "table", "-d", example("device")};
+  EXPECT_THAT(printed_on_terminal(arguments), testing::HasSubstr("\x1b[31mOUT_SYNC\x1b[0m"));
+  ASSERT_EQ(setenv("NO_COLOR", "1", 1), 0);
+  EXPECT_THAT(printed_on_terminal(arguments), testing::Not(testing::HasSubstr("\x1b")));
+  ASSERT_EQ(unsetenv("NO_COLOR"), 0);
+}
+
 TEST(GetAll, RunsTheWalkersOfAllRegistrationsConcerned) {
   const Outcome result = get_all(example("device"), {"--trace"});
   EXPECT_EQ(result.status, 0);

@@ -8,11 +8,38 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <cstdlib>
 #include <thread>
+#include <utility>
 
 extern char** environ;
 
 namespace support {
+namespace {
+
+// Starts the program with these streams; -1 leaves the test's own.
+pid_t start(const std::vector<std::string>& arguments, int in, int out, int err) {
+  std::vector<std::string> words = {OCLACP_PROGRAM};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  std::vector<char*> pointers;
+  std::transform(words.begin(), words.end(), std::back_inserter(pointers),
+                 [](std::string& word) { return word.data(); });
+  pointers.push_back(nullptr);
+
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  for (const auto& [stream, number] : {std::pair(in, STDIN_FILENO), {out, STDOUT_FILENO}, {err, STDERR_FILENO}}) {
+    if (stream != -1) {
+      posix_spawn_file_actions_adddup2(&actions, stream, number);
+    }
+  }
+  pid_t process = 0;
+  EXPECT_EQ(posix_spawn(&process, OCLACP_PROGRAM, &actions, nullptr, pointers.data(), environ), 0);
+  posix_spawn_file_actions_destroy(&actions);
+  return process;
+}
+
+}  // namespace
 
 Process::File Process::temporary(const std::string& content) {
   File file(std::tmpfile());
@@ -34,22 +61,10 @@ std::string Process::content_of(FILE* file) {
 }
 
 Process::Process(const std::vector<std::string>& arguments, const std::string& input)
-    : in_(temporary(input)), out_(temporary()), err_(temporary()) {
-  std::vector<std::string> words = {OCLACP_PROGRAM};
-  words.insert(words.end(), arguments.begin(), arguments.end());
-  std::vector<char*> pointers;
-  std::transform(words.begin(), words.end(), std::back_inserter(pointers),
-                 [](std::string& word) { return word.data(); });
-  pointers.push_back(nullptr);
-
-  posix_spawn_file_actions_t actions;
-  posix_spawn_file_actions_init(&actions);
-  posix_spawn_file_actions_adddup2(&actions, fileno(in_.get()), STDIN_FILENO);
-  posix_spawn_file_actions_adddup2(&actions, fileno(out_.get()), STDOUT_FILENO);
-  posix_spawn_file_actions_adddup2(&actions, fileno(err_.get()), STDERR_FILENO);
-  EXPECT_EQ(posix_spawn(&process_, OCLACP_PROGRAM, &actions, nullptr, pointers.data(), environ), 0);
-  posix_spawn_file_actions_destroy(&actions);
-}
+    : in_(temporary(input)),
+      out_(temporary()),
+      err_(temporary()),
+      process_(start(arguments, fileno(in_.get()), fileno(out_.get()), fileno(err_.get()))) {}
 
 Process::~Process() {
   if (process_ != 0) {
@@ -83,6 +98,27 @@ Outcome Process::end(int signal) {
 
 Outcome run(const std::vector<std::string>& arguments, const std::string& input) {
   return Process(arguments, input).wait();
+}
+
+std::string printed_on_terminal(const std::vector<std::string>& arguments) {
+  const int terminal = posix_openpt(O_RDWR | O_NOCTTY);
+  EXPECT_EQ(grantpt(terminal), 0);
+  EXPECT_EQ(unlockpt(terminal), 0);
+  const int line = open(ptsname(terminal), O_RDWR | O_NOCTTY);
+  const pid_t process = start(arguments, -1, line, -1);
+  close(line);
+  // The terminal is at its end when nobody has the line open any more.
+  std::string printed;
+  std::array<char, 4096> buffer{};
+  ssize_t count = 0;
+  while ((count = read(terminal, buffer.data(), buffer.size())) > 0) {
+    printed.append(buffer.data(), static_cast<size_t>(count));
+  }
+  close(terminal);
+  int status = 0;
+  EXPECT_EQ(waitpid(process, &status, 0), process);
+  EXPECT_EQ(status, 0);
+  return printed;
 }
 
 Outcome translate(const std::string& request, const std::vector<std::string>& further_arguments) {

@@ -53,8 +53,11 @@ class Process {
   File in_;
   File out_;
   File err_;
-  pid_t process_ = 0;
+  pid_t process_;
 };
+
+// What the program prints on a terminal.
+std::string printed_on_terminal(const std::vector<std::string>& arguments);
 
 // `oclacp translate --to native` of a request on the standard input.
 Outcome translate(const std::string& request, const std::vector<std::string>& further_arguments = {});
