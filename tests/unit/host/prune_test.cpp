@@ -79,5 +79,17 @@ TEST(Prune, SeveralEntriesMayBeNamed) {
                        R"({"name":"b","config":{"interval":"SLOW"}})"));
 }
 
+TEST(Prune, TwoThatAskForOneEntryGetWhatBothAskFor) {
+  EXPECT_EQ(pruned(parse(lacp(R"("interfaces": {"interface": [
+                {"name": "a", "config": {"interval": [null]}}, {"config": {"lacp-mode": [null]}}]})"))),
+            interfaces(R"({"name":"a","config":{"interval":"FAST","lacp-mode":"ACTIVE"}})"));
+}
+
+TEST(Prune, OneThatDoesNotMatchTakesNothingFromAnother) {
+  EXPECT_EQ(pruned(parse(lacp(R"("interfaces": {"interface": [
+                {"config": {"interval": "SLOW", "lacp-mode": [null]}}, {"config": {"interval": [null]}}]})"))),
+            interfaces(R"({"name":"a","config":{"interval":"FAST"}},{"name":"b","config":{"interval":"SLOW"}})"));
+}
+
 }  // namespace
 }  // namespace oclacp::host
