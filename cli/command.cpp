@@ -1,5 +1,6 @@
 #include "cli/command.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <iostream>
 
@@ -35,7 +36,8 @@ CLI::Option* add_strict(CLI::App& command, TranslationArguments& arguments) {
 }
 
 CLI::Option* add_device(CLI::App& command, TranslationArguments& arguments) {
-  return command.add_option("-d", arguments.device, "The device: a folder with platform.json, running.json and operational.json")
+  return command
+      .add_option("-d", arguments.device, "The device: a folder with platform.json, running.json and operational.json")
       ->type_name("DIR");
 }
 
@@ -75,8 +77,12 @@ void tell_left_out(const host::Answer& answer) {
   if (answer.dropped_leaves != 0) {
     std::cerr << "oclacp: left out " << answer.dropped_leaves << " leaves that belong to no list entry\n";
   }
-  for (const std::string& leaf : answer.valueless) {
-    std::cerr << "oclacp: " << leaf << ": left out, as what the device says has no OpenConfig form\n";
+  constexpr size_t kNamed = 10;
+  for (size_t leaf = 0; leaf < std::min(kNamed, answer.valueless.size()); ++leaf) {
+    std::cerr << "oclacp: " << answer.valueless[leaf] << ": left out, as what the device says has no OpenConfig form\n";
+  }
+  if (answer.valueless.size() > kNamed) {
+    std::cerr << "oclacp: left out " << answer.valueless.size() - kNamed << " more leaves for the same reason\n";
   }
 }
 

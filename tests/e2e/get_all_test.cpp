@@ -1,6 +1,7 @@
 // Reading a device's operational state as OpenConfig.
 #include <libyang/libyang.h>
 
+#include <algorithm>
 #include <atomic>
 #include <csignal>
 #include <filesystem>
@@ -190,6 +191,22 @@ TEST_F(GetAllFrom, AModeWithoutOpenconfigFormIsLeftOutAndTold) {
             "oclacp: /openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether1']/state/lacp-mode: left "
             "out, as what the device says has no OpenConfig form\n");
   EXPECT_EQ(squeezed(result.out), interfaces(R"({"name":"Bundle-Ether1","state":{"name":"Bundle-Ether1"}})"));
+}
+
+TEST_F(GetAllFrom, OfManyLeavesWithoutFormSomeAreNamed) {
+  std::string entries;
+  std::string bundles;
+  for (int number = 0; number < 12; ++number) {
+    const std::string name = "b" + std::to_string(number);
+    entries += (number == 0 ? "" : ",") + native_entry(name, R"("mode": "active")");
+    bundles += (number == 0 ? "" : ",") + bundle(name, R"("data": {"applied-lacp-mode": "bmd-mode-off"})");
+  }
+  write_running(entries);
+  write_bundles(bundles);
+  const Outcome result = get();
+  EXPECT_EQ(result.status, 0);
+  EXPECT_EQ(std::count(result.err.begin(), result.err.end(), '\n'), 11);
+  EXPECT_THAT(result.err, testing::EndsWith("oclacp: left out 2 more leaves for the same reason\n"));
 }
 
 TEST_F(GetAllFrom, BadOperationalDataIsRefusedWithFileAndPath) {
