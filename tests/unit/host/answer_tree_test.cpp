@@ -2,7 +2,6 @@
 #include "host/framework/answer_tree.h"
 
 #include "host/framework/request.h"
-#include "host/yang/libyang.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
@@ -11,17 +10,6 @@ namespace {
 constexpr const char* kOpenconfig = "http://openconfig.net/yang/lacp";
 constexpr const char* kInterface = "/lacp/interfaces/interface";
 constexpr const char* kNativeList = "/interface-configurations/interface-configuration";
-
-// An answer in JSON without blanks.
-std::string squeezed(const std::string& text) {
-  std::string result;
-  for (const char character : text) {
-    if (character != ' ' && character != '\n') {
-      result += character;
-    }
-  }
-  return result;
-}
 
 class AnswerTreeTest : public testing::Test {
  protected:
@@ -46,8 +34,7 @@ class AnswerTreeTest : public testing::Test {
 
   std::string answer() {
     tree_.add(script_);
-    const TreePtr made = tree_.take();
-    return squeezed(print_tree(schemas().request(), made.get(), LYD_JSON));
+    return squeezed_json(tree_.take());
   }
 
   static std::string interfaces(const std::string& entries) {
@@ -137,7 +124,7 @@ TEST_F(AnswerTreeTest, WalksAddToEachOther) {
   EXPECT_EQ(second.add("/lacp/config/system-priority", kOpenconfig, "5", nullptr, false), YFW_OK);
   tree_.add(second);
   const TreePtr made = tree_.take();
-  EXPECT_EQ(squeezed(print_tree(schemas().request(), made.get(), LYD_JSON)),
+  EXPECT_EQ(squeezed_json(made),
             R"({"openconfig-lacp:lacp":{"config":{"system-priority":5},"interfaces":{"interface":[{"name":"a",)"
             R"("config":{"name":"a","interval":"FAST"},"state":{"interval":"SLOW"}}]}}})");
 }
@@ -148,7 +135,7 @@ TEST_F(AnswerTreeTest, AValueThatTheLeafDoesNotTakeTakesItsEntryAway) {
   EXPECT_THAT(refusal_of([this] { tree_.add(script_); }),
               testing::StartsWith("/openconfig-lacp:lacp/interfaces/interface[name='a']/config/system-id-mac: "));
   const TreePtr made = tree_.take();
-  EXPECT_EQ(squeezed(print_tree(schemas().request(), made.get(), LYD_JSON)), "{}");
+  EXPECT_EQ(squeezed_json(made), "{}");
 }
 
 TEST_F(AnswerTreeTest, APathThatTheModelDoesNotHaveFailsTheWalk) {
@@ -179,8 +166,7 @@ TEST_F(AnswerTreeTest, AWalkThatFailsTakesNothingFromAnEarlierOneAndLeavesNothin
   EXPECT_EQ(second.add("/lacp/interfaces/interface/state/interval", kOpenconfig, "SLOW", nullptr, false), YFW_OK);
   EXPECT_NE(refusal_of([&] { tree_.add(second); }), "accepted");
   const TreePtr made = tree_.take();
-  EXPECT_EQ(squeezed(print_tree(schemas().request(), made.get(), LYD_JSON)),
-            interfaces(R"({"name":"a","config":{"name":"a","interval":"FAST"}})"));
+  EXPECT_EQ(squeezed_json(made), interfaces(R"({"name":"a","config":{"name":"a","interval":"FAST"}})"));
 }
 
 TEST_F(AnswerTreeTest, NumbersThatAreNotCanonicalBecomeSo) {

@@ -13,6 +13,7 @@
 #include <utility>
 
 #include "host/refusal.h"
+#include "host/yang/libyang.h"
 #include "host/yang/request_parser.h"
 #include "host/yang/schemas.h"
 
@@ -58,6 +59,13 @@ inline yfw_datatree* find(RequestTree& tree, std::initializer_list<const char*> 
     node = found;
   }
   return node;
+}
+
+// Data of the OpenConfig side in JSON, without blanks.
+inline std::string squeezed_json(const TreePtr& data) {
+  std::string text = print_tree(schemas().request(), data.get(), LYD_JSON);
+  std::erase_if(text, [](char character) { return character == ' ' || character == '\n'; });
+  return text;
 }
 
 // What is refused, or "accepted".

@@ -1,6 +1,5 @@
 #include "host/framework/prune.h"
 
-#include "host/yang/libyang.h"
 #include "host/yang/request_path.h"
 #include "tests/unit/host/host_test.h"
 
@@ -19,13 +18,7 @@ std::string pruned(RequestTree request) {
             LY_SUCCESS);
   TreePtr answer(data);
   prune(answer, request.top());
-  std::string text;
-  for (const char character : print_tree(schemas().request(), answer.get(), LYD_JSON)) {
-    if (character != ' ' && character != '\n') {
-      text += character;
-    }
-  }
-  return text;
+  return squeezed_json(answer);
 }
 
 std::string by_path(const std::string& path) {

@@ -49,9 +49,7 @@ class ReadingTest : public testing::Test {
     reading.read(data.get(), nullptr);
     Answer answer;
     reading.finish(answer);
-    std::string text = print_tree(schemas().request(), answer.data.get(), LYD_JSON);
-    std::erase_if(text, [](char character) { return character == ' ' || character == '\n'; });
-    return text;
+    return squeezed_json(answer.data);
   }
 
   // How often a handler ran.
