@@ -73,10 +73,10 @@ cerrno yfw_map_check_oc_leafref(yfw_map_ctx ctx, const char* list_path, const ch
  * name, `value` the place for the answer, which the framework owns.
  *
  * Answers 0 or why there is no value. The module sets `*value` to null before the call and takes any combination of the
- * two: without a name, the handler of an interface's entry answers YFW_UNSUPPORTED_NODE whatever the status, and that of
- * a bundle's entry opens none and answers the status, which may be 0. A converter that looks up its interface or bundle
- * ends with a status other than 0; a null name with 0 counts as an interface that is not shown. For "applied-lacp-mode"
- * the status is ignored, and null is reported as an empty mode.
+ * two: without a name, the handler of an interface's entry answers YFW_UNSUPPORTED_NODE whatever the status, and that
+ * of a bundle's entry opens none and answers the status, which may be 0. A converter that looks up its interface or
+ * bundle ends with a status other than 0; a null name with 0 counts as an interface that is not shown. For
+ * "applied-lacp-mode" the status is ignored, and null is reported as an empty mode.
  */
 cerrno yfw_map_get_node_info(yfw_map_ctx ctx, const char* path, const char* leaf, const char** value);
 
@@ -89,9 +89,9 @@ cerrno yfw_map_get_node_info(yfw_map_ctx ctx, const char* path, const char* leaf
  * new node takes. OpenConfig requests pass one in edits and null in reads; from native data only a list entry that is
  * deleted passes one, an interface's or a member's, in any kind of request. `word` is 0, except for one native list
  * handler that passes the address of the request's current-list slot. `list_flag` is 1 for a list entry, for key leaves
- * that a key adds and for both leaves of a member's name, else 0. `last_flag` is 1 for what a converter of configuration
- * adds and for a deleted container, 0 for what a leaf handler copies, and the handler's own choice elsewhere; its
- * meaning is the framework's.
+ * that a key adds and for both leaves of a member's name, else 0. `last_flag` is 1 for what a converter of
+ * configuration adds and for a deleted container, 0 for what a leaf handler copies, and the handler's own choice
+ * elsewhere; its meaning is the framework's.
  *
  * The code of a failure is passed up, with these exceptions, which are meant:
  * - Where one leaf adds two nodes, the status of the last counts: `interface-name` before `active` (and that before
