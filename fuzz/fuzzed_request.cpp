@@ -2,41 +2,12 @@
 
 #include <algorithm>
 #include <iterator>
-#include <string_view>
 
 namespace fuzz {
 namespace {
 
 constexpr unsigned kMaxDepth = 8;
 constexpr std::size_t kMaxNodes = 200;
-
-// The children that a node of openconfig-lacp may have; the places of `config` and of `state` are taken together.
-struct Model {
-  std::string_view tag;
-  std::vector<const char*> children;
-};
-
-const Model& model_of(const char* tag) {
-  static const Model models[] = {
-      {"lacp", {"config", "state", "interfaces"}},
-      {"interfaces", {"interface"}},
-      {"interface", {"name", "config", "state", "members"}},
-      {"config", {"name", "interval", "lacp-mode", "system-id-mac", "system-priority"}},
-      {"members", {"member"}},
-      {"member", {"interface", "state"}},
-      {"state",
-       {"name",       "interval",        "lacp-mode",    "system-id-mac",    "system-priority", "interface", "activity",
-        "timeout",    "synchronization", "aggregatable", "collecting",       "distributing",    "system-id", "oper-key",
-        "partner-id", "partner-key",     "port-num",     "partner-port-num", "last-change",     "counters"}},
-      {"counters",
-       {"lacp-in-pkts", "lacp-out-pkts", "lacp-rx-errors", "lacp-tx-errors", "lacp-unknown-errors", "lacp-errors",
-        "lacp-timeout-transitions"}},
-      {"", {"lacp"}},
-  };
-  const auto found = std::find_if(std::begin(models), std::end(models),
-                                  [&](const Model& model) { return tag != nullptr && model.tag == tag; });
-  return found == std::end(models) ? *std::prev(std::end(models)) : *found;
-}
 
 // Tags that do not belong where they stand, or anywhere.
 constexpr const char* kMisplacedTags[] = {
@@ -49,38 +20,21 @@ constexpr const char* kMisplacedTags[] = {
     "",          "a tag that is longer than any that a model has, for whatever copies it",
     nullptr};
 
-const char* take_tag(const yfw_datatree* parent, Bytes& bytes) {
+const char* take_tag(const Model& model, const yfw_datatree* parent, Bytes& bytes) {
   const std::uint8_t byte = bytes.take();
   if (byte >= 0xF0) return kMisplacedTags[byte % std::size(kMisplacedTags)];
-  const std::vector<const char*>& known = model_of(parent == nullptr ? nullptr : parent->tag).children;
-  return known[byte % known.size()];
+  const ModelNode* const known = parent == nullptr ? nullptr : model.find(parent->tag);
+  return known == nullptr ? model.root : known->children[byte % known->children.size()];
+}
+
+// The namespace that a node has where it belongs.
+const char* namespace_of(const Model& model, const yfw_datatree& node, const yfw_datatree* parent) {
+  if (const ModelNode* const inner = model.find(node.tag); inner != nullptr) return inner->ns;
+  const ModelNode* const around = parent == nullptr ? nullptr : model.find(parent->tag);
+  return around == nullptr ? model.ns : around->ns;
 }
 
 constexpr const char* kNamespaces[] = {support::kOpenconfigLacp, support::kBundlemgrCfg, "urn:foreign", nullptr};
-
-// Longer than the buffers for a name, the interface-name scratch buffer and a trace record.
-constexpr char kLongValue[] =
-    "a value that is longer than every buffer of the module, the sixty-four bytes of a name, the two hundred of the "
-    "scratch buffer and the two hundred and fifty of a trace record, whichever of them it should ever be copied into; "
-    "it goes on for a while, and then it ends here, somewhat later than that";
-
-// 63 characters fit into the interface manager's buffers, 64 and more do not.
-constexpr const char* kValues[] = {nullptr,
-                                   "",
-                                   "FAST",
-                                   "SLOW",
-                                   "ACTIVE",
-                                   "PASSIVE",
-                                   "100",
-                                   "00:11:22:33:44:55",
-                                   "Bundle-Ether1",
-                                   "Bundle-Ether10",
-                                   "GigabitEthernet0/0/0/1",
-                                   "Bundle-Ether1.100",
-                                   "%s%n%p",
-                                   "////////////////////////////////////////////////////////////////",
-                                   "GigabitEthernet0/0/0/0123456789012345678901234567890123456789012",
-                                   kLongValue};
 
 constexpr std::uint32_t kOperations[] = {
     YFW_OPERATION_NONE,   YFW_OPERATION_NONE,   YFW_OPERATION_REPLACE, YFW_OPERATION_CREATE,
@@ -119,13 +73,13 @@ std::uint8_t Bytes::take() {
   return byte;
 }
 
-FuzzedTree::FuzzedTree(Bytes& bytes) {
+FuzzedTree::FuzzedTree(const Model& model, Bytes& bytes) : model_(model) {
   fill(root_, nullptr, bytes, 0);
 }
 
 void FuzzedTree::fill(yfw_datatree& node, yfw_datatree* parent, Bytes& bytes, unsigned depth) {
-  node.tag = take_tag(parent, bytes);
-  node.value = bytes.pick(std::span<const char* const>(kValues));
+  node.tag = take_tag(model_, parent, bytes);
+  node.value = bytes.pick(model_.values);
   node.operation = bytes.pick(std::span<const std::uint32_t>(kOperations));
   node.framework = parent;
   if (node.value != nullptr) node.flags |= YFW_FLAG_VALUE;
@@ -133,7 +87,7 @@ void FuzzedTree::fill(yfw_datatree& node, yfw_datatree* parent, Bytes& bytes, un
   // One byte for the number of children and for whether anything is out of order.
   const std::uint8_t shape = bytes.take();
   const bool in_order = shape < 0xC0;
-  node.ns = in_order ? support::kOpenconfigLacp : bytes.pick(std::span<const char* const>(kNamespaces));
+  node.ns = in_order ? namespace_of(model_, node, parent) : bytes.pick(std::span<const char* const>(kNamespaces));
   const std::uint8_t how = in_order ? std::uint8_t{0} : bytes.take();
 
   const std::size_t wanted = shape % 6;

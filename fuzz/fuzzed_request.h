@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "model.h"
 #include "support/platform.h"
 #include "yfw/datatree.h"
 
@@ -37,7 +38,7 @@ class Bytes {
 // not there, stray flags and operations. Only the memory is always sound: a child count never exceeds the array.
 class FuzzedTree {
  public:
-  explicit FuzzedTree(Bytes& bytes);
+  FuzzedTree(const Model& model, Bytes& bytes);
   FuzzedTree(const FuzzedTree&) = delete;
   FuzzedTree& operator=(const FuzzedTree&) = delete;
 
@@ -56,6 +57,7 @@ class FuzzedTree {
 
   void fill(yfw_datatree& node, yfw_datatree* parent, Bytes& bytes, unsigned depth);
 
+  const Model& model_;
   yfw_datatree root_{};
   std::deque<std::vector<yfw_datatree>> arrays_;
   std::vector<Found> nodes_;

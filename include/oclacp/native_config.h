@@ -1,9 +1,11 @@
 /*
  * The native configuration side of the module: interface and LACP configuration become openconfig-lacp configuration.
  *
- * Conventions: those of oclacp/openconfig_lacp.h; names begin ymap_qo_oclacp_ and the model's word. Unknown native
- * nodes are never errors. YFW_SKIP_SUBTREE of an entry's walker means that the entry is not reported; the walker above
- * it goes on with the next.
+ * Conventions: those of oclacp/openconfig_lacp.h; names begin ymap_qo_oclacp_ and the model's word. A native node that
+ * is not known, or that another model adds, is passed over with 0. YFW_SKIP_SUBTREE of an entry's walker means that the
+ * entry is not reported; the walker above it goes on with the next. Walkers answer the status of the first handler or
+ * child that fails, or YFW_MALFORMED_TREE. Only the walkers that are declared here are functions of their own for
+ * others to call: the containers and lists below them are walked as a part of them, under names of the same kind.
  */
 #ifndef OCLACP_NATIVE_CONFIG_H
 #define OCLACP_NATIVE_CONFIG_H
@@ -21,7 +23,10 @@ extern "C" {
 
 /* ---- Interface configuration ---- */
 
-/* The entry walker of interface-configurations, and the walker of one entry. */
+/*
+ * The entry walker of interface-configurations, and the walker of one entry. The latter answers YFW_MALFORMED_TREE for
+ * an entry without keys and YFW_SKIP_SUBTREE for pre-configuration.
+ */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations(yfw_map_ctx ctx,
                                                                                      const yfw_datatree* in,
                                                                                      yfw_datatree* out);
@@ -33,6 +38,7 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_globalinterfaceconf
                                                                                           const yfw_datatree* in,
                                                                                           yfw_datatree* out);
 
+/* Reports nothing and answers 0. */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_cont_lvla_interfaceconfigurations(yfw_map_ctx ctx,
                                                                                           const yfw_datatree* in,
                                                                                           unsigned int child_count,
@@ -40,23 +46,34 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_cont_lvla_interfaceconfi
 
 /*
  * Creates the OpenConfig entry of an interface, or marks it as deleted. Skips pre-configuration; does nothing for a
- * sub-interface or an interface without LACP. YFW_UNSUPPORTED_NODE when the interface has no name.
+ * sub-interface or an interface without LACP. YFW_SKIP_SUBTREE for pre-configuration, YFW_UNSUPPORTED_NODE when the
+ * interface has no name, else the status of the look-up of the name or of the framework's operation.
  */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfigurations_interfaceconfiguration(
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* Reports an interface's name, and in a read of operational state its state/name as well; the same under two names. */
+/*
+ * Reports an interface's name, and in a read of operational state its state/name as well; the same under two names.
+ * Nothing, and 0, for a sub-interface or an interface without LACP. YFW_MALFORMED_TREE when the leaf has no value, else
+ * the status of the last addition.
+ */
 OCLACP_EXPORT cerrno
 ymap_qo_oclacp_talvobrinqdifmgrcfg_leaf_lvla_interfaceconfigurations_interfaceconfiguration_interfacename(
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 OCLACP_EXPORT cerrno qd_to_oc_interface_name_leaf_cb(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* Hands the nodes that augment an entry to their walkers. */
+/*
+ * Hands the nodes that augment an entry to their walkers and answers their status: `bundle` and `lacp` of the bundle
+ * model to theirs, any other node of that model to that of bundle-member. A node of another model is ignored.
+ */
 OCLACP_EXPORT cerrno
 ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments(
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* Default handlers and hooks for nodes of other namespaces: they answer 0. */
+/*
+ * Default handlers and hooks for nodes of other namespaces: they answer 0. Those of a list and of a leaf do not look at
+ * their arguments.
+ */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_duck_map_container(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                            unsigned int child_count, yfw_datatree* out);
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_duck_map_list(yfw_map_ctx ctx, const yfw_datatree* in,
@@ -79,16 +96,22 @@ ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfigu
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_globalinterfaceconfiguration_parse_augments(
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* The name of the interface whose configuration is walked; owned by the framework. Records nothing. */
+/*
+ * Looks up the name of the interface whose configuration is walked. Answers the status of yfw_map_get_node_info(),
+ * which also says who owns `*name` and when it is null. Records nothing.
+ */
 OCLACP_EXPORT cerrno get_intf_name_from_tree(yfw_map_ctx ctx, const char** name);
 
 /* ---- Bundle and LACP configuration ---- */
 
-/* The entry walker of the global lacp container. */
+/* The entry walker of the global lacp container; it does not look at the container's own tag. */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                       yfw_datatree* out);
 
-/* The nodes that augment an interface configuration, each with the one tag that it expects. */
+/*
+ * The nodes that augment an interface configuration, each with the one tag that it expects. Another node of the bundle
+ * model is passed over, and one of a third model goes to the level's hook; both come to 0.
+ */
 /* bfd */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvla_interface_configuration(yfw_map_ctx ctx,
                                                                                                  const yfw_datatree* in,
@@ -114,16 +137,22 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvla_iccp_gr
                                                                                     const yfw_datatree* in,
                                                                                     yfw_datatree* out);
 
+/* Walks the bundle container of an interface configuration, which reports nothing. */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_bundle(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                         yfw_datatree* out);
 
-/* Unreached. */
+/* Walk the top-level bundle container and the bfd container of an interface configuration. No registration leads here.
+ */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                         yfw_datatree* out);
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                      yfw_datatree* out);
 
-/* Container handlers, default handlers and hooks: they answer 0. */
+/*
+ * Container handlers, default handlers and hooks: they report nothing and answer 0. The default handlers of a list and
+ * of a leaf do not look at their arguments. The walkers of bfd and talvo-extensions call the default container handler,
+ * not its further names cont_lvla_bfd and cont_lvla_lacp_talvoextensions.
+ */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                            unsigned int child_count, yfw_datatree* out);
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvlb_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
@@ -216,7 +245,10 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_iccp_group_pars
                                                                                            const yfw_datatree* in,
                                                                                            yfw_datatree* out);
 
-/* Leaf handlers. */
+/*
+ * Leaf handlers of LACP configuration. The first reports the global system priority unless the request's options
+ * suppress it (yfw/context.h), and answers the status of the addition; the others answer the status of their converter.
+ */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_lacp_systempriority(yfw_map_ctx ctx,
                                                                                           const yfw_datatree* in,
                                                                                           yfw_datatree* out);
@@ -232,7 +264,7 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvlb_lacp_syste
                                                                                      const yfw_datatree* in,
                                                                                      yfw_datatree* out);
 
-/* Leaves without a counterpart. */
+/* Leaves without a counterpart: nothing is reported, 0. The first does not look at its arguments. */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_bundle_lacpdelay(yfw_map_ctx ctx,
                                                                                        const yfw_datatree* in,
                                                                                        yfw_datatree* out);
@@ -242,7 +274,8 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_man_leaf_lvla_bundle
 /* ---- Value converters of an interface's LACP configuration ----
  *
  * Each reads the name of the interface that is walked and reports its leaf when the interface has LACP configured and
- * is no sub-interface.
+ * is no sub-interface. They answer the status of the addition, 0 when nothing is reported, or the code of the look-up
+ * or string operation that failed. Mode and interval are kept back when the request's options suppress them.
  */
 
 /* "active" becomes "ACTIVE", "on" nothing, any other value "PASSIVE". */

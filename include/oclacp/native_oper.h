@@ -1,7 +1,8 @@
 /*
  * The native operational side of the module: bundles and their members become openconfig-lacp state and counters.
  *
- * Conventions: those of oclacp/native_config.h. Children are walked in reads of operational state only.
+ * Conventions: those of oclacp/native_config.h, with two differences. Children are walked in reads of operational state
+ * only; under any other operation they count as not known. A node of another model that a request adds is refused.
  */
 #ifndef OCLACP_NATIVE_OPER_H
 #define OCLACP_NATIVE_OPER_H
@@ -17,7 +18,10 @@
 extern "C" {
 #endif
 
-/* The entry walkers. */
+/*
+ * The entry walkers of lacp-bundles and lacp-data. They answer the status of the first handler or child that fails,
+ * YFW_MALFORMED_TREE among them; what was added before that stays.
+ */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                               yfw_datatree* out);
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata(yfw_map_ctx ctx, const yfw_datatree* in,
@@ -103,14 +107,23 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_parse
                                                                                           const yfw_datatree* in,
                                                                                           yfw_datatree* out);
 
-/* Finds or creates the OpenConfig entry of a bundle; nothing for a sub-interface. */
+/*
+ * Finds or creates the OpenConfig entry of a bundle. Answers the status of that; for a sub-interface, and for a bundle
+ * without name, nothing is done and the status of the look-up of the name is answered.
+ */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle(
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
-/* Opens the OpenConfig entry of a member. */
+
+/* Opens the OpenConfig entry of a member, or marks it as deleted. Answers the status of the addition. */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_members_member(
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* Leaf handlers. */
+/*
+ * Leaf handlers. Each reports its OpenConfig leaf or leaves with the value of `in`, or calls the converter that does,
+ * and answers the status of the (last) addition or of the converter. The handlers of member-interface and
+ * illegal-packets-received report two leaves each, that of actor-port-state six; it ignores failed additions. The last
+ * one, of the device's own MAC address, reports nothing.
+ */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_bundle_bundleinterface(
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_systemmacaddr_macaddr(
@@ -160,21 +173,35 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_man_leaf_lvla_lacpb
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_member_memberinterface(
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* The name of the bundle that is walked; owned by the framework. Records nothing. */
+/*
+ * Looks up the name of the bundle that is walked. Answers the status of yfw_map_get_node_info(), which also says who
+ * owns
+ * `*name` and when it is null. Records nothing.
+ */
 OCLACP_EXPORT cerrno get_bundle_name_from_oper_tree(yfw_map_ctx ctx, const char** name);
 
-/* ---- Value converters ---- */
+/*
+ * ---- Value converters ----
+ *
+ * All but the first read the name of the bundle that is walked, and report their leaf when LACP is configured on it and
+ * it is no sub-interface. They answer the status of the addition, 0 when nothing is reported, or the code of the
+ * look-up or string operation that failed.
+ */
 
-/* The six leaves of a member's port state. Failed additions are ignored; always 0. */
+/*
+ * The six leaves of a member's port state, from the low eight bits of a decimal number; a text that is none counts as
+ * 0. Failed additions are ignored: 0 for any node.
+ */
 OCLACP_EXPORT cerrno qd2oc_actorportstate(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
 /*
  * The bundle's applied mode, read from the tree and not from `in`: "bmd-mode-active" becomes "ACTIVE",
- * "bmd-mode-passive" "PASSIVE", any other an empty text, which is meant. Only in a read of operational state.
+ * "bmd-mode-passive" "PASSIVE", any other an empty text, which is meant. The status of reading the mode is ignored.
+ * Reports in a read of operational state only.
  */
 OCLACP_EXPORT cerrno qd2oc_lacpmode(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* Copied. */
+/* The value of `in` as it is, whatever the operation. */
 OCLACP_EXPORT cerrno qd2oc_statesystemidmac(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 OCLACP_EXPORT cerrno qd2oc_intfstatesystempriority(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
@@ -193,7 +220,12 @@ OCLACP_EXPORT const char* yfw_get_lacp_state_collecting(uint8_t port_state);
 /* Bit 5: "true" or "false". */
 OCLACP_EXPORT const char* yfw_get_lacp_state_distributing(uint8_t port_state);
 
-/* ---- When-handlers: 0 for any node, 1 for none ---- */
+/*
+ * ---- When-handlers ----
+ *
+ * The framework calls the one that is named after a container to evaluate the container's `when` statement. They accept
+ * any node with 0; without a node they record that there is nothing to evaluate and answer 1.
+ */
 
 OCLACP_EXPORT cerrno
 ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_bundleinformation_items_memberevtinfo_handle_when(

@@ -6,7 +6,8 @@
  * 2. The context must not be null: the process is ended through __assert_fail() if it is. A null input node or output
  *    tree is refused with YFW_INVALID_ARGUMENTS, except where a function is said not to look at them.
  * 3. Every function records its start, its errors and its end under its own name. No end is recorded for null
- * arguments, after a handler's YFW_SKIP_SUBTREE (outside of a replace) and after a failed string operation.
+ *    arguments, by a walker whose handler answered YFW_SKIP_SUBTREE (outside of a replace), and by a converter whose
+ *    string operation failed or that cannot read the name of its interface or bundle.
  * 4. Nodes are marked while they are walked, so input trees must be writable; see yfw/datatree.h.
  * 5. Functions run on the request's thread and keep nothing between calls but one byte: that the library of the
  *    data-store client was found.
@@ -27,7 +28,15 @@
 extern "C" {
 #endif
 
-/* ---- Walkers of containers and list entries; the first is the entry walker of every registration ---- */
+/*
+ * ---- Walkers of containers and list entries; the first is the entry walker of every registration ----
+ *
+ * Each walks the node that it is named after: its handler once, then the children that `in` names, in their order. They
+ * answer the status of the first handler or child that fails, a skip as 0, or an error of their own:
+ * YFW_MALFORMED_TREE; YFW_INVALID_ARGUMENTS for a delete with children of `lacp`, its `config` and `interfaces`, or an
+ * interface's `config`; YFW_UNSUPPORTED_NODE for a child of this model that is not known, in an edit; for list entries
+ * also YFW_BAD_LIST_KEY, YFW_LIST_KEY_DELETED and what the leafref check answers.
+ */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
                                                              yfw_datatree* out);
@@ -92,11 +101,17 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state_counters
                                                                                  unsigned int child_count,
                                                                                  yfw_datatree* out);
 
-/* ---- List-key handlers: an OpenConfig key becomes native list entries, or their deletion ---- */
+/* ---- List-key handlers ---- */
 
+/*
+ * Adds the native interface configuration entry; in an edit that deletes, deletes the interface's LACP configuration
+ * instead. Answers the status of the addition or that of oc_to_qd_all_lacp_cfg_delete().
+ */
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_interfaces_interface(yfw_map_ctx ctx,
                                                                                        const yfw_datatree* in,
                                                                                        yfw_datatree* out);
+
+/* Adds the native member entry, with `in` as its source in an edit. Answers the status of the addition. */
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_members_member(yfw_map_ctx ctx,
                                                                                  const yfw_datatree* in,
                                                                                  yfw_datatree* out);
@@ -136,7 +151,12 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters_pars
                                                                                            const yfw_datatree* in,
                                                                                            yfw_datatree* out);
 
-/* ---- Default handlers: container and list answer 0, the list without a look; the leaf is refused ---- */
+/*
+ * ---- Default handlers, for nodes without a mapping ----
+ *
+ * A container and a list are accepted with 0, the list without a look at its arguments; a leaf is refused with
+ * YFW_UNSUPPORTED_NODE.
+ */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_duck_map_container(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                       unsigned int child_count, yfw_datatree* out);
@@ -145,7 +165,12 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_duck_map_list(yfw_map_ctx ctx
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_duck_map_leaf(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                  yfw_datatree* out);
 
-/* ---- Leaf walkers: call the leaf handler and note selections and content matches in the filter bits ---- */
+/*
+ * ---- Leaf walkers ----
+ *
+ * Each calls the handler of its leaf and answers its status. In a read it notes in the filter bits whether the leaf is
+ * a selection or, with a value, a content match.
+ */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_systempriority(yfw_map_ctx ctx,
                                                                                    const yfw_datatree* in,
@@ -231,7 +256,15 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_counters_lacptimeou
                                                                                              const yfw_datatree* in,
                                                                                              yfw_datatree* out);
 
-/* ---- Leaf handlers: add the native target, or refuse the leaf ---- */
+/*
+ * ---- Leaf handlers ----
+ *
+ * In a read each adds its native leaf, with the value of `in` and without a source. In an edit the handlers of `config`
+ * leaves and of an interface's key add theirs with `in` as the source, without a value when it deletes; those of
+ * `state` leaves and of a member's key add nothing. The handlers of an interface's state `interval` and of the counter
+ * `lacp-tx-errors` refuse their leaf with YFW_UNSUPPORTED_NODE in every request. They answer the status of their
+ * (last) addition, or that of their converter.
+ */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_config_systempriority(yfw_map_ctx ctx,
                                                                                         const yfw_datatree* in,
@@ -333,7 +366,12 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_counters_lacpe
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_counters_lacptimeouttransitions(
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* ---- Configuration converters ---- */
+/*
+ * ---- Configuration converters ----
+ *
+ * In an edit each adds its native leaf with the converted value, or without a value when `in` deletes; in a read with
+ * the value of `in` as it is. They answer the status of the addition, or that of a string operation that failed.
+ */
 
 /* "ACTIVE" becomes "active"; any other value "passive". */
 OCLACP_EXPORT cerrno oc2qd_cfglacpmode(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
@@ -365,7 +403,12 @@ typedef struct xpath_list_type {
  */
 OCLACP_EXPORT cerrno oc2qd_intf_name(yfw_map_ctx ctx, int count, xpath_list_type_t* entries);
 
-/* ---- State converters: in a read they ask for their native leaf, in an edit they add nothing ---- */
+/*
+ * ---- State converters ----
+ *
+ * In a read each asks for its native leaf, with the value of `in`, and answers the status of the addition; in an edit
+ * it adds nothing and answers 0. All six leaves of a member's port state share the last one.
+ */
 
 OCLACP_EXPORT cerrno oc2qd_appliedlacpmode(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 OCLACP_EXPORT cerrno oc2qd_statesystemidmac(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);

@@ -79,6 +79,7 @@ inline constexpr Message kKeyDeleted         = YMAP_ERROR_MESSAGE(10, "The key n
 inline constexpr Message kLeafrefRefused     = YMAP_ERROR_MESSAGE(11, "leafref value check fail");
 inline constexpr Message kProcessingTag      = YMAP_TRACE_MESSAGE(12, "Processing tag '%s'");
 inline constexpr Message kTagIgnored         = YMAP_TRACE_MESSAGE(13, "Unsupported tag. Ignoring.");
+// For a framework that hands over an error node of an XPath evaluation; no handler of this module is given one
 inline constexpr Message kXpathErrorNode     = YMAP_TRACE_MESSAGE(14, "got xpath error node");
 // When-handlers
 inline constexpr Message kNothingToEvaluate  = YMAP_TRACE_MESSAGE(15, "No valid input to validate when statement ");

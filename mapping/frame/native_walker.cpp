@@ -79,13 +79,13 @@ class ListEntryWalk {
   cerrno walk(unsigned int count) {
     std::optional<HierarchyEntry> entry(std::in_place, ctx_, node_, YFW_HIERARCHY_LIST, YFW_NODE_LIST_ENTRY);
     cerrno status = yfw_map_update_current_list_node(ctx_, row_.path);
+    if (!check_keys(status, count)) return YFW_MALFORMED_TREE;
     if (status == YFW_OK) {
-      if (!mark_keys(row_, node_, count) && row_.node.tree == NativeTree::kConfiguration) {
-        run_.record(message::kKeysMissing);
-        return YFW_MALFORMED_TREE;
-      }
       status = row_.handler(ctx_, &node_, out_);
-      if (status == YFW_SKIP_SUBTREE) return status;
+      if (status == YFW_SKIP_SUBTREE) {
+        left_at_skip_ = true;
+        return status;
+      }
     }
     const std::uint32_t before = ctx_->request->output_list_count;
     yfw_add_to_output_list_ctx(ctx_, out_);
@@ -96,12 +96,26 @@ class ListEntryWalk {
     return status;
   }
 
+  // Whether the list handler answered "skip". The same code from a child is a status like any other.
+  [[nodiscard]] bool left_at_skip() const { return left_at_skip_; }
+
  private:
+  // Marks the entry's keys; answers whether it may be walked. A configuration entry is marked, and needs a key, also
+  // when the current list node could not be set; one of operational data then stays as it is.
+  bool check_keys(cerrno current_list_status, unsigned int count) const {
+    const bool is_configuration = row_.node.tree == NativeTree::kConfiguration;
+    if (!is_configuration && current_list_status != YFW_OK) return true;
+    if (mark_keys(row_, node_, count) || !is_configuration) return true;
+    run_.record(message::kKeysMissing);
+    return false;
+  }
+
   const Activation& run_;
   const NativeList& row_;
   yfw_map_ctx ctx_;
   yfw_datatree& node_;
   yfw_datatree* out_;
+  bool left_at_skip_ = false;
 };
 
 }  // namespace
@@ -128,8 +142,9 @@ cerrno walk_native_list_entry(const Handler& handler, const NativeList& row, yfw
   if (!count) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
   // In operational data an entry without children is told and walked all the same.
   if (*count == 0 && row.node.tree == NativeTree::kOperational) run.record(message::kKeysMissing);
-  const cerrno status = ListEntryWalk(run, row, ctx, writable(in), out).walk(*count);
-  return status == YFW_SKIP_SUBTREE ? status : run.end(status);
+  ListEntryWalk walk(run, row, ctx, writable(in), out);
+  const cerrno status = walk.walk(*count);
+  return walk.left_at_skip() ? status : run.end(status);
 }
 
 cerrno walk_native_augment(const Handler& handler, const NativeAugment& row, yfw_map_ctx ctx, const yfw_datatree* in,

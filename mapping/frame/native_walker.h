@@ -1,5 +1,6 @@
 // The native-side walkers: from native configuration or operational data to the handlers of its nodes. Unknown nodes
-// are never errors here. Each function is the body of one kind of walker; the row says which node it serves.
+// are passed over; nodes of other namespaces go to the row's augment parser, which may refuse them. Each function is
+// the body of one kind of walker; the row says which node it serves.
 #pragma once
 
 #include <span>

@@ -90,7 +90,9 @@ TEST(Records, WrongInputIsRefused) {
   expect_refusal(run({"records", "decode", "nothing", "-"}), "nothing: no such bag");
   expect_refusal(run({"records", "decode", "lacp_system_id", "-"}, ""), "lacp_system_id: a record has 20 bytes, not 0");
   expect_refusal(run({"records", "decode", "lacp_system_id", "-"}, std::string(19, 'x')), "20 bytes, not 19");
-  expect_refusal(run({"records", "decode", "lacp_system_id", "-"}, std::string(10000000, 'x')), "20 bytes, not more");
+  std::string far_too_long;
+  far_too_long.resize(10000000, 'x');
+  expect_refusal(run({"records", "decode", "lacp_system_id", "-"}, far_too_long), "20 bytes, not more");
   expect_refusal(run({"records", "decode", "lacp_system_id", "/nowhere"}), "/nowhere: No such file or directory");
   expect_refusal(run({"records", "decode", "lacp_system_id", "-", "-d", "/nowhere"}, std::string(20, 'x')), "/nowhere");
   expect_refusal(run({"records", "list", "--module", "/nowhere.so"}), "the mapping module cannot be loaded");

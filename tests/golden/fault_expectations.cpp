@@ -98,8 +98,16 @@ cerrno status_of_failed_look_up(const Fault& fault, cerrno clean) {
              : kInjected;
 }
 
+// The lists of the configuration: an entry without its keys is refused before the failure counts.
+bool lacks_its_keys(const Fault& fault) {
+  if (ends_with(fault.call.arguments, "/mtus/mtu\"")) return fault.named.count("owner") == 0;
+  if (!ends_with(fault.call.arguments, "/interface-configuration\"")) return false;
+  return fault.named.count("active") + fault.named.count("interface-name") == 0;
+}
+
 cerrno status_of_native_data(const Fault& fault, const Scenario& scenario, cerrno clean) {
   const std::string& function = fault.call.function;
+  if (function == "yfw_map_update_current_list_node") return lacks_its_keys(fault) ? YFW_MALFORMED_TREE : kInjected;
   if (function == "yfw_strdup") return clean;
   if (function == "yfw_map_get_node_info") return status_of_failed_look_up(fault, clean);
   if (function == "yfw_strcmp_s") return status_of_failed_comparison(fault.call.arguments);

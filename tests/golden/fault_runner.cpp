@@ -1,6 +1,7 @@
 // Runs a scenario again and again on the built module; in each run one platform call fails: the first, the second, and
-// so on until a run is clean. After each run the walker's status has to be the one that this failure leads to, every
-// handler has to have recorded its end, and nothing may be left behind.
+// so on until a run is clean. After each run the walker's status has to be the one that this failure leads to, the
+// records have to tell of it (the failed call's own, the ends of every handler, the error path as often as it is to be
+// marked), and nothing may be left behind.
 //
 //     fault_runner MODULE FOLDER
 #include <iostream>
@@ -9,6 +10,7 @@
 #include <vector>
 
 #include "golden/fault_expectations.h"
+#include "golden/fault_records.h"
 #include "support/invocation.h"
 #include "support/left_behind.h"
 #include "support/module.h"
@@ -80,17 +82,23 @@ int main(int argc, char** argv) {
   const std::string module = argv[1];
   const Scenario scenario = support::read_scenario(std::string(argv[2]) + "/request");
   cerrno clean = YFW_OK;
+  golden::Told told_clean;
   bool right = true;
   for (unsigned nth = 0;; ++nth) {
     Run run;
     carry_out(run, module, scenario, nth);
     const std::optional<Fault>& fault = run.platform->fault();
-    if (nth == 0) clean = run.status;
+    if (nth == 0) {
+      clean = run.status;
+      told_clean = golden::told(*run.platform);
+    }
     const cerrno expected = fault ? golden::expected_status(*fault, scenario, clean) : clean;
     if (run.status != expected) {
       run.complaints.push_back("status " + support::shown_status(run.status) + " instead of " +
                                support::shown_status(expected));
     }
+    const std::vector<std::string> wrong = golden::wrong_records(*run.platform, scenario, expected, told_clean, clean);
+    run.complaints.insert(run.complaints.end(), wrong.begin(), wrong.end());
     for (const std::string& complaint : run.complaints) {
       std::cout << "call " << nth << " (" << (fault ? fault->call.text() : "none") << "): " << complaint << "\n";
       right = false;

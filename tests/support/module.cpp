@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <iostream>
+#include <iterator>
 #include <type_traits>
 #include <vector>
 
@@ -36,6 +37,7 @@ void* Module::address(const char* name) const {
 
 yfw_map_walker Module::entry_walker(const Node& root) const {
   std::vector<RegistrationFunction> functions;
+  functions.reserve(std::size(kRegistrations));
   for (const char* name : kRegistrations)
     functions.push_back(symbol<std::remove_pointer_t<RegistrationFunction>>(name));
   return support::entry_walker(registered(functions), root);

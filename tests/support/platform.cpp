@@ -12,6 +12,13 @@ namespace {
 Platform* current_platform = nullptr;
 thread_local unsigned depth = 0;
 
+std::set<std::string> tags_in(const yfw_datatree& node) {
+  std::set<std::string> tags;
+  if ((node.flags & YFW_FLAG_SUBTREE) == 0 || node.children == nullptr) return tags;
+  for (unsigned int i = 0; i < node.child_count; ++i) tags.insert(shown(&node.children[i]));
+  return tags;
+}
+
 }  // namespace
 
 std::string Call::text() const {
@@ -70,7 +77,14 @@ std::optional<std::uint32_t> Platform::scripted(const Call& call, bool fallible)
   }
   if (fallible && ++fallible_calls_ == fault_at_) {
     const std::string handler = seen_.records.empty() ? "" : seen_.records.back().handler;
-    fault_ = Fault{call, handler, state_.whole_subtree, state_.replace_flags, !seen_.connections.empty()};
+    fault_ = Fault{.call = call,
+                   .handler = handler,
+                   .whole_subtree = state_.whole_subtree,
+                   .replace_flags = state_.replace_flags,
+                   .store_is_open = !seen_.connections.empty(),
+                   .named = seen_.hierarchy.empty() ? std::set<std::string>{} : tags_in(*seen_.hierarchy.back().first),
+                   .records = trace().size(),
+                   .error_paths = count("yfw_oc_error_path")};
     return fault_answer_;
   }
   for (Rule& rule : rules_) {

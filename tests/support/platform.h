@@ -88,6 +88,9 @@ struct Fault {
   std::uint32_t whole_subtree;  // the request's mark
   std::uint32_t replace_flags;  // the request's mark
   bool store_is_open;           // a connection to the data store
+  std::set<std::string> named;  // the tags of the current node's children
+  std::size_t records;          // of the trace buffer, so far
+  unsigned error_paths;         // how often the error path was marked so far
 };
 
 // A list that the data store gave out.

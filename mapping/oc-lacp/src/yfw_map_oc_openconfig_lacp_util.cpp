@@ -6,8 +6,6 @@
 #include "oclacp/interface_helpers.h"
 #include "yfw/strings.h"
 
-using ymap::Handler;
-
 namespace {
 
 // The sizes that the copies are given: one less than an entry form's buffer, whose last byte is set apart.

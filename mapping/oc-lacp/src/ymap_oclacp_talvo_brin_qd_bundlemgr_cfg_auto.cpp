@@ -10,13 +10,14 @@ using ymap::ConvertedLeaf;
 // Containers: nothing to add
 YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_lacp, ymap::accept_node)
 YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvlb_lacp, ymap::accept_node)
-YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_bfd, ymap::accept_node)
-YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_lacp_talvoextensions, ymap::accept_node)
 
 // Known nodes without a mapping
 YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container, ymap::accept_node)
 YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_list, ymap::accept_unchecked)
 YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_leaf, ymap::accept_unchecked)
+// Further names of the default container handler; the walkers call it under its own
+YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_bfd, ymap::accept_node)
+YMAP_STAMP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_lacp_talvoextensions, ymap::accept_node)
 
 // Children of foreign namespaces
 YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_parse_augments, ymap::accept_node)

@@ -163,7 +163,7 @@ static constexpr NativeChild kBfdChildren[] = {
 };
 YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kBfdChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_parse_augments},
-    .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_bfd})
+    .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
 // /interface-configurations/interface-configuration/mlacp/maximize
 static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_mlacp_maximize, ymap::walk_native_container, NativeContainer{

@@ -22,6 +22,7 @@
 using oclacp::kOpenconfigLacp;
 using ymap::Activation;
 using ymap::Handler;
+using ymap::NativeLeaf;
 
 namespace {
 
@@ -122,6 +123,13 @@ cerrno show_member(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* 
 YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle, show_bundle)
 YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_members_member, show_member)
 YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actorportstate, report_port_state)
+// The member's name is the key of its entry, and a leaf of its state.
+YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_member_memberinterface, ymap::report_leaf, NativeLeaf{
+    .target = "/lacp/interfaces/interface/members/member/state/interface",
+    .ns = kOpenconfigLacp,
+    .also = "/lacp/interfaces/interface/members/member/interface",
+    .list_flag = 1,
+    .last_flag = 1})
 
 // A tree of bundle members that no walker visits
 YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_data_actorportstate, ymap::accept_node)

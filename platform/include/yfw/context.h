@@ -108,9 +108,16 @@ typedef struct yfw_key_gate {
 } yfw_key_gate;
 
 /*
- * The framework's state of one request. The framework clears every mark before it calls an entry walker. A module puts
- * the marks back as it found them; the filter bits, `deletion_done`, `request_flags` and the error tag are results and
- * stay.
+ * The framework's state of one request.
+ *
+ * `current_list_node` is filled by yfw_map_search_or_add_list() and never reset by a module, also not for an input
+ * entry that it reports nothing for: the leaves of a sub-interface bundle are still added, after no entry was found for
+ * it. An output entry is therefore current only until the next yfw_map_update_current_list_node() for the same input
+ * list or until that list is left; a framework that went by the slot alone would place those leaves in the neighbour's
+ * entry. What is then added below the list belongs to an entry without keys.
+ *
+ * The framework clears every mark before it calls an entry walker. A module puts the marks back as it found them; the
+ * filter bits, `deletion_done`, `request_flags` and the error tag are results and stay.
  */
 typedef struct yfw_request_state {
   yfw_request_descriptor* descriptor; /* first field: points to the operation code */
@@ -124,7 +131,7 @@ typedef struct yfw_request_state {
   uint32_t request_flags;   /* YFW_REQUEST_* */
   yfw_key_gate key_gate;    /* reads: with a word other than 0 and a level below 3, interface keys are not asked for */
   uint32_t output_list_count;      /* entries of the output list, kept by the framework */
-  yfw_datatree* current_list_node; /* slot: the output list entry under which the following leaves are placed */
+  yfw_datatree* current_list_node; /* slot: the output list entry that was found or created last; see below */
   char interface_name[YFW_INTERFACE_NAME_CAPACITY]; /* scratch: the interface that is walked, NUL-terminated */
 } yfw_request_state;
 

@@ -3,8 +3,8 @@
  *
  * Conventions
  * 1. Every text and node is borrowed for the call; what the framework keeps it copies.
- * 2. Operations that answer a `cerrno` may fail; the module passes the code up unchanged unless stated. The others
- *    cannot fail.
+ * 2. Operations that answer a `cerrno` may fail; the module passes the code up unchanged where the operation does not
+ *    state otherwise. The others cannot fail.
  * 3. Called on the request's thread, with the context of that request.
  */
 #ifndef YFW_MAP_H
@@ -51,7 +51,11 @@ void yfw_map_add_to_node_hierarchy(yfw_map_ctx ctx, const yfw_datatree* node, in
 /* Undoes the former when the walker leaves the node. */
 void yfw_map_remove_from_node_hierarchy(yfw_map_ctx ctx, const yfw_datatree* node);
 
-/* Tells which list, by its absolute path without keys, the keys that follow belong to. */
+/*
+ * Tells which list, by its absolute path without keys, the keys that follow belong to: the walk has come to the next
+ * entry of it. That also closes the output entries that were opened, found or created under the entry before; see
+ * `current_list_node` in yfw/context.h. After a failure no list handler and no child of the entry is called.
+ */
 cerrno yfw_map_update_current_list_node(yfw_map_ctx ctx, const char* list_path);
 
 /*
@@ -63,8 +67,16 @@ cerrno yfw_map_check_oc_leafref(yfw_map_ctx ctx, const char* list_path, const ch
                                 const yfw_datatree* entry);
 
 /*
- * Looks up a leaf of an enclosing list entry of the request. `path` is the list, `leaf` the leaf's name, `value` the
- * place for the answer, which the framework owns; null when there is none.
+ * Looks up a leaf of the tree that is walked, by its position. `path`, absolute and without keys, is a list of which an
+ * entry is on the hierarchy, or a container below such an entry, whether the walk has come to it or not: the applied
+ * mode of a bundle is asked for as "/lacp-bundles/bundles/bundle/data" and "applied-lacp-mode". `leaf` is the leaf's
+ * name, `value` the place for the answer, which the framework owns.
+ *
+ * Answers 0 or why there is no value. The module sets `*value` to null before the call and takes any combination of the
+ * two: without a name, the handler of an interface's entry answers YFW_UNSUPPORTED_NODE whatever the status, and that
+ * of a bundle's entry opens none and answers the status, which may be 0. A converter that looks up its interface or
+ * bundle ends with a status other than 0; a null name with 0 counts as an interface that is not shown. For
+ * "applied-lacp-mode" the status is ignored, and null is reported as an empty mode.
  */
 cerrno yfw_map_get_node_info(yfw_map_ctx ctx, const char* path, const char* leaf, const char** value);
 
@@ -74,10 +86,20 @@ cerrno yfw_map_get_node_info(yfw_map_ctx ctx, const char* path, const char* leaf
  * Adds one node to the output. `path` is absolute and without keys; a list flag of 1 with a path that ends at a list (a
  * trailing slash is the same) opens an entry, and the key leaves that follow give it its keys. `ns` is the namespace of
  * the target. `value` is null for a list, a container or a delete. `source` is the input node whose edit operation the
- * new node takes; null in reads. `word` is 0, except for one native list handler that passes the address of the
- * request's current-list slot. `list_flag` is 1 for a list entry and for key leaves that a key adds, else 0.
- * `last_flag` is 1 for what a converter of configuration adds and for a deleted container, 0 for what a leaf handler
- * copies, and the handler's own choice elsewhere; its meaning is the framework's.
+ * new node takes. OpenConfig requests pass one in edits and null in reads; from native data only a list entry that is
+ * deleted passes one, an interface's or a member's, in any kind of request. `word` is 0, except for one native list
+ * handler that passes the address of the request's current-list slot. `list_flag` is 1 for a list entry, for key leaves
+ * that a key adds and for both leaves of a member's name, else 0. `last_flag` is 1 for what a converter of
+ * configuration adds and for a deleted container, 0 for what a leaf handler copies, and the handler's own choice
+ * elsewhere; its meaning is the framework's.
+ *
+ * The code of a failure is passed up, with these exceptions, which are meant:
+ * - Where one leaf adds two nodes, the status of the last counts: `interface-name` before `active` (and that before
+ *   `interface-virtual`), an interface's `name` before its `state/name`, a member's `interface` before its
+ *   `state/interface`, `lacp-errors` before `lacp-unknown-errors`.
+ * - The six leaves of a member's port state: all six are added, and the handler answers 0.
+ * - The system priority that a delete of /lacp adds before it comes to the interfaces.
+ * - Whatever happens in a whole-subtree expansion.
  */
 cerrno yfw_map_datatree_add_path_flagged(yfw_map_ctx ctx, yfw_datatree* output, const char* path, const char* ns,
                                          const char* value, const yfw_datatree* source, uintptr_t word, int list_flag,
@@ -85,7 +107,8 @@ cerrno yfw_map_datatree_add_path_flagged(yfw_map_ctx ctx, yfw_datatree* output, 
 
 /*
  * Finds the output list entry whose key leaf `key_name` has the value `key_value`, or creates it, and stores it in
- * `*entry`.
+ * `*entry`, which is the request's `current_list_node`. The leaves below `list_path` that are added after that belong
+ * to it until it is closed.
  */
 cerrno yfw_map_search_or_add_list(yfw_map_ctx ctx, yfw_datatree* output, yfw_datatree** entry, const char* list_path,
                                   const char* key_value, const char* key_name, const char* ns);

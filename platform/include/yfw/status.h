@@ -4,7 +4,8 @@
  * Conventions
  * 1. Every handler of a mapping module, and every operation of the platform that can fail, answers a `cerrno`: 0 is
  *    success, anything else a failure (or, for YFW_SKIP_SUBTREE, an answer that is not an error).
- * 2. A mapping module returns the codes below; codes of platform operations are passed up unchanged.
+ * 2. A mapping module returns the codes below; codes of platform operations are passed up unchanged. When-handlers are
+ *    the exception: they answer 0, or a plain 1 when they are given no node.
  * 3. Functions of this header may be called from any thread.
  */
 #ifndef YFW_STATUS_H

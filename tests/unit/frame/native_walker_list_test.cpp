@@ -11,6 +11,7 @@ using support::container;
 using support::leaf;
 using support::Node;
 using support::Request;
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -185,6 +186,22 @@ TEST_F(NativeListWalker, SkipIsAnsweredAsItIsAndWithoutEnd) {
   EXPECT_EQ(platform.count("yfw_remove_from_output_list_ctx"), 0U);
 }
 
+TEST_F(NativeListWalker, SkipThatIsNotTheListHandlersIsAnOrdinaryStatus) {
+  for (const bool config : {true, false}) {
+    for (const char* const passing_up : {"first", "augments"}) {
+      SCOPED_TRACE(passing_up);
+      log = {};
+      Request request(entry({leaf("id", "a"), leaf("first", "v"), leaf("foreign").in("urn:other")}));
+      log.answers[passing_up] = {YFW_SKIP_SUBTREE};
+      EXPECT_EQ(walk(config, request), YFW_SKIP_SUBTREE);
+      EXPECT_THAT(visited(), Contains(passing_up));
+      expect_nothing_left(request);
+    }
+  }
+  EXPECT_EQ(platform.traced("config_entry", "End"), 2U);
+  EXPECT_EQ(platform.traced("oper_entry", "End"), 2U);
+}
+
 TEST_F(NativeListWalker, ListHandlerThatFailsStillPutsTheEntryOnTheOutputListAndTakesItOff) {
   for (const bool config : {true, false}) {
     SCOPED_TRACE(config);
@@ -208,11 +225,33 @@ TEST_F(NativeListWalker, CurrentListNodeThatCannotBeSetKeepsTheListHandlerFromRu
     platform.script("yfw_map_update_current_list_node", 0, 0x77);
     EXPECT_EQ(walk(config, request), 0x77U);
     EXPECT_THAT(visited(), IsEmpty());
-    EXPECT_EQ(request.find("id")->key_mark, 0);
     expect_nothing_left(request);
   }
   EXPECT_EQ(platform.count("yfw_add_to_output_list_ctx"), 2U);
   EXPECT_EQ(platform.count("yfw_remove_from_output_list_ctx"), 2U);
+}
+
+TEST_F(NativeListWalker, CurrentListNodeThatCannotBeSetKeepsOnlyOperationalKeysFromBeingMarked) {
+  for (const bool config : {true, false}) {
+    SCOPED_TRACE(config);
+    Request request(entry({leaf("id", "a")}));
+    platform.script("yfw_map_update_current_list_node", 0, 0x77);
+    EXPECT_EQ(walk(config, request), 0x77U);
+    EXPECT_EQ(request.find("id")->key_mark, config ? 1 : 0);
+    EXPECT_EQ(request.find("id")->flags & YFW_FLAG_LIST_KEY, config ? std::uint32_t{YFW_FLAG_LIST_KEY} : 0U);
+  }
+}
+
+TEST_F(NativeListWalker, MissingKeysOfConfigurationAreToldBeforeACurrentListNodeThatCannotBeSet) {
+  Request request(entry({leaf("first", "v")}));
+  platform.script("yfw_map_update_current_list_node", 0, 0x77);
+  EXPECT_EQ(walk_config(request), YFW_MALFORMED_TREE);
+  EXPECT_EQ(platform.traced("config_entry", kNoKeys), 1U);
+  EXPECT_EQ(platform.traced("config_entry", "End"), 1U);
+  EXPECT_EQ(platform.count("yfw_add_to_output_list_ctx"), 0U);
+  EXPECT_EQ(walk_oper(request), 0x77U);
+  EXPECT_EQ(platform.traced("oper_entry", kNoKeys), 0U);
+  expect_nothing_left(request);
 }
 
 TEST_F(NativeListWalker, OutputListThatDidNotGrowIsNotTouchedAgain) {

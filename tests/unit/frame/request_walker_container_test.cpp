@@ -435,13 +435,14 @@ TEST_F(ContainerWalker, DeleteIsExpandedWhenAnAncestorDeletes) {
 
 TEST_F(ContainerWalker, OperationIsPutBackWhenAHandlerChangedItInAnExpansion) {
   Request request(node().with(YFW_OPERATION_DELETE));
-  static yfw_datatree* changed;
+  static yfw_datatree* changed = nullptr;
   changed = request.root();
   log.actions["first"] = [](yfw_map_ctx /*ctx*/) {
     changed->operation = YFW_OPERATION_NONE;
     changed->flags |= YFW_FLAG_OPERATION_CHANGED;
   };
   walk(request);
+  changed = nullptr;
   expect_nothing_left(request);
 }
 

@@ -7,7 +7,6 @@ using model::log;
 using model::Visit;
 using support::container;
 using support::leaf;
-using support::Node;
 using support::Request;
 using testing::ElementsAre;
 

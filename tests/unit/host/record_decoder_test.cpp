@@ -6,8 +6,6 @@ namespace oclacp::host {
 namespace {
 
 using Form = DecodedField::Form;
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 // The bytes of a number as this machine holds it.
 template <typename Number>

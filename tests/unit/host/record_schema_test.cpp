@@ -147,7 +147,7 @@ TEST(RecordSchema, EndlessAndHugeRecordsAreRefused) {
   std::string doubling;
   for (unsigned i = 1; i <= 15; ++i) {
     const std::string next = "$" + std::to_string(i + 1);
-    doubling += "$" + std::to_string(i) + "={a}" + next + "{b}" + next + ";";
+    doubling.append("$").append(std::to_string(i)).append("={a}").append(next).append("{b}").append(next).append(";");
   }
   EXPECT_EQ(refusal_of_full(doubling + "$16={a}C;"), "accepted");
   EXPECT_EQ(refusal_of_full(doubling + "$16={a}H;"), "$2 is too large");

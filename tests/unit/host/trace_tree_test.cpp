@@ -11,6 +11,7 @@ std::string record(const std::string& level, const std::string& handler, const s
 
 std::vector<std::string> drawn(const std::vector<std::pair<std::string, std::string>>& records) {
   std::vector<std::string> lines;
+  lines.reserve(records.size());
   for (const auto& [handler, text] : records) {
     lines.push_back(record("TRC", handler, text));
   }

@@ -17,7 +17,7 @@ class NativeFunctions : public support::ModuleTest {
   // The trace of what ran since the last look.
   std::vector<std::string> new_trace() {
     const std::vector<std::string> all = platform.trace();
-    const std::vector<std::string> fresh(all.begin() + static_cast<std::ptrdiff_t>(looked_at_), all.end());
+    std::vector<std::string> fresh(all.begin() + static_cast<std::ptrdiff_t>(looked_at_), all.end());
     looked_at_ = all.size();
     return fresh;
   }

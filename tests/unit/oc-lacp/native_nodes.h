@@ -160,7 +160,7 @@ inline const NativeInner kNativeInner[] = {
     {.path = "/bfd",
         .entry = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvla_interface_configuration, .ns = support::kBundlemgrCfg,
         .walker = "ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd",
-        .handler = "ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_bfd",
+        .handler = "ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container",
         .augments = "ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_parse_augments",
         .children = {"address-family"}},
     {.path = "/bfd/address-family",

@@ -107,8 +107,8 @@ TEST_F(Initialisation, ReturnsTheCodeOfTheBindThatFailed) {
 
 TEST_F(Cleanup, UnbindsBothAndKeepsTheHandles) {
   EXPECT_EQ(init(), YFW_OK);
-  const sysdb_handle shared = yfw_intf_mgbl_connid;
-  const imc_handle own = connection();
+  const auto* const shared = yfw_intf_mgbl_connid;
+  const auto* const own = connection();
   cleanup();
   EXPECT_EQ(platform.count("_sysdb_unbind"), 1U);
   EXPECT_EQ(platform.count("imc_db_unbind"), 1U);

@@ -11,7 +11,6 @@ using support::lacp_with_interfaces;
 using support::leaf;
 using support::Node;
 using support::Request;
-using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr char kDeletion[] = "oclacp_to_qd_bundle_lacp_config_delete";

@@ -8,9 +8,7 @@
 
 namespace {
 
-using support::container;
 using support::interface_entry;
-using support::lacp_with_interfaces;
 using support::leaf;
 using support::Node;
 using support::Request;
