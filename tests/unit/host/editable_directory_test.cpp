@@ -1,7 +1,11 @@
 #include "host/datastore/editable_directory.h"
 
+#include <grp.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <array>
 #include <filesystem>
 
 #include "host/datastore/directory_lock.h"
@@ -96,6 +100,57 @@ TEST_F(EditableDirectoryTest, AMissingFolderIsRefused) {
 TEST_F(EditableDirectoryTest, ThePeriodIsKeptAsWrittenUnlessTheDeviceIsCanonical) {
   EXPECT_EQ(period_kept(), "1 1000 1");
   write_device(R"("router-type": 7, "period": "as-written")", "{}");
+TEST_F(EditableDirectoryTest, ASecondNameOfTheFileIsNotWrittenTo) {
+  fs::create_hard_link(file_, file_ + ".new");
+  const TemporaryFolder elsewhere;
+  const std::string kept = elsewhere.path() + "/kept";
+  fs::create_hard_link(file_, kept);
+  const std::string before = read_text_file(file_);
+  commit("{}");
+  EXPECT_EQ(read_text_file(kept), before);
+}
+
+TEST_F(EditableDirectoryTest, WhatIsInTheWayOfTheNewFileIsNamedAndLeftAlone) {
+  const std::string before = read_text_file(file_);
+  const std::string aside = file_ + ".new";
+  const std::array<void (*)(const std::string&), 3> obstacles = {
+      [](const std::string& name) { fs::create_directory(name); },
+      [](const std::string& name) { fs::create_symlink("/no/such", name); },
+      [](const std::string& name) { ASSERT_EQ(mkfifo(name.c_str(), 0600), 0); }};
+  for (const auto obstacle : obstacles) {
+    obstacle(aside);
+    EXPECT_EQ(refusal_of([&] { commit("{}"); }),
+              aside + ": is no regular file, and in the way of the new content of " + file_ + ", which stays as it is");
+    EXPECT_EQ(read_text_file(file_), before);
+    EXPECT_TRUE(fs::remove(aside));
+  }
+}
+
+TEST_F(EditableDirectoryTest, TheFileOfAnotherUserKeepsItsGroupWhenTheWriterIsOfIt) {
+  if (geteuid() != 0) {
+    GTEST_SKIP() << "only root can give a file to another user";
+  }
+  constexpr uid_t kOther = 12345;
+  constexpr gid_t kShared = 23456;
+  ASSERT_EQ(chown(file_.c_str(), kOther, kShared), 0);
+  fs::permissions(file_, fs::perms(0664));
+  fs::permissions(folder_.path(), fs::perms(0777));
+  const pid_t writer = fork();
+  if (writer == 0) {
+    constexpr uid_t kWriter = 34567;
+    const bool is_writer = setgroups(1, &kShared) == 0 && setgid(kWriter) == 0 && setuid(kWriter) == 0;
+    _exit(is_writer && refusal_of([&] { replace_file(file_, "{}"); }) == "accepted" ? 0 : 1);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(writer, &status, 0), writer);
+  ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+  struct stat replaced {};
+  ASSERT_EQ(stat(file_.c_str(), &replaced), 0);
+  EXPECT_EQ(replaced.st_gid, kShared);
+  EXPECT_EQ(replaced.st_uid, 34567U);
+  EXPECT_EQ(replaced.st_mode & ALLPERMS, 0664U);
+}
+
   EXPECT_EQ(period_kept(), "1 1000 1");
   write_device(R"("router-type": 7, "period": "canonical")", "{}");
   EXPECT_EQ(period_kept(), "true 1000 1");
