@@ -74,6 +74,25 @@ TEST_F(EditableDirectoryTest, ALinkStaysALink) {
   EXPECT_THAT(read_text_file(elsewhere.path() + "/configuration"), testing::Not(HasSubstr("active")));
 }
 
+TEST_F(EditableDirectoryTest, DevicesThatShareAFileByALinkAreEditedOneAtATime) {
+  const TemporaryFolder elsewhere;
+  fs::rename(file_, elsewhere.path() + "/running.json");
+  fs::create_symlink(elsewhere.path() + "/running.json", file_);
+  const EditableDirectory first(schemas().native(), folder_.path());
+  EXPECT_THAT(refusal_of([&] { const DirectoryLock second(elsewhere.path(), std::chrono::seconds(0)); }),
+              HasSubstr("the device is busy"));
+}
+
+TEST_F(EditableDirectoryTest, AFileThatBecomesALinkMeanwhileIsNotReplaced) {
+  const TemporaryFolder elsewhere;
+  EditableDirectory directory(schemas().native(), folder_.path());
+  fs::rename(file_, elsewhere.path() + "/running.json");
+  fs::create_symlink(elsewhere.path() + "/running.json", file_);
+  EXPECT_EQ(refusal_of([&] { directory.commit(running("{}").get()); }),
+            file_ + ": became a link to another file meanwhile, and stays as it is");
+  EXPECT_THAT(read_text_file(file_), HasSubstr("active"));
+}
+
 TEST_F(EditableDirectoryTest, WhatACrashLeftAsideIsOverwritten) {
   folder_.write("running.json.new", std::string(100000, 'x'));
   commit("{}");
@@ -81,25 +100,6 @@ TEST_F(EditableDirectoryTest, WhatACrashLeftAsideIsOverwritten) {
   EXPECT_FALSE(fs::exists(file_ + ".new"));
 }
 
-TEST_F(EditableDirectoryTest, OneEditsAtATime) {
-  const EditableDirectory first(schemas().native(), folder_.path());
-  EXPECT_EQ(refusal_of([&] { const DirectoryLock second(folder_.path(), std::chrono::seconds(0)); }),
-            folder_.path() + ": the device is busy: another edit has held it for 0 seconds");
-}
-
-TEST_F(EditableDirectoryTest, TheNextOneEditsAfterwards) {
-  { const EditableDirectory first(schemas().native(), folder_.path()); }
-  EXPECT_EQ(refusal_of([&] { const DirectoryLock second(folder_.path(), std::chrono::seconds(0)); }), "accepted");
-}
-
-TEST_F(EditableDirectoryTest, AMissingFolderIsRefused) {
-  EXPECT_EQ(refusal_of([] { const EditableDirectory missing(schemas().native(), "/no/such"); }),
-            "/no/such: no such device directory");
-}
-
-TEST_F(EditableDirectoryTest, ThePeriodIsKeptAsWrittenUnlessTheDeviceIsCanonical) {
-  EXPECT_EQ(period_kept(), "1 1000 1");
-  write_device(R"("router-type": 7, "period": "as-written")", "{}");
 TEST_F(EditableDirectoryTest, ASecondNameOfTheFileIsNotWrittenTo) {
   fs::create_hard_link(file_, file_ + ".new");
   const TemporaryFolder elsewhere;
@@ -151,6 +151,25 @@ TEST_F(EditableDirectoryTest, TheFileOfAnotherUserKeepsItsGroupWhenTheWriterIsOf
   EXPECT_EQ(replaced.st_mode & ALLPERMS, 0664U);
 }
 
+TEST_F(EditableDirectoryTest, OneEditsAtATime) {
+  const EditableDirectory first(schemas().native(), folder_.path());
+  EXPECT_EQ(refusal_of([&] { const DirectoryLock second(folder_.path(), std::chrono::seconds(0)); }),
+            folder_.path() + ": the device is busy: another edit has held it for 0 seconds");
+}
+
+TEST_F(EditableDirectoryTest, TheNextOneEditsAfterwards) {
+  { const EditableDirectory first(schemas().native(), folder_.path()); }
+  EXPECT_EQ(refusal_of([&] { const DirectoryLock second(folder_.path(), std::chrono::seconds(0)); }), "accepted");
+}
+
+TEST_F(EditableDirectoryTest, AMissingFolderIsRefused) {
+  EXPECT_EQ(refusal_of([] { const EditableDirectory missing(schemas().native(), "/no/such"); }),
+            "/no/such: no such device directory");
+}
+
+TEST_F(EditableDirectoryTest, ThePeriodIsKeptAsWrittenUnlessTheDeviceIsCanonical) {
+  EXPECT_EQ(period_kept(), "1 1000 1");
+  write_device(R"("router-type": 7, "period": "as-written")", "{}");
   EXPECT_EQ(period_kept(), "1 1000 1");
   write_device(R"("router-type": 7, "period": "canonical")", "{}");
   EXPECT_EQ(period_kept(), "true 1000 1");
