@@ -3,6 +3,7 @@
 #include <cstring>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 
 #include "host/refusal.h"
 #include "host/text_file.h"
@@ -37,8 +38,10 @@ InterfaceType interface_type(std::string_view text) {
 
 DirectoryDevice::DirectoryDevice(const ly_ctx* native, const std::string& directory)
     : native_(native), directory_(directory) {
-  if (!std::filesystem::is_directory(directory)) {
-    throw Refusal(directory + ": no such device directory");
+  std::error_code trouble;
+  if (!std::filesystem::is_directory(directory, trouble)) {
+    const bool is_hidden = trouble == std::errc::permission_denied;
+    throw Refusal(directory + (is_hidden ? ": " + trouble.message() : ": no such device directory"));
   }
   read_platform(native, directory + "/platform.json");
   running_ = read_configuration(native, directory + "/running.json");

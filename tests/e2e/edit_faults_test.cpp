@@ -208,6 +208,21 @@ TEST_F(Faults, AFolderThatCannotBeWrittenToIsTold) {
 }
 
 TEST_F(Faults, ADiskThatFailsIsTold) {
+TEST_F(Faults, AFolderThatCannotBeReadIsTold) {
+  std::filesystem::permissions(path(), std::filesystem::perms(0333));
+  const pid_t process = start_edit(
+      path(), request_,
+      [] {
+        prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE, 0, 0, 0);
+        prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH, 0, 0, 0);
+      },
+      other_.path() + "/messages");
+  const int status = wait_for(process);
+  std::filesystem::permissions(path(), std::filesystem::perms(0755));
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1) << status;
+  EXPECT_EQ(other_.read("messages"), "oclacp: " + path() + ": cannot be opened: Permission denied\n");
+}
+
   const std::string said = complaint([] { fail_call(SYS_fsync, EIO); });
   EXPECT_EQ(said, "oclacp: " + path() + "/running.json: cannot be replaced and stays as it is: Input/output error\n");
   EXPECT_EQ(files().size(), 2U);
