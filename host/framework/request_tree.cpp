@@ -213,8 +213,7 @@ void RequestTree::fill_leaf(yfw_datatree& node, const NodeInfo& info) {
   // Every list of the served model is keyed by an interface.
   if (lysc_is_key(info.schema) && std::strlen(value) > kMaxInterfaceName) {
     const NodeInfo& entry = info_of(info.parent);
-    throw Refusal(node_path(entry.parent) + "/" + entry.schema->name + "/" + info.schema->name +
-                  ": an interface name has at most " + std::to_string(kMaxInterfaceName) + " characters");
+    throw Refusal(node_path(entry.parent) + "/" + entry.schema->name + "/" + info.schema->name + ": " + kNameTooLong);
   }
   node.value = value;
   node.flags |= YFW_FLAG_VALUE;

@@ -8,6 +8,7 @@
 #include <sys/prctl.h>
 #include <sys/ptrace.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -207,7 +208,6 @@ TEST_F(Faults, AFolderThatCannotBeWrittenToIsTold) {
   EXPECT_EQ(said, "oclacp: " + path() + "/running.json: cannot be replaced and stays as it is: Permission denied\n");
 }
 
-TEST_F(Faults, ADiskThatFailsIsTold) {
 TEST_F(Faults, AFolderThatCannotBeReadIsTold) {
   std::filesystem::permissions(path(), std::filesystem::perms(0333));
   const pid_t process = start_edit(
@@ -223,6 +223,7 @@ TEST_F(Faults, AFolderThatCannotBeReadIsTold) {
   EXPECT_EQ(other_.read("messages"), "oclacp: " + path() + ": cannot be opened: Permission denied\n");
 }
 
+TEST_F(Faults, ADiskThatFailsIsTold) {
   const std::string said = complaint([] { fail_call(SYS_fsync, EIO); });
   EXPECT_EQ(said, "oclacp: " + path() + "/running.json: cannot be replaced and stays as it is: Input/output error\n");
   EXPECT_EQ(files().size(), 2U);
@@ -261,6 +262,22 @@ TEST_F(Faults, ABrokenConfigurationIsRefusedAndLeftAlone) {
       EXPECT_THAT(outcome.err, HasSubstr(path() + "/running.json"));
     }
     EXPECT_EQ(read(), content);
+  }
+}
+
+TEST_F(Faults, AConfigurationThatIsNoRegularFileIsRefused) {
+  for (const char* file : {"running.json", "platform.json"}) {
+    const std::string named = path() + "/" + file;
+    const std::string content = read(file);
+    std::filesystem::remove(named);
+    ASSERT_EQ(mkfifo(named.c_str(), 0600), 0);
+    expect_refusal(run({"edit", request_, "-d", path()}), named + ": is no regular file");
+    expect_refusal(run({"get", "-d", path(), "--config"}), named + ": is no regular file");
+    std::filesystem::remove(named);
+    std::filesystem::create_symlink("/dev/zero", named);
+    expect_refusal(run({"edit", request_, "-d", path()}), named + ": is no regular file");
+    std::filesystem::remove(named);
+    write(content, file);
   }
 }
 

@@ -98,6 +98,51 @@ TEST_F(DeviceFolder, RefusesWhatIsInvalid) {
   EXPECT_THAT(opened(), testing::StartsWith(folder_.path() + "/running.json (line 1): "));
 }
 
+TEST_F(DeviceFolder, RefusesAttributesInData) {
+  const std::string attribute = R"("@": {"ietf-netconf:operation": "delete"})";
+  write(kPlatform, configuration(entry("act", "a", ", " + attribute)));
+  EXPECT_EQ(opened(), folder_.path() +
+                          "/running.json: /Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration"
+                          "[active='act'][interface-name='a']: carries the attribute 'operation', which data has not");
+  write(R"({"oclacp-platform:platform": {"router-type": 3, )" + attribute + "}}", "{}");
+  EXPECT_EQ(opened(), folder_.path() +
+                          "/platform.json: /oclacp-platform:platform: carries the attribute 'operation', "
+                          "which data has not");
+}
+
+TEST_F(DeviceFolder, RefusesTheDataOfAnotherFile) {
+  write(kPlatform, kPlatform);
+  EXPECT_EQ(opened(), folder_.path() + "/running.json: /oclacp-platform:platform: is no configuration or state");
+  write(R"({"oclacp-platform:platform": {"router-type": 3},
+            "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 5}})",
+        "{}");
+  EXPECT_EQ(opened(), folder_.path() +
+                          "/platform.json: /Talvo-Brin-QD-bundlemgr-cfg:lacp: is no part of the "
+                          "description of a device");
+}
+
+TEST_F(DeviceFolder, RefusesNamesThatAreTooLongInBytes) {
+  const auto repeated = [](const std::string& character, int count) {
+    std::string text;
+    for (int number = 0; number < count; ++number) {
+      text += character;
+    }
+    return text;
+  };
+  const std::string fits = repeated("\u00e9", 31) + "x";
+  write(kPlatform, configuration(entry("act", fits, kLacp)));
+  EXPECT_EQ(opened(), "accepted");
+  const std::string too_long = repeated("\u00e9", 32);
+  write(kPlatform, configuration(entry("act", too_long, kLacp)));
+  EXPECT_THAT(opened(), testing::AllOf(testing::StartsWith(folder_.path() + "/running.json: "),
+                                       testing::EndsWith("/interface-name: an interface name has at most 63 bytes")));
+  write(R"({"oclacp-platform:platform": {"router-type": 3, "interface": [{"name": ")" + too_long +
+            R"(", "type": "physical"}]}})",
+        "{}");
+  EXPECT_THAT(opened(), testing::AllOf(testing::StartsWith(folder_.path() + "/platform.json: "),
+                                       testing::EndsWith("/name: an interface name has at most 63 bytes")));
+}
+
 TEST_F(DeviceFolder, ItemsAreTheFilledContainersOfActiveInterfaces) {
   write(kPlatform,
         configuration(entry("act", "GigabitEthernet0/0/0/1", R"(, "description": "x",

@@ -191,7 +191,7 @@ TEST(RequestParser, BoundsInterfaceNames) {
   EXPECT_EQ(parsed(interface(R"("name": ")" + std::string(63, 'x') + "\"")), "accepted");
   for (const size_t length : {64U, 300U}) {
     EXPECT_EQ(parsed(interface(R"("name": ")" + std::string(length, 'x') + "\"")),
-              "/openconfig-lacp:lacp/interfaces/interface/name: an interface name has at most 63 characters");
+              "/openconfig-lacp:lacp/interfaces/interface/name: an interface name has at most 63 bytes");
   }
 }
 

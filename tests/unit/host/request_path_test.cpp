@@ -80,7 +80,7 @@ TEST(RequestPath, BadPredicatesAreRefused) {
   EXPECT_EQ(refused(list + "/config/interval[.='MEDIUM']"),
             "/openconfig-lacp:lacp/interfaces/interface/config/interval: Invalid enumeration value \"MEDIUM\"");
   EXPECT_THAT(refused(list + "[name='" + std::string(300, 'x') + "']"),
-              testing::HasSubstr("an interface name has at most 63 characters"));
+              testing::HasSubstr("an interface name has at most 63 bytes"));
 }
 
 }  // namespace
