@@ -2,6 +2,7 @@
 
 #include <cstring>
 
+#include "host/framework/operation.h"
 #include "host/framework/request_tree.h"
 #include "host/interfaces/names.h"
 #include "host/refusal.h"
@@ -27,7 +28,7 @@ struct Effect {
 };
 
 void look(const EditNode& node, Effect& effect) {
-  if (node.operation == YFW_OPERATION_DELETE || node.operation == YFW_OPERATION_REMOVE) {
+  if (deletes(node.operation)) {
     effect.takes_away = true;
     if (node.operation == YFW_OPERATION_DELETE && effect.strict_delete == nullptr) {
       effect.strict_delete = &node;

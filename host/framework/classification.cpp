@@ -2,10 +2,12 @@
 #include <cstring>
 
 #include "host/contract.h"
+#include "host/framework/operation.h"
 #include "host/framework/request.h"
 #include "host/framework/request_tree.h"
 #include "host/status.h"
 
+using oclacp::host::deletes;
 using oclacp::host::info_of;
 using oclacp::host::Request;
 
@@ -31,8 +33,7 @@ int yfw_map_is_request_delete(const yfw_datatree* node) {
   while (node != nullptr && node->operation == YFW_OPERATION_NONE) {
     node = info_of(node).parent;
   }
-  return node != nullptr && (node->operation == YFW_OPERATION_DELETE || node->operation == YFW_OPERATION_REMOVE) ? 1
-                                                                                                                 : 0;
+  return node != nullptr && deletes(node->operation) ? 1 : 0;
 }
 
 int yfw_map_is_request_add(yfw_map_ctx ctx, const yfw_datatree* node) {
