@@ -160,6 +160,44 @@ TEST_F(DeviceFolder, TheLongestNamesComeFirst) {
               testing::ElementsAre("Bundle-Ether10/lacp/", "Bundle-Ether1/lacp/", "Bundle-Ether2/lacp/"));
 }
 
+TEST_F(DeviceFolder, NamesThatDifferInTheirSlashesHaveDifferentElements) {
+  write(kPlatform, configuration(entry("act", "Port0/1", kLacp) + "," + entry("act", "Port0_1", kLacp)));
+  const std::vector<std::string> items = find(".*/lacp/");
+  EXPECT_THAT(items, testing::ElementsAre("Port0_1_/lacp/", "Port0_1/lacp/"));
+  const DirectoryDevice device(schemas().native(), folder_.path());
+  const InstalledDevice installed(device);
+  const auto display_name = [](const char* element) {
+    std::array<char, 64> name{};
+    EXPECT_EQ(imc_display_namestring(element, name.data(), name.size(), 0), YFW_OK);
+    return std::string(name.data());
+  };
+  EXPECT_EQ(display_name("Port0_1"), "Port0_1");
+  EXPECT_EQ(display_name("Port0_1_"), "Port0/1");
+}
+
+TEST_F(DeviceFolder, AnItemThatIsCutIsWholeInTheNextList) {
+  write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp) + "," + entry("act", "Bundle-Ether2", kLacp)));
+  const DirectoryDevice device(schemas().native(), folder_.path());
+  const InstalledDevice installed(device);
+  sysdb_handle connection = nullptr;
+  ASSERT_EQ(_sysdb_bind(&connection, SYSDB_ACTIVE_INTERFACES, SYSDB_BIND_FLAGS), YFW_OK);
+  for (int turn = 0; turn < 2; ++turn) {
+    uint32_t count = 0;
+    sysdb_list_handle list = nullptr;
+    ASSERT_EQ(sysdb_find(connection, ".*/lacp/", "", &count, &list, SYSDB_FIND_FLAGS, 0), YFW_OK);
+    char* first = nullptr;
+    char* second = nullptr;
+    uint32_t ignored = 0;
+    ASSERT_EQ(sysdb_list_next(list, &first, &ignored, &ignored), YFW_OK);
+    EXPECT_STREQ(std::strtok(first, "/"), "Bundle-Ether1");
+    ASSERT_EQ(sysdb_list_next(list, &second, &ignored, &ignored), YFW_OK);
+    EXPECT_STREQ(second, "Bundle-Ether2/lacp/");
+    EXPECT_STREQ(first, "Bundle-Ether1");
+    EXPECT_EQ(sysdb_list_free(list), YFW_OK);
+  }
+  EXPECT_EQ(_sysdb_unbind(connection), YFW_OK);
+}
+
 TEST_F(DeviceFolder, PatternsMatchWholeItems) {
   write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp)));
   EXPECT_THAT(find("lacp"), testing::IsEmpty());
