@@ -41,8 +41,13 @@ void apply_default(DefaultOperation operation, RequestTree& tree) {
     const yfw_datatree* parent = info_of(&node).parent;
     const bool is_inside = parent != nullptr && has_operation[static_cast<size_t>(parent - tree.top())];
     has_operation[index] = is_inside || node.operation != YFW_OPERATION_NONE;
-    if (!has_operation[index] && !names_more(node) && !lysc_is_key(info_of(&node).schema)) {
+    if (has_operation[index] || names_more(node)) {
+      continue;
+    }
+    if (!names_entry(&node)) {
       node.operation = YFW_OPERATION_DELETE;
+    } else if (!lysc_is_key(info_of(&node).schema) && parent->child_count == 1) {
+      refuse_delete_of_name(&node);
     }
   }
 }

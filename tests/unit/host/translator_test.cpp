@@ -58,6 +58,16 @@ TEST_F(TranslatorTest, DefaultDeleteLeavesNodesWithAnOperationAndWhatIsInThem) {
   EXPECT_EQ(translated(request, options), translated(request));
 }
 
+TEST_F(TranslatorTest, DefaultDeleteTakesTheNameOfAnEntryForNoMoreThanThat) {
+  TranslateOptions options;
+  options.operation = DefaultOperation::kDelete;
+  EXPECT_EQ(translated(interface(R"("name": "Bundle-Ether1", "config": {"name": "Bundle-Ether1", "interval": [null]})"),
+                       options),
+            translated(interface(R"("name": "Bundle-Ether1", "config": {"interval": [null]})"), options));
+  EXPECT_THAT(refused(interface(R"("name": "Bundle-Ether1", "config": {"name": "Bundle-Ether1"})"), options),
+              testing::EndsWith("/config/name: goes with its list entry, and cannot be deleted alone"));
+}
+
 TEST_F(TranslatorTest, DefaultReplaceReplacesTheTop) {
   TranslateOptions options;
   options.operation = DefaultOperation::kReplace;
