@@ -1,6 +1,7 @@
 #include "host/translator.h"
 
 #include <optional>
+#include <utility>
 
 #include "host/datastore/edit_application.h"
 #include "host/datastore/installed_device.h"
@@ -10,9 +11,9 @@
 #include "host/refusal.h"
 #include "host/translator_parts.h"
 #include "host/walk.h"
-#include "host/yang/delete_request.h"
 #include "host/yang/edit_printer.h"
 #include "host/yang/request_parser.h"
+#include "host/yang/request_path.h"
 
 namespace oclacp::host {
 namespace {
@@ -52,13 +53,18 @@ void apply_default(DefaultOperation operation, RequestTree& tree) {
   }
 }
 
+void check_strictly(RequestTree& tree) {
+  const yfw_datatree* ignored = find_ignored_node(tree);
+  if (ignored != nullptr) {
+    throw Refusal(node_path(ignored) + ": would be ignored");
+  }
+}
+
 void walk(const Module& module, RequestTree& tree, EditScript& script, const TranslateOptions& options) {
   module.require_offer();
   walk_request(module.request_walker(), tree, operation_code(options.kind), script, {options.debug_log, options.trace});
-  const bool is_edit = options.kind == RequestKind::kEdit;
-  const yfw_datatree* ignored = options.is_strict && is_edit ? find_ignored_node(tree) : nullptr;
-  if (ignored != nullptr) {
-    throw Refusal(node_path(ignored) + ": would be ignored");
+  if (options.is_strict && options.kind == RequestKind::kEdit) {
+    check_strictly(tree);
   }
 }
 
@@ -81,16 +87,16 @@ namespace {
 
 // An edit from its text to what it comes to natively; the later are made of the earlier.
 struct TranslatedEdit {
-  TranslatedEdit(const ly_ctx* context, const Module& module, NativePaths& paths, const std::string& text,
-                 const Device& device, const TranslateOptions& options)
-      : request(parse_request(context, text)), script(paths, true) {
+  TranslatedEdit(ParsedRequest parsed, const Module& module, NativePaths& paths, const Device& device,
+                 const TranslateOptions& options)
+      : request(std::move(parsed)), installed(device), script(paths, true) {
     apply_default(options.operation, request.tree);
-    const InstalledDevice installed(device);
     walk(module, request.tree, script, options);
     native.emplace(script);
   }
 
   ParsedRequest request;
+  InstalledDevice installed;
   EditScript script;
   std::optional<EditTree> native;
 };
@@ -100,8 +106,8 @@ struct TranslatedEdit {
 Translation Translator::translate(const std::string& request, const Device& device, const TranslateOptions& options) {
   Translation translation;
   if (options.kind == RequestKind::kEdit) {
-    const TranslatedEdit edit(parts_->schemas.request(), parts_->module, parts_->native_paths, request, device,
-                              options);
+    const TranslatedEdit edit(parse_request(parts_->schemas.request(), request), parts_->module, parts_->native_paths,
+                              device, options);
     translation.dropped_entries = edit.native->dropped_entries();
     translation.text = print_edit(native_context(), *edit.native, libyang_format(options.format, edit.request.format));
     return translation;
@@ -120,17 +126,26 @@ Translation Translator::translate(const std::string& request, const Device& devi
 }
 
 EditPlan Translator::plan_edit(const std::string& request, const Device& device, const TranslateOptions& options) {
-  const TranslatedEdit edit(parts_->schemas.request(), parts_->module, parts_->native_paths, request, device, options);
-  EditPlan plan;
-  plan.running = apply_edit(native_context(), *edit.native, device);
-  plan.difference = find_difference(native_context(), device.running(), plan.running.get());
-  plan.format = libyang_format(options.format, edit.request.format);
-  plan.dropped_entries = edit.native->dropped_entries();
-  return plan;
+  return plan(parse_request(parts_->schemas.request(), request), device, options);
 }
 
-std::string Translator::delete_request(const std::string& path) const {
-  return make_delete_request(parts_->schemas.request(), path);
+EditPlan Translator::plan_delete(const std::string& path, const Device& device, const TranslateOptions& options) {
+  return plan(parse_delete_path(parts_->schemas.request(), path), device, options);
+}
+
+EditPlan Translator::plan(ParsedRequest request, const Device& device, const TranslateOptions& options) {
+  TranslatedEdit edit(std::move(request), parts_->module, parts_->native_paths, device, options);
+  EditPlan plan;
+  plan.running = apply_edit(native_context(), *edit.native, device);
+  plan.first_change = find_first_change(native_context(), device.running(), plan.running.get());
+  plan.dropped_entries = edit.native->dropped_entries();
+  if (options.is_dry_run) {
+    const LYD_FORMAT format = libyang_format(options.format, edit.request.format);
+    plan.native_edit = print_edit(native_context(), *edit.native, format);
+    const TreePtr difference = find_difference(native_context(), device.running(), plan.running.get());
+    plan.difference = print_tree(native_context(), difference.get(), format);
+  }
+  return plan;
 }
 
 const char* version() {
