@@ -1,5 +1,6 @@
 #include "host/translator.h"
 
+#include <cstring>
 #include <optional>
 #include <utility>
 
@@ -53,6 +54,17 @@ void apply_default(DefaultOperation operation, RequestTree& tree) {
   }
 }
 
+// The module looks for the interface of a deleted entry among the elements of the data store, by a part of the entry's
+// name. It finds a name with slashes only when the name is in the form of an element, too.
+void name_as_data_store_does(RequestTree& tree, InstalledDevice& device) {
+  for (yfw_datatree& node : tree.nodes()) {
+    if (node.value != nullptr && lysc_is_key(info_of(&node).schema) && std::strchr(node.value, '/') != nullptr &&
+        yfw_map_is_request_delete(info_of(&node).parent) != 0 && device.configuration().has_lacp(node.value)) {
+      node.value = device.configuration().element_of(node.value);
+    }
+  }
+}
+
 void check_strictly(RequestTree& tree) {
   const yfw_datatree* ignored = find_ignored_node(tree);
   if (ignored != nullptr) {
@@ -91,12 +103,13 @@ struct TranslatedEdit {
                  const TranslateOptions& options)
       : request(std::move(parsed)), installed(device), script(paths, true) {
     apply_default(options.operation, request.tree);
+    name_as_data_store_does(request.tree, installed);
     walk(module, request.tree, script, options);
     native.emplace(script);
   }
 
   ParsedRequest request;
-  InstalledDevice installed;
+  InstalledDevice installed;  // some of the request's names are its
   EditScript script;
   std::optional<EditTree> native;
 };

@@ -139,6 +139,41 @@ TEST_F(Device, DeletesTheInterfaceThatIsNamedAndNoneWhoseNameIsAPartOfIt) {
                    "than the request names, and is left alone");
 }
 
+TEST_F(Device, DeletesAnInterfaceWithSlashesInItsName) {
+  const std::string port = "/lacp/interfaces/interface[name='GigabitEthernet0/0/0/4']";
+  expect_success(edit(config_of("GigabitEthernet0/0/0/4", R"("lacp-mode": "ACTIVE")")));
+  const std::string with_lacp = read();
+  ASSERT_NE(with_lacp, before_);
+  expect_success(erase(port, {"--strict"}));
+  EXPECT_EQ(squeezed(read()), squeezed(before_));
+  before_ = read();
+  write(with_lacp);
+  const std::string remove = R"("@": {"ietf-netconf:operation": "remove"}, "name": "GigabitEthernet0/0/0/4")";
+  expect_success(edit(interface(remove + R"(, "config": {"name": "GigabitEthernet0/0/0/4"})")));
+  EXPECT_EQ(read(), before_);
+  expect_success(edit(interface(remove), {"--expect-no-change"}));
+  expect_unchanged(erase(port), "nothing to delete");
+}
+
+TEST_F(Device, TellsInterfacesApartThatDifferInTheirSlashes) {
+  const std::string port = "GigabitEthernet0/0/0/4";
+  const std::string other = "GigabitEthernet0_0_0_4";
+  expect_success(edit(config_of(port, R"("lacp-mode": "ACTIVE")")));
+  const std::string with_port = read();
+  expect_success(edit(config_of(other, R"("lacp-mode": "PASSIVE")")));
+  const std::string with_both = read();
+  expect_success(erase("/lacp/interfaces/interface[name='" + other + "']"));
+  EXPECT_EQ(edit(config_of(port, R"("lacp-mode": "ACTIVE")"), {"--expect-no-change"}).status, 0);
+  EXPECT_EQ(edit(config_of(other, R"("lacp-mode": "PASSIVE")"), {"--expect-no-change"}).status, 1);
+  write(with_both);
+  expect_success(erase("/lacp/interfaces/interface[name='" + port + "']"));
+  EXPECT_EQ(edit(config_of(port, R"("lacp-mode": "ACTIVE")"), {"--expect-no-change"}).status, 1);
+  EXPECT_EQ(edit(config_of(other, R"("lacp-mode": "PASSIVE")"), {"--expect-no-change"}).status, 0);
+  write(with_both);
+  expect_success(erase("/lacp"));
+  EXPECT_THAT(read(), Not(HasSubstr("bundlemgr-cfg:lacp")));
+}
+
 TEST_F(Device, DoesNotDeleteWhatIsNotThere) {
   expect_unchanged(erase(kBundle9), "nothing to delete");
   expect_unchanged(erase(std::string(kBundle9) + "/config/interval"), "cannot be deleted");
