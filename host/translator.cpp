@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "host/datastore/creation_check.h"
 #include "host/datastore/edit_application.h"
 #include "host/datastore/installed_device.h"
 #include "host/framework/edit_tree.h"
@@ -148,6 +149,7 @@ EditPlan Translator::plan_delete(const std::string& path, const Device& device, 
 
 EditPlan Translator::plan(ParsedRequest request, const Device& device, const TranslateOptions& options) {
   TranslatedEdit edit(std::move(request), parts_->module, parts_->native_paths, device, options);
+  check_creations(edit.request.tree, edit.installed);
   EditPlan plan;
   plan.running = apply_edit(native_context(), *edit.native, device);
   plan.first_change = find_first_change(native_context(), device.running(), plan.running.get());

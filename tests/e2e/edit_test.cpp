@@ -174,6 +174,30 @@ TEST_F(Device, TellsInterfacesApartThatDifferInTheirSlashes) {
   EXPECT_THAT(read(), Not(HasSubstr("bundlemgr-cfg:lacp")));
 }
 
+TEST_F(Device, DoesNotCreateWhatIsThere) {
+  const std::string create = R"("@": {"ietf-netconf:operation": "create"})";
+  const std::string there = ": cannot be created, the device has it already";
+  const auto lacp = [](const std::string& content) { return R"({"openconfig-lacp:lacp": {)" + content + "}}"; };
+  const auto entry = [&](const std::string& name) {
+    return interface(create + R"(, "name": ")" + name + R"(", "config": {"interval": "SLOW"})");
+  };
+  const auto config = [&](const std::string& name) {
+    return interface(R"("name": ")" + name + R"(", "config": {)" + create + R"(, "interval": "SLOW"})");
+  };
+  expect_unchanged(edit(lacp(create)), "/openconfig-lacp:lacp" + there);
+  expect_unchanged(edit(lacp(R"("config": {)" + create + "}")), "/openconfig-lacp:lacp/config" + there);
+  expect_unchanged(edit(lacp(R"("interfaces": {)" + create + "}")), "/interfaces" + there);
+  expect_unchanged(edit(entry("Bundle-Ether1")), "/interface[name='Bundle-Ether1']" + there);
+  expect_unchanged(edit(config("Bundle-Ether1")), "/interface[name='Bundle-Ether1']/config" + there);
+  // An interface without LACP is no entry.
+  expect_success(edit(entry("GigabitEthernet0/0/0/4")));
+  expect_success(edit(config("Bundle-Ether9")));
+  before_ = read();
+  expect_unchanged(edit(entry("Bundle-Ether9")), there);
+  expect_success(erase("/lacp"));
+  expect_success(edit(lacp(create + R"(, "config": {"system-priority": 5})")));
+}
+
 TEST_F(Device, DoesNotDeleteWhatIsNotThere) {
   expect_unchanged(erase(kBundle9), "nothing to delete");
   expect_unchanged(erase(std::string(kBundle9) + "/config/interval"), "cannot be deleted");
