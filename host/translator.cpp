@@ -71,6 +71,15 @@ void check_strictly(RequestTree& tree) {
   if (ignored != nullptr) {
     throw Refusal(node_path(ignored) + ": would be ignored");
   }
+  for (const yfw_datatree& node : tree.nodes()) {
+    if (node.value == nullptr || names_entry(&node) || yfw_map_is_request_delete(&node) != 0) {
+      continue;
+    }
+    const yfw_datatree* entry = info_of(info_of(&node).parent).parent;
+    if (entry != nullptr && key_value(entry) != nullptr && std::strchr(key_value(entry), '.') != nullptr) {
+      throw Refusal(node_path(entry) + ": is a sub-interface, whose LACP would not be read back");
+    }
+  }
 }
 
 void walk(const Module& module, RequestTree& tree, EditScript& script, const TranslateOptions& options) {

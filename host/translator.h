@@ -47,8 +47,10 @@ struct TranslateOptions {
   RequestKind kind = RequestKind::kEdit;
   DefaultOperation operation = DefaultOperation::kMerge;  // edits only
   Format format = Format::kAsInput;                       // edits only
-  bool is_strict = false;                                 // edits only: refused when a node would be ignored
-  bool is_dry_run = false;                                // plans only: the plan tells the native edit and what it changes
+  // Edits only: refused when a node would be ignored, or when the LACP of a sub-interface is set, which is never read
+  // back.
+  bool is_strict = false;
+  bool is_dry_run = false;  // plans only: the plan tells the native edit and what it changes
   // Where the module's records go; null for nowhere. Both are also filled when the translation is refused.
   std::ostream* debug_log = nullptr;
   std::vector<std::string>* trace = nullptr;

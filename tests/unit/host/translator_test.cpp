@@ -68,6 +68,20 @@ TEST_F(TranslatorTest, DefaultDeleteTakesTheNameOfAnEntryForNoMoreThanThat) {
               testing::EndsWith("/config/name: goes with its list entry, and cannot be deleted alone"));
 }
 
+TEST_F(TranslatorTest, StrictRefusesTheSubInterfaceThatAReadDoesNotShow) {
+  TranslateOptions options;
+  const std::string request = interface(R"("name": "Bundle-Ether1.10", "config": {"lacp-mode": "ACTIVE"})");
+  EXPECT_EQ(refused(request, options), "accepted");
+  options.is_strict = true;
+  EXPECT_EQ(refused(request, options),
+            "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether1.10']: is a sub-interface, whose LACP would "
+            "not be read back");
+  EXPECT_EQ(refused(interface(R"("name": "Bundle-Ether1.10", "config": {"interval": [null], "@interval":
+                              {"ietf-netconf:operation": "remove"}})"),
+                    options),
+            "accepted");
+}
+
 TEST_F(TranslatorTest, DefaultReplaceReplacesTheTop) {
   TranslateOptions options;
   options.operation = DefaultOperation::kReplace;
