@@ -1,6 +1,7 @@
 #include "cli/edit.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "cli/command.h"
@@ -14,14 +15,14 @@ namespace {
 
 struct EditArguments : TranslationArguments {
   std::string file;
+  std::optional<std::string> request;  // none when a path is deleted
   std::string path;
-  bool is_dry_run = false;
   bool expects_no_change = false;
 };
 
 void add_edit_options(CLI::App& command, EditArguments& arguments) {
   CLI::Option* dry_run =
-      command.add_flag("--dry-run", arguments.is_dry_run,
+      command.add_flag("--dry-run", arguments.options.is_dry_run,
                        "Print the native edit and behind it what it would change, and change nothing");
   command
       .add_flag("--expect-no-change", arguments.expects_no_change,
@@ -33,29 +34,29 @@ void add_edit_options(CLI::App& command, EditArguments& arguments) {
   add_workings(command, arguments);
 }
 
-host::EditPlan plan(host::Translator& translator, const host::Device& device, const std::string& request,
-                    EditArguments& arguments) {
+host::EditPlan plan(host::Translator& translator, const host::Device& device, EditArguments& arguments) {
   const Records records(arguments);
-  host::EditPlan plan = translator.plan_edit(request, device, arguments.options);
+  host::EditPlan plan = arguments.request ? translator.plan_edit(*arguments.request, device, arguments.options)
+                                          : translator.plan_delete(arguments.path, device, arguments.options);
   tell_dropped(plan.dropped_entries);
   return plan;
 }
 
-void edit(host::Translator& translator, const std::string& request, EditArguments& arguments) {
-  if (!arguments.is_dry_run && !arguments.expects_no_change) {
+void edit(host::Translator& translator, EditArguments& arguments) {
+  if (!arguments.options.is_dry_run && !arguments.expects_no_change) {
     host::EditableDirectory directory(translator.native_context(), arguments.device);
-    const host::EditPlan planned = plan(translator, directory.device(), request, arguments);
+    const host::EditPlan planned = plan(translator, directory.device(), arguments);
     if (planned.changes_something()) {
       directory.commit(planned.running.get());
     }
     return;
   }
   const host::DirectoryDevice device(translator.native_context(), arguments.device);
-  const host::EditPlan planned = plan(translator, device, request, arguments);
-  if (arguments.is_dry_run) {
-    print(translator.translate(request, device, arguments.options).text + planned.print_difference());
+  const host::EditPlan planned = plan(translator, device, arguments);
+  if (arguments.options.is_dry_run) {
+    print(planned.native_edit + planned.difference);
   } else if (planned.changes_something()) {
-    throw host::Refusal(arguments.device + ": the edit would change " + planned.first_change());
+    throw host::Refusal(arguments.device + ": the edit would change " + planned.first_change);
   }
 }
 
@@ -69,7 +70,8 @@ void define_edit(CLI::App& app) {
   add_edit_options(*command, *arguments);
   command->callback([arguments] {
     const std::unique_ptr<host::Translator> translator = make_translator(*arguments);
-    edit(*translator, host::read_text_file(arguments->file, host::kMaxRequestBytes), *arguments);
+    arguments->request = host::read_text_file(arguments->file, host::kMaxRequestBytes);
+    edit(*translator, *arguments);
   });
 }
 
@@ -82,7 +84,7 @@ void define_delete(CLI::App& app) {
   add_edit_options(*command, *arguments);
   command->callback([arguments] {
     const std::unique_ptr<host::Translator> translator = make_translator(*arguments);
-    edit(*translator, translator->delete_request(arguments->path), *arguments);
+    edit(*translator, *arguments);
   });
 }
 

@@ -2,6 +2,7 @@
 //
 // Exit status: 0 done, 1 refused or failed (one sentence on the standard error), 2 usage.
 #include <CLI/CLI.hpp>
+#include <csignal>
 #include <exception>
 #include <iostream>
 #include <string>
@@ -38,6 +39,8 @@ int run(int argc, char** argv) {
 }  // namespace oclacp::cli
 
 int main(int argc, char** argv) {
+  // A file that grows beyond the process's limit is a failed write, which is told like any other.
+  static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
   try {
     return oclacp::cli::run(argc, argv);
   } catch (const std::exception& failure) {

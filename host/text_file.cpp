@@ -1,6 +1,8 @@
 #include "host/text_file.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -45,6 +47,23 @@ FilePtr open_file(const std::string& file) {
   return stream;
 }
 
+// Opening a pipe or a terminal without waiting for its other end, to find out that it is one.
+FilePtr open_regular_file(const std::string& file) {
+  const int descriptor = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  if (descriptor < 0) {
+    refuse(file);
+  }
+  struct stat status {};
+  FilePtr stream(fdopen(descriptor, "rb"));
+  if (stream == nullptr || fstat(descriptor, &status) != 0) {
+    refuse(file);
+  }
+  if (!S_ISREG(status.st_mode)) {
+    throw Refusal(file + ": is no regular file");
+  }
+  return stream;
+}
+
 std::string read_rest(FILE* stream, const std::string& file, std::size_t limit) {
   std::string text;
   std::array<char, 1 << 16> buffer{};
@@ -76,9 +95,13 @@ std::string read_text_file(const std::string& file, std::size_t limit) {
   return read_rest(open_file(file).get(), file, limit);
 }
 
+std::string read_regular_file(const std::string& file) {
+  return read_rest(open_regular_file(file).get(), file, std::string::npos);
+}
+
 std::string read_settled_file(const std::string& file) {
   // Whoever puts a new file in its place leaves this one as it is.
-  const FilePtr stream = open_file(file);
+  const FilePtr stream = open_regular_file(file);
   const auto deadline = steady_clock::now() + kPatience;
   while (steady_clock::now() < deadline) {
     const auto written = last_write(stream.get(), file);

@@ -1,7 +1,10 @@
 #include "host/translator.h"
 
+#include <cstring>
 #include <optional>
+#include <utility>
 
+#include "host/datastore/creation_check.h"
 #include "host/datastore/edit_application.h"
 #include "host/datastore/installed_device.h"
 #include "host/framework/edit_tree.h"
@@ -10,9 +13,9 @@
 #include "host/refusal.h"
 #include "host/translator_parts.h"
 #include "host/walk.h"
-#include "host/yang/delete_request.h"
 #include "host/yang/edit_printer.h"
 #include "host/yang/request_parser.h"
+#include "host/yang/request_path.h"
 
 namespace oclacp::host {
 namespace {
@@ -41,8 +44,40 @@ void apply_default(DefaultOperation operation, RequestTree& tree) {
     const yfw_datatree* parent = info_of(&node).parent;
     const bool is_inside = parent != nullptr && has_operation[static_cast<size_t>(parent - tree.top())];
     has_operation[index] = is_inside || node.operation != YFW_OPERATION_NONE;
-    if (!has_operation[index] && !names_more(node) && !lysc_is_key(info_of(&node).schema)) {
+    if (has_operation[index] || names_more(node)) {
+      continue;
+    }
+    if (!names_entry(&node)) {
       node.operation = YFW_OPERATION_DELETE;
+    } else if (!lysc_is_key(info_of(&node).schema) && parent->child_count == 1) {
+      refuse_delete_of_name(&node);
+    }
+  }
+}
+
+// The module looks for the interface of a deleted entry among the elements of the data store, by a part of the entry's
+// name. It finds a name with slashes only when the name is in the form of an element, too.
+void name_as_data_store_does(RequestTree& tree, InstalledDevice& device) {
+  for (yfw_datatree& node : tree.nodes()) {
+    if (node.value != nullptr && lysc_is_key(info_of(&node).schema) && std::strchr(node.value, '/') != nullptr &&
+        yfw_map_is_request_delete(info_of(&node).parent) != 0 && device.configuration().has_lacp(node.value)) {
+      node.value = device.configuration().element_of(node.value);
+    }
+  }
+}
+
+void check_strictly(RequestTree& tree) {
+  const yfw_datatree* ignored = find_ignored_node(tree);
+  if (ignored != nullptr) {
+    throw Refusal(node_path(ignored) + ": would be ignored");
+  }
+  for (const yfw_datatree& node : tree.nodes()) {
+    if (node.value == nullptr || names_entry(&node) || yfw_map_is_request_delete(&node) != 0) {
+      continue;
+    }
+    const yfw_datatree* entry = info_of(info_of(&node).parent).parent;
+    if (entry != nullptr && key_value(entry) != nullptr && std::strchr(key_value(entry), '.') != nullptr) {
+      throw Refusal(node_path(entry) + ": is a sub-interface, whose LACP would not be read back");
     }
   }
 }
@@ -50,10 +85,8 @@ void apply_default(DefaultOperation operation, RequestTree& tree) {
 void walk(const Module& module, RequestTree& tree, EditScript& script, const TranslateOptions& options) {
   module.require_offer();
   walk_request(module.request_walker(), tree, operation_code(options.kind), script, {options.debug_log, options.trace});
-  const bool is_edit = options.kind == RequestKind::kEdit;
-  const yfw_datatree* ignored = options.is_strict && is_edit ? find_ignored_node(tree) : nullptr;
-  if (ignored != nullptr) {
-    throw Refusal(node_path(ignored) + ": would be ignored");
+  if (options.is_strict && options.kind == RequestKind::kEdit) {
+    check_strictly(tree);
   }
 }
 
@@ -76,16 +109,17 @@ namespace {
 
 // An edit from its text to what it comes to natively; the later are made of the earlier.
 struct TranslatedEdit {
-  TranslatedEdit(const ly_ctx* context, const Module& module, NativePaths& paths, const std::string& text,
-                 const Device& device, const TranslateOptions& options)
-      : request(parse_request(context, text)), script(paths, true) {
+  TranslatedEdit(ParsedRequest parsed, const Module& module, NativePaths& paths, const Device& device,
+                 const TranslateOptions& options)
+      : request(std::move(parsed)), installed(device), script(paths, true) {
     apply_default(options.operation, request.tree);
-    const InstalledDevice installed(device);
+    name_as_data_store_does(request.tree, installed);
     walk(module, request.tree, script, options);
     native.emplace(script);
   }
 
   ParsedRequest request;
+  InstalledDevice installed;  // some of the request's names are its
   EditScript script;
   std::optional<EditTree> native;
 };
@@ -95,8 +129,8 @@ struct TranslatedEdit {
 Translation Translator::translate(const std::string& request, const Device& device, const TranslateOptions& options) {
   Translation translation;
   if (options.kind == RequestKind::kEdit) {
-    const TranslatedEdit edit(parts_->schemas.request(), parts_->module, parts_->native_paths, request, device,
-                              options);
+    const TranslatedEdit edit(parse_request(parts_->schemas.request(), request), parts_->module, parts_->native_paths,
+                              device, options);
     translation.dropped_entries = edit.native->dropped_entries();
     translation.text = print_edit(native_context(), *edit.native, libyang_format(options.format, edit.request.format));
     return translation;
@@ -115,17 +149,27 @@ Translation Translator::translate(const std::string& request, const Device& devi
 }
 
 EditPlan Translator::plan_edit(const std::string& request, const Device& device, const TranslateOptions& options) {
-  const TranslatedEdit edit(parts_->schemas.request(), parts_->module, parts_->native_paths, request, device, options);
-  EditPlan plan;
-  plan.running = apply_edit(native_context(), *edit.native, device);
-  plan.difference = find_difference(native_context(), device.running(), plan.running.get());
-  plan.format = libyang_format(options.format, edit.request.format);
-  plan.dropped_entries = edit.native->dropped_entries();
-  return plan;
+  return plan(parse_request(parts_->schemas.request(), request), device, options);
 }
 
-std::string Translator::delete_request(const std::string& path) const {
-  return make_delete_request(parts_->schemas.request(), path);
+EditPlan Translator::plan_delete(const std::string& path, const Device& device, const TranslateOptions& options) {
+  return plan(parse_delete_path(parts_->schemas.request(), path), device, options);
+}
+
+EditPlan Translator::plan(ParsedRequest request, const Device& device, const TranslateOptions& options) {
+  TranslatedEdit edit(std::move(request), parts_->module, parts_->native_paths, device, options);
+  check_creations(edit.request.tree, edit.installed);
+  EditPlan plan;
+  plan.running = apply_edit(native_context(), *edit.native, device);
+  plan.first_change = find_first_change(native_context(), device.running(), plan.running.get());
+  plan.dropped_entries = edit.native->dropped_entries();
+  if (options.is_dry_run) {
+    const LYD_FORMAT format = libyang_format(options.format, edit.request.format);
+    plan.native_edit = print_edit(native_context(), *edit.native, format);
+    const TreePtr difference = find_difference(native_context(), device.running(), plan.running.get());
+    plan.difference = print_tree(native_context(), difference.get(), format);
+  }
+  return plan;
 }
 
 const char* version() {

@@ -17,6 +17,8 @@
 
 namespace oclacp::host {
 
+struct ParsedRequest;
+
 enum class RequestKind { kEdit, kReadConfig, kReadState };
 
 // What happens to nodes that carry no operation of their own (RFC 6241, 7.2).
@@ -45,7 +47,10 @@ struct TranslateOptions {
   RequestKind kind = RequestKind::kEdit;
   DefaultOperation operation = DefaultOperation::kMerge;  // edits only
   Format format = Format::kAsInput;                       // edits only
-  bool is_strict = false;                                 // edits only: refused when a node would be ignored
+  // Edits only: refused when a node would be ignored, or when the LACP of a sub-interface is set, which is never read
+  // back.
+  bool is_strict = false;
+  bool is_dry_run = false;  // plans only: the plan tells the native edit and what it changes
   // Where the module's records go; null for nowhere. Both are also filled when the translation is refused.
   std::ostream* debug_log = nullptr;
   std::vector<std::string>* trace = nullptr;
@@ -115,12 +120,13 @@ class OCLACP_HOST_API Translator {
   // the caller's part. Throws Refusal as translate() does, and for what cannot be applied.
   EditPlan plan_edit(const std::string& request, const Device& device, const TranslateOptions& options);
 
-  // The request, in JSON, that deletes the node of an instance path such as
-  // /lacp/interfaces/interface[name='Bundle-Ether1']/config. Throws Refusal.
-  [[nodiscard]] std::string delete_request(const std::string& path) const;
+  // The same for the delete of one node; `path` as in GetOptions.
+  EditPlan plan_delete(const std::string& path, const Device& device, const TranslateOptions& options);
 
  private:
   struct Parts;
+  EditPlan plan(ParsedRequest request, const Device& device, const TranslateOptions& options);
+
   std::unique_ptr<Parts> parts_;
 };
 

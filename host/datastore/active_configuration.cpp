@@ -1,5 +1,6 @@
 #include "host/datastore/active_configuration.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "host/interfaces/names.h"
@@ -41,13 +42,37 @@ ActiveConfiguration::ActiveConfiguration(const lyd_node* running) {
       }
     }
   }
+  // A name without slashes is its own element, and the others give way to it.
+  for (const bool has_slash : {false, true}) {
+    for (const std::string_view name : names_) {
+      if ((name.find('/') != std::string_view::npos) == has_slash) {
+        name_element(name);
+      }
+    }
+  }
+}
+
+void ActiveConfiguration::name_element(std::string_view name) {
+  std::string element = entry_form(name);
+  while (names_by_element_.count(element) != 0) {
+    element += '_';
+  }
+  const auto named = names_by_element_.emplace(std::move(element), name).first;
+  elements_by_name_.emplace(name, named->first.c_str());
+}
+
+const char* ActiveConfiguration::element_of(std::string_view name) const {
+  const auto found = elements_by_name_.find(name);
+  return found == elements_by_name_.end() ? nullptr : found->second;
 }
 
 std::vector<std::string> ActiveConfiguration::items() const {
   std::vector<std::string> items;
   for (size_t index = 0; index < entries_.size(); ++index) {
-    add_items(entries_[index], entry_form(names_[index]) + "/", items);
+    add_items(entries_[index], std::string(element_of(names_[index])) + "/", items);
   }
+  std::stable_sort(items.begin(), items.end(),
+                   [](const std::string& one, const std::string& other) { return one.find('/') > other.find('/'); });
   return items;
 }
 

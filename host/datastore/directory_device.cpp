@@ -3,27 +3,32 @@
 #include <cstring>
 #include <filesystem>
 #include <string_view>
+#include <system_error>
 
 #include "host/refusal.h"
 #include "host/text_file.h"
+#include "host/yang/data_check.h"
 #include "host/yang/request_text.h"
 
 namespace oclacp::host {
 namespace {
 
 // `validation`: libyang's options for it.
-TreePtr parse_tree(const ly_ctx* context, const std::string& file, const std::string& text, uint32_t validation) {
+TreePtr parse_tree(const ly_ctx* context, const std::string& file, const std::string& text, uint32_t validation,
+                   DataKind kind = DataKind::kNative) {
   // libyang takes an empty file for an empty configuration and does not look behind the end of a document.
   check_json_document(text, file);
   lyd_node* tree = nullptr;
   if (lyd_parse_data_mem(context, text.c_str(), LYD_JSON, LYD_PARSE_STRICT, validation, &tree) != LY_SUCCESS) {
     throw Refusal(file + ": " + last_complaint(context, "not usable"));
   }
-  return TreePtr(tree);
+  TreePtr data(tree);
+  check_data(tree, kind, file + ": ");
+  return data;
 }
 
-TreePtr read_configuration(const ly_ctx* context, const std::string& file) {
-  return parse_tree(context, file, read_text_file(file), LYD_VALIDATE_NO_STATE);
+TreePtr read_configuration(const ly_ctx* context, const std::string& file, DataKind kind) {
+  return parse_tree(context, file, read_regular_file(file), LYD_VALIDATE_NO_STATE, kind);
 }
 
 InterfaceType interface_type(std::string_view text) {
@@ -37,11 +42,13 @@ InterfaceType interface_type(std::string_view text) {
 
 DirectoryDevice::DirectoryDevice(const ly_ctx* native, const std::string& directory)
     : native_(native), directory_(directory) {
-  if (!std::filesystem::is_directory(directory)) {
-    throw Refusal(directory + ": no such device directory");
+  std::error_code trouble;
+  if (!std::filesystem::is_directory(directory, trouble)) {
+    const bool is_hidden = trouble == std::errc::permission_denied;
+    throw Refusal(directory + (is_hidden ? ": " + trouble.message() : ": no such device directory"));
   }
   read_platform(native, directory + "/platform.json");
-  running_ = read_configuration(native, directory + "/running.json");
+  running_ = read_configuration(native, directory + "/running.json", DataKind::kNative);
 }
 
 const lyd_node* DirectoryDevice::operational() const {
@@ -59,7 +66,7 @@ std::string DirectoryDevice::kept_value(const lysc_node& leaf, std::string_view 
 }
 
 void DirectoryDevice::read_platform(const ly_ctx* native, const std::string& file) {
-  const TreePtr tree = read_configuration(native, file);
+  const TreePtr tree = read_configuration(native, file, DataKind::kPlatform);
   const lys_module* module = ly_ctx_get_module_implemented(native, "oclacp-platform");
   const lyd_node* platform = tree.get();
   while (platform != nullptr && platform->schema->module != module) {

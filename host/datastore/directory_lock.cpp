@@ -14,7 +14,9 @@ namespace oclacp::host {
 DirectoryLock::DirectoryLock(const std::string& directory, std::chrono::seconds longest_wait)
     : folder_(open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
   if (!folder_.is_open()) {
-    throw Refusal(directory + ": no such device directory");
+    const bool is_missing = errno == ENOENT || errno == ENOTDIR;
+    throw Refusal(directory + (is_missing ? ": no such device directory"
+                                          : std::string(": cannot be opened: ") + std::strerror(errno)));
   }
   // flock() itself waits without end, so the lock is asked for again and again.
   constexpr auto kPause = std::chrono::milliseconds(5);

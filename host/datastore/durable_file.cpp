@@ -15,13 +15,29 @@
 namespace oclacp::host {
 namespace {
 
+// Takes what a crash left at the place of the new content. It is not written to: it may be the file itself under a
+// second name. Throws when something else stands there than such a file.
+std::string cleared_place(const std::string& file) {
+  std::string name = file + ".new";
+  struct stat left {};
+  if (lstat(name.c_str(), &left) == 0) {
+    if (!S_ISREG(left.st_mode)) {
+      throw Refusal(name + ": is no regular file, and in the way of the new content of " + file +
+                    ", which stays as it is");
+    }
+    // A failure shows when the name is taken.
+    static_cast<void>(unlink(name.c_str()));
+  }
+  return name;
+}
+
 // The new content beside the file; goes when it does not become the file.
 class Aside {
  public:
   explicit Aside(const std::string& file)
       : file_(file),
-        name_(file + ".new"),
-        descriptor_(open(name_.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR)) {
+        name_(cleared_place(file)),
+        descriptor_(open(name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
     check(descriptor_.is_open());
   }
   ~Aside() {
@@ -37,8 +53,11 @@ class Aside {
   void take_mode_and_owner() {
     struct stat old {};
     check(stat(file_.c_str(), &old) == 0);
-    // Only root gives files away; a file of another user's becomes the writer's own.
-    check(fchown(descriptor_.number(), old.st_uid, old.st_gid) == 0 || errno == EPERM);
+    // Only root gives files away; a file of another user's becomes the writer's own. To keep the group it is enough to
+    // be of it, so that the one is not lost with the other.
+    constexpr auto kAsItIs = static_cast<uid_t>(-1);
+    check(fchown(descriptor_.number(), kAsItIs, old.st_gid) == 0 || errno == EPERM);
+    check(fchown(descriptor_.number(), old.st_uid, kAsItIs) == 0 || errno == EPERM);
     check(fchmod(descriptor_.number(), old.st_mode & ALLPERMS) == 0);
   }
 

@@ -1,9 +1,10 @@
 #include "host/datastore/edit_application.h"
 
+#include <algorithm>
 #include <cstring>
 
+#include "host/framework/operation.h"
 #include "host/framework/request_tree.h"
-#include "host/interfaces/names.h"
 #include "host/refusal.h"
 #include "host/yang/native_node.h"
 
@@ -27,7 +28,7 @@ struct Effect {
 };
 
 void look(const EditNode& node, Effect& effect) {
-  if (node.operation == YFW_OPERATION_DELETE || node.operation == YFW_OPERATION_REMOVE) {
+  if (deletes(node.operation)) {
     effect.takes_away = true;
     if (node.operation == YFW_OPERATION_DELETE && effect.strict_delete == nullptr) {
       effect.strict_delete = &node;
@@ -44,15 +45,6 @@ void look(const EditNode& node, Effect& effect) {
   }
 }
 
-const char* key_of(const yfw_datatree& entry) {
-  for (unsigned index = 0; index < entry.child_count; ++index) {
-    if (lysc_is_key(info_of(&entry.children[index]).schema)) {
-      return entry.children[index].value;
-    }
-  }
-  return nullptr;
-}
-
 // A mapping finds the interface to delete by a part of its name, so it may come upon another one. That one must not
 // lose its configuration.
 void check_is_meant(const EditNode& node) {
@@ -64,14 +56,10 @@ void check_is_meant(const EditNode& node) {
   while (asked != nullptr && info_of(asked).schema->nodetype != LYS_LIST) {
     asked = info_of(asked).parent;
   }
-  const char* name = asked == nullptr ? nullptr : key_of(*asked);
-  if (name == nullptr || entry->schema == nullptr) {
+  const char* name = asked == nullptr ? nullptr : key_value(asked);
+  if (name == nullptr || entry->schema == nullptr ||
+      std::find(entry->keys.begin(), entry->keys.end(), name) != entry->keys.end()) {
     return;
-  }
-  for (const std::string_view key : entry->keys) {
-    if (entry_form(key) == entry_form(name)) {
-      return;
-    }
   }
   refuse_native(node, "belongs to another interface than the request names, and is left alone");
 }

@@ -9,7 +9,8 @@
 namespace oclacp::host {
 
 // From when the device's files are read until this goes, nobody else edits the device, so an edit that is made of what
-// was read loses nobody's work. Used by one thread at a time.
+// was read loses nobody's work. That holds for all device directories whose running.json is a link to one file, too:
+// what is locked is the folder of the file. Used by one thread at a time.
 class OCLACP_HOST_API EditableDirectory {
  public:
   // As DirectoryDevice. Also throws Refusal when another edit holds the device for too long.
@@ -25,6 +26,7 @@ class OCLACP_HOST_API EditableDirectory {
  private:
   const ly_ctx* native_;
   std::string directory_;
+  std::string file_;  // the running configuration, where it really is
   DirectoryLock lock_;
   DirectoryDevice device_;
 };

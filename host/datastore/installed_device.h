@@ -4,10 +4,13 @@
 
 #include <memory>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <unordered_map>
 
 #include "host/datastore/active_configuration.h"
 #include "host/datastore/device.h"
+#include "host/datastore/found_items.h"
 #include "host/interfaces/interface_directory.h"
 
 namespace oclacp::host {
@@ -34,11 +37,16 @@ class InstalledDevice {
   const ActiveConfiguration& configuration();
   const InterfaceDirectory& interfaces();
 
+  // The items of the configuration whose whole text matches a POSIX extended regular expression; null when it is none.
+  // They live as long as this. Each pattern is worked on once, since a mapping asks the same for every entry.
+  const FoundItems* find_items(const std::string& pattern);
+
  private:
   const Device& device_;
   InstalledDevice* outer_;
   std::optional<ActiveConfiguration> configuration_;
   std::optional<InterfaceDirectory> interfaces_;
+  std::unordered_map<std::string, FoundItems> found_items_;
 };
 
 }  // namespace oclacp::host

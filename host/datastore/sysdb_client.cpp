@@ -1,19 +1,16 @@
 // The data-store client, and the probe for its library.
 #include <fcntl.h>
-#include <regex.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstring>
-#include <memory>
 #include <string>
-#include <utility>
-#include <vector>
 
 #include "host/contract.h"
+#include "host/datastore/found_items.h"
 #include "host/datastore/installed_device.h"
 #include "host/status.h"
 
+using oclacp::host::FoundItems;
 using oclacp::host::InstalledDevice;
 using oclacp::host::kBadQuery;
 using oclacp::host::kNotFound;
@@ -25,38 +22,12 @@ struct sysdb_connection {
 };
 
 struct sysdb_result_list {
-  std::vector<std::string> items;
+  const FoundItems& found;
+  std::string texts;  // a copy, as the caller may cut it
   size_t next = 0;
 };
 
 namespace {
-
-// A POSIX extended regular expression that must match a whole text.
-class Pattern {
- public:
-  explicit Pattern(const char* text) {
-    const std::string anchored = std::string("^(") + text + ")$";
-    compiled_ = regcomp(&regex_, anchored.c_str(), REG_EXTENDED | REG_NOSUB) == 0;
-  }
-  ~Pattern() {
-    if (compiled_) {
-      regfree(&regex_);
-    }
-  }
-  Pattern(const Pattern&) = delete;
-  Pattern& operator=(const Pattern&) = delete;
-  Pattern(Pattern&&) = delete;
-  Pattern& operator=(Pattern&&) = delete;
-
-  [[nodiscard]] bool is_usable() const { return compiled_; }
-  [[nodiscard]] bool matches(const std::string& text) const {
-    return regexec(&regex_, text.c_str(), 0, nullptr, 0) == 0;
-  }
-
- private:
-  regex_t regex_{};
-  bool compiled_ = false;
-};
 
 sysdb_connection globals_connection{nullptr};
 
@@ -88,30 +59,21 @@ cerrno _sysdb_unbind(sysdb_handle connection) {
 
 cerrno sysdb_find(sysdb_handle connection, const char* pattern, const char* second_pattern, uint32_t* count,
                   sysdb_list_handle* list, uint32_t /*flags*/, uint32_t /*zero*/) {
-  const Pattern compiled(pattern);
-  if (connection->device == nullptr || !compiled.is_usable() || second_pattern[0] != '\0') {
+  const bool is_answered = connection->device != nullptr && second_pattern[0] == '\0';
+  const FoundItems* found = is_answered ? connection->device->find_items(pattern) : nullptr;
+  if (found == nullptr) {
     return kBadQuery;
   }
-  auto found = std::make_unique<sysdb_result_list>();
-  for (std::string& item : connection->device->configuration().items()) {
-    if (compiled.matches(item)) {
-      found->items.push_back(std::move(item));
-    }
-  }
-  // A mapping may look for an interface by a part of its name. The longest names come first, so that it finds
-  // Bundle-Ether10 before Bundle-Ether1.
-  std::stable_sort(found->items.begin(), found->items.end(),
-                   [](const std::string& one, const std::string& other) { return one.find('/') > other.find('/'); });
-  *count = static_cast<uint32_t>(found->items.size());
-  *list = found->items.empty() ? nullptr : found.release();
+  *count = static_cast<uint32_t>(found->begins.size());
+  *list = found->begins.empty() ? nullptr : new sysdb_result_list{*found, found->texts};
   return YFW_OK;
 }
 
 cerrno sysdb_list_next(sysdb_list_handle list, char** path, uint32_t* /*item_type*/, uint32_t* /*item_size*/) {
-  if (list->next == list->items.size()) {
+  if (list->next == list->found.begins.size()) {
     return kNotFound;
   }
-  *path = list->items[list->next++].data();
+  *path = &list->texts[list->found.begins[list->next++]];
   return YFW_OK;
 }
 

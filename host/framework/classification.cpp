@@ -2,10 +2,12 @@
 #include <cstring>
 
 #include "host/contract.h"
+#include "host/framework/operation.h"
 #include "host/framework/request.h"
 #include "host/framework/request_tree.h"
 #include "host/status.h"
 
+using oclacp::host::deletes;
 using oclacp::host::info_of;
 using oclacp::host::Request;
 
@@ -20,6 +22,11 @@ const yfw_datatree* find_child(const yfw_datatree* node, const char* tag) {
   return nullptr;
 }
 
+// The value as the request has it: the key of an entry that is deleted is handed over as an element of the data store.
+const char* text_of(const yfw_datatree* leaf) {
+  return lyd_get_value(info_of(leaf).data);
+}
+
 }  // namespace
 
 int yfw_map_do_these_match(const char* one, const char* other) {
@@ -31,8 +38,7 @@ int yfw_map_is_request_delete(const yfw_datatree* node) {
   while (node != nullptr && node->operation == YFW_OPERATION_NONE) {
     node = info_of(node).parent;
   }
-  return node != nullptr && (node->operation == YFW_OPERATION_DELETE || node->operation == YFW_OPERATION_REMOVE) ? 1
-                                                                                                                 : 0;
+  return node != nullptr && deletes(node->operation) ? 1 : 0;
 }
 
 int yfw_map_is_request_add(yfw_map_ctx ctx, const yfw_datatree* node) {
@@ -51,7 +57,7 @@ cerrno yfw_map_check_oc_leafref(yfw_map_ctx ctx, const char* /*list_path*/, cons
   const yfw_datatree* around = find_child(entry, container);
   const yfw_datatree* target = around == nullptr ? nullptr : find_child(around, key);
   if (key_leaf == nullptr || target == nullptr || key_leaf->value == nullptr || target->value == nullptr ||
-      std::strcmp(key_leaf->value, target->value) == 0) {
+      std::strcmp(text_of(key_leaf), target->value) == 0) {
     return YFW_OK;
   }
   Request::of(ctx).refuse(target, std::string("'") + target->value + "' differs from the list key that refers to it");

@@ -3,14 +3,11 @@
 #include <algorithm>
 #include <cstring>
 
+#include "host/framework/operation.h"
 #include "host/status.h"
 
 namespace oclacp::host {
 namespace {
-
-bool deletes(uint32_t operation) {
-  return operation == YFW_OPERATION_DELETE || operation == YFW_OPERATION_REMOVE;
-}
 
 bool is_empty_type(const lysc_node* leaf) {
   return reinterpret_cast<const lysc_node_leaf*>(leaf)->type->basetype == LY_TYPE_EMPTY;

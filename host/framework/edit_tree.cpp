@@ -1,13 +1,10 @@
 #include "host/framework/edit_tree.h"
 
 #include "host/framework/identity.h"
+#include "host/framework/operation.h"
 
 namespace oclacp::host {
 namespace {
-
-bool deletes(uint32_t operation) {
-  return operation == YFW_OPERATION_DELETE || operation == YFW_OPERATION_REMOVE;
-}
 
 bool is_leaf(const lysc_node* schema) {
   return (schema->nodetype & LYD_NODE_TERM) != 0;

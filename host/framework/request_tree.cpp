@@ -4,8 +4,11 @@
 #include <cstring>
 #include <optional>
 #include <string_view>
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
+#include "host/framework/operation.h"
 #include "host/framework/path_text.h"
 #include "host/interfaces/names.h"
 #include "host/refusal.h"
@@ -93,7 +96,55 @@ void append_entry_keys(std::string& path, const NodeInfo& info) {
   }
 }
 
+// Finds nodes that a request has twice among the children of one node, in a time linear in the children.
+class Siblings {
+ public:
+  // Whether there was one like it. A second key leaf is for the module to refuse.
+  bool is_again(const yfw_datatree* node) {
+    const lysc_node* schema = info_of(node).schema;
+    if (lysc_is_key(schema)) {
+      return false;
+    }
+    if (schema->nodetype == LYS_LIST) {
+      const char* key = key_value(node);
+      return key != nullptr && !entries_[schema].insert(key).second;
+    }
+    // At most as many as the schema has nodes here.
+    const bool was_seen = std::find(seen_.begin(), seen_.end(), schema) != seen_.end();
+    seen_.push_back(schema);
+    return was_seen;
+  }
+
+ private:
+  std::vector<const lysc_node*> seen_;
+  std::unordered_map<const lysc_node*, std::unordered_set<std::string_view>> entries_;  // by list, their keys
+};
+
 }  // namespace
+
+const char* key_value(const yfw_datatree* entry) {
+  const lysc_node* key = lysc_node_child(info_of(entry).schema);
+  const lyd_node* child = lysc_is_key(key) ? lyd_child(info_of(entry).data) : nullptr;
+  while (child != nullptr && std::strcmp(name_of(child), key->name) != 0) {
+    child = child->next;
+  }
+  const char* value = child == nullptr ? nullptr : lyd_get_value(child);
+  return value == nullptr || value[0] == '\0' ? nullptr : value;
+}
+
+bool names_entry(const yfw_datatree* leaf) {
+  const lysc_node* schema = info_of(leaf).schema;
+  const lysc_node* entry = schema->parent == nullptr ? nullptr : schema->parent->parent;
+  if (lysc_is_key(schema) || entry == nullptr || entry->nodetype != LYS_LIST) {
+    return lysc_is_key(schema);
+  }
+  const lysc_node* key = lys_find_child(entry, entry->module, schema->name, 0, 0, 0);
+  return key != nullptr && lysc_is_key(key);
+}
+
+void refuse_delete_of_name(const yfw_datatree* leaf) {
+  throw Refusal(node_path(leaf) + ": goes with its list entry, and cannot be deleted alone");
+}
 
 std::string node_path(const yfw_datatree* node) {
   std::vector<const NodeInfo*> chain;
@@ -138,19 +189,12 @@ void RequestTree::append(yfw_datatree* parent, const lyd_node* data, const lysc_
 
 void RequestTree::append_children(size_t index) {
   const size_t first = nodes_.size();
-  // At most as many as the schema has nodes here, as a second one is refused.
-  std::vector<const lysc_node*> seen;
+  Siblings siblings;
   for (const lyd_node* child = lyd_child(infos_[index].data); child != nullptr; child = child->next) {
     append(&nodes_[index], child, child->schema);
-    const lysc_node* schema = infos_.back().schema;
-    // A second key leaf is for the module to refuse.
-    if (schema->nodetype == LYS_LIST || lysc_is_key(schema)) {
-      continue;
-    }
-    if (std::find(seen.begin(), seen.end(), schema) != seen.end()) {
+    if (siblings.is_again(&nodes_.back())) {
       throw Refusal(node_path(&nodes_.back()) + ": named twice");
     }
-    seen.push_back(schema);
   }
   if (nodes_[index].operation == YFW_OPERATION_REPLACE && infos_[index].schema->nodetype == LYS_LIST) {
     move_replace_to_config(index, first);
@@ -194,6 +238,9 @@ void RequestTree::fill(size_t index) {
   node.ns = info.schema->module->ns;
   node.operation = operation_of(node, info);
   if ((info.schema->nodetype & LYD_NODE_TERM) != 0) {
+    if (deletes(node.operation) && names_entry(&node) && !lysc_is_key(info.schema)) {
+      refuse_delete_of_name(&node);
+    }
     fill_leaf(node, info);
   } else if (opaque != nullptr && opaque->value[0] != '\0') {
     throw Refusal(node_path(&node) + ": takes no value");
@@ -213,8 +260,7 @@ void RequestTree::fill_leaf(yfw_datatree& node, const NodeInfo& info) {
   // Every list of the served model is keyed by an interface.
   if (lysc_is_key(info.schema) && std::strlen(value) > kMaxInterfaceName) {
     const NodeInfo& entry = info_of(info.parent);
-    throw Refusal(node_path(entry.parent) + "/" + entry.schema->name + "/" + info.schema->name +
-                  ": an interface name has at most " + std::to_string(kMaxInterfaceName) + " characters");
+    throw Refusal(node_path(entry.parent) + "/" + entry.schema->name + "/" + info.schema->name + ": " + kNameTooLong);
   }
   node.value = value;
   node.flags |= YFW_FLAG_VALUE;

@@ -25,6 +25,16 @@ inline const NodeInfo& info_of(const yfw_datatree* node) {
 // stands there bare.
 std::string node_path(const yfw_datatree* node);
 
+// The key of a list entry as the request has it; null when it names none. Lists of a served model have one key.
+const char* key_value(const yfw_datatree* entry);
+
+// Whether a leaf says which list entry it is in: it is the key, or the leaf of a container of the entry that the key
+// refers to.
+bool names_entry(const yfw_datatree* leaf);
+
+// Throws the Refusal of a delete of such a leaf that is not the key.
+[[noreturn]] void refuse_delete_of_name(const yfw_datatree* leaf);
+
 // Owns the nodes of one request, in breadth-first order, so that children stand side by side. Texts are borrowed from
 // the libyang tree, which this owns too.
 //
@@ -34,8 +44,9 @@ std::string node_path(const yfw_datatree* node);
 class RequestTree {
  public:
   // Takes `data`, a tree with one top node, read against `context`. Refuses what libyang let pass as opaque although
-  // the schema does not know it, values that their types do not take, doubled nodes, attributes other than the edit
-  // operation, and interface names that the platform's buffers do not hold. Throws Refusal.
+  // the schema does not know it, values that their types do not take, doubled nodes and list entries, attributes other
+  // than the edit operation, interface names that the platform's buffers do not hold, and the delete of the leaf that a
+  // key refers to, which goes with its entry. Throws Refusal.
   RequestTree(const ly_ctx* context, TreePtr data);
 
   RequestTree(const RequestTree&) = delete;

@@ -7,13 +7,13 @@ namespace oclacp::host {
 InterfaceDirectory::InterfaceDirectory(const std::vector<Interface>& inventory,
                                        const ActiveConfiguration& configuration)
     : inventory_(inventory) {
+  for (const auto& [element, name] : configuration.elements()) {
+    display_names_.emplace(element, name);
+  }
   for (size_t index = 0; index < inventory.size(); ++index) {
     const std::string form = entry_form(inventory[index].name);
     numbers_.emplace(form, static_cast<uint32_t>(index + 1));
     display_names_.emplace(form, inventory[index].name);
-  }
-  for (const std::string_view name : configuration.names()) {
-    display_names_.emplace(entry_form(name), name);
   }
 }
 

@@ -20,7 +20,7 @@ class InterfaceDirectory {
   [[nodiscard]] uint32_t find(std::string_view name) const;
   [[nodiscard]] const Interface& at(uint32_t number) const { return inventory_[number - 1]; }
 
-  // The name as people write it, by its entry form; the entry form itself for an unknown interface.
+  // The name as people write it, by the data store's element or by its entry form; the same text for an unknown one.
   [[nodiscard]] std::string_view display_name(std::string_view name) const;
 
  private:

@@ -8,8 +8,11 @@
 
 namespace oclacp::host {
 
-// The interface manager's buffers hold 64 characters with the terminator.
+// The interface manager's buffers hold 64 bytes with the terminator.
 inline constexpr std::size_t kMaxInterfaceName = 63;
+
+// Why a longer name is refused. Models count characters, of which one may take several bytes.
+inline constexpr const char* kNameTooLong = "an interface name has at most 63 bytes";
 
 // The form in which a name stands in a data-store path: each '/' becomes '_'.
 inline std::string entry_form(std::string_view name) {

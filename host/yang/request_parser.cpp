@@ -10,10 +10,17 @@
 namespace oclacp::host {
 namespace {
 
+// libyang reads [null] and numbers in the place of a text as far as its type, and tells of an encoding.
+std::string reworded(const std::string& complaint) {
+  const size_t reason = complaint.find("Invalid non-string-encoded string value");
+  return reason == std::string::npos ? complaint
+                                     : complaint.substr(0, reason) + "takes a text in quotes, no number and no [null]";
+}
+
 TreePtr parse(const ly_ctx* context, const std::string& text, LYD_FORMAT format) {
   lyd_node* tree = nullptr;
   if (lyd_parse_data_mem(context, text.c_str(), format, LYD_PARSE_ONLY | LYD_PARSE_OPAQ, 0, &tree) != LY_SUCCESS) {
-    throw Refusal(last_complaint(context, "the request"));
+    throw Refusal(reworded(last_complaint(context, "the request")));
   }
   if (tree == nullptr) {
     throw Refusal("the request: names no node");

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/refusal.h"
-#include "host/yang/request_parser.h"
+#include "host/yang/schemas.h"
 
 namespace oclacp::host {
 namespace {
@@ -30,8 +30,14 @@ class PathParser {
         top.reset(node);
       }
     }
+    last_ = node;
     return top;
   }
+
+  // The node that the path leads to, once it is parsed.
+  [[nodiscard]] lyd_node* last() const { return last_; }
+  // Whether it is one that a predicate has named, and given its value.
+  [[nodiscard]] bool ends_at_predicate() const { return ends_at_predicate_; }
 
  private:
   [[noreturn]] void refuse(const std::string& reason) const {
@@ -58,6 +64,15 @@ class PathParser {
       reinterpret_cast<lyd_node_opaq*>(made)->hints = LYD_VALHINT_EMPTY;
     }
     return made;
+  }
+
+  // A step may lead to a child that a predicate has named.
+  static lyd_node* find_child(const lyd_node* above, const std::string& name) {
+    lyd_node* child = lyd_child(above);
+    while (child != nullptr && name != reinterpret_cast<lyd_node_opaq*>(child)->name.name) {
+      child = child->next;
+    }
+    return child;
   }
 
   std::string take_name() {
@@ -89,7 +104,11 @@ class PathParser {
         children.emplace_back(std::move(child), std::move(value));
       }
     }
-    lyd_node* node = make(above, name, has_value ? &own_value : nullptr);
+    lyd_node* node = has_value ? nullptr : find_child(above, name);
+    ends_at_predicate_ = node != nullptr;
+    if (node == nullptr) {
+      node = make(above, name, has_value ? &own_value : nullptr);
+    }
     for (const auto& [child, value] : children) {
       make(node, child, &value);
     }
@@ -123,14 +142,39 @@ class PathParser {
   std::string_view path_;
   std::string module_;
   size_t at_ = 0;
+  lyd_node* last_ = nullptr;
+  bool ends_at_predicate_ = false;
 };
 
 }  // namespace
 
 RequestTree parse_path(const ly_ctx* context, const std::string& path) {
-  RequestTree tree(context, PathParser(context, path).parse());
+  PathParser parser(context, path);
+  TreePtr data = parser.parse();
+  // Asked for like this it would mean all of its entry.
+  if (parser.ends_at_predicate()) {
+    throw Refusal("the path '" + path + "': leads to a node that is given its value already");
+  }
+  RequestTree tree(context, std::move(data));
   require_served_top(tree);
   return tree;
+}
+
+ParsedRequest parse_delete_path(const ly_ctx* context, const std::string& path) {
+  PathParser parser(context, path);
+  TreePtr data = parser.parse();
+  if (lyd_new_attr(parser.last(), operation_module(context)->name, "ietf-netconf:operation", "delete", nullptr) !=
+      LY_SUCCESS) {
+    throw Refusal(last_complaint(context, "the path '" + path + "'"));
+  }
+  RequestTree tree(context, std::move(data));
+  require_served_top(tree);
+  for (const yfw_datatree& node : tree.nodes()) {
+    if (node.value != nullptr && !lysc_is_key(info_of(&node).schema)) {
+      throw Refusal("the path '" + path + "': only list keys may be given values in a delete");
+    }
+  }
+  return {LYD_JSON, std::move(tree)};
 }
 
 }  // namespace oclacp::host

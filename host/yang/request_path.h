@@ -4,6 +4,7 @@
 #include <string>
 
 #include "host/framework/request_tree.h"
+#include "host/yang/request_parser.h"
 
 namespace oclacp::host {
 
@@ -12,5 +13,8 @@ namespace oclacp::host {
 // module than the one above, and not at the top. A predicate gives a child its value; "[.='FAST']" behind a leaf is the
 // leaf's own. A list without predicates stands for all its entries. Throws Refusal.
 RequestTree parse_path(const ly_ctx* context, const std::string& path);
+
+// The request that deletes the node of such a path; of children only list keys are given values in it. Throws Refusal.
+ParsedRequest parse_delete_path(const ly_ctx* context, const std::string& path);
 
 }  // namespace oclacp::host

@@ -30,7 +30,7 @@ INSTANTIATE_TEST_SUITE_P(Shipped, BadExamples, testing::Values(
     BadExample{"delete-lacp-with-children.json", "/openconfig-lacp:lacp: a container that is deleted may not name children (code 0xaaf2a000)\n"},
     BadExample{"empty.json", "the request: empty\n"},
     BadExample{"key-disagrees.json", "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether3']/config/name: 'Bundle-Ether4' differs from the list key that refers to it\n"},
-    BadExample{"long-name.json", "/openconfig-lacp:lacp/interfaces/interface/name: an interface name has at most 63 characters\n"},
+    BadExample{"long-name.json", "/openconfig-lacp:lacp/interfaces/interface/name: an interface name has at most 63 bytes\n"},
     BadExample{"malformed.json", "the request (line 2): the document ends early\n"},
     BadExample{"malformed.xml", "/openconfig-lacp:lacp/config (line 1): Opening (\"config\") and closing (\"lacp\") elements tag mismatch\n"},
     BadExample{"no-key.json", "/openconfig-lacp:lacp/interfaces/interface/name: the list entry must name its key exactly once, with a value (error tag 'name', code 0xaaf2f000)\n"},
@@ -73,7 +73,7 @@ TEST(BadInput, DocumentsOf10000LevelsAreRefused) {
 
 TEST(BadInput, NamesOf300CharactersAreRefused) {
   expect_refusal(translate(interface(R"("name": ")" + std::string(300, 'x') + "\"")),
-                 "/openconfig-lacp:lacp/interfaces/interface/name: an interface name has at most 63 characters");
+                 "/openconfig-lacp:lacp/interfaces/interface/name: an interface name has at most 63 bytes");
 }
 
 TEST(BadInput, AnEntryWithoutAnythingIsRefused) {
@@ -110,7 +110,7 @@ TEST(BadFiles, AnUnreadableDeviceIsRefused) {
   // A folder in the place of the file: not even root can read that.
   const auto folder = std::filesystem::temp_directory_path() / ("oclacp-" + std::to_string(getpid()));
   std::filesystem::create_directories(folder / "platform.json");
-  expect_refusal(translate("{}", {"-d", folder}), "/platform.json: Is a directory");
+  expect_refusal(translate("{}", {"-d", folder}), "/platform.json: is no regular file");
   std::filesystem::remove_all(folder);
 }
 

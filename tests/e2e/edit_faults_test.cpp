@@ -8,6 +8,7 @@
 #include <sys/prctl.h>
 #include <sys/ptrace.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -190,7 +191,6 @@ void fail_call(unsigned number, int error) {
 
 TEST_F(Faults, WithoutRoomTheOldConfigurationStays) {
   const std::string said = complaint([] {
-    signal(SIGXFSZ, SIG_IGN);
     const rlimit limit = {1000, 1000};
     setrlimit(RLIMIT_FSIZE, &limit);
   });
@@ -206,6 +206,21 @@ TEST_F(Faults, AFolderThatCannotBeWrittenToIsTold) {
   });
   std::filesystem::permissions(path(), std::filesystem::perms(0755));
   EXPECT_EQ(said, "oclacp: " + path() + "/running.json: cannot be replaced and stays as it is: Permission denied\n");
+}
+
+TEST_F(Faults, AFolderThatCannotBeReadIsTold) {
+  std::filesystem::permissions(path(), std::filesystem::perms(0333));
+  const pid_t process = start_edit(
+      path(), request_,
+      [] {
+        prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE, 0, 0, 0);
+        prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH, 0, 0, 0);
+      },
+      other_.path() + "/messages");
+  const int status = wait_for(process);
+  std::filesystem::permissions(path(), std::filesystem::perms(0755));
+  EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 1) << status;
+  EXPECT_EQ(other_.read("messages"), "oclacp: " + path() + ": cannot be opened: Permission denied\n");
 }
 
 TEST_F(Faults, ADiskThatFailsIsTold) {
@@ -247,6 +262,22 @@ TEST_F(Faults, ABrokenConfigurationIsRefusedAndLeftAlone) {
       EXPECT_THAT(outcome.err, HasSubstr(path() + "/running.json"));
     }
     EXPECT_EQ(read(), content);
+  }
+}
+
+TEST_F(Faults, AConfigurationThatIsNoRegularFileIsRefused) {
+  for (const char* file : {"running.json", "platform.json"}) {
+    const std::string named = path() + "/" + file;
+    const std::string content = read(file);
+    std::filesystem::remove(named);
+    ASSERT_EQ(mkfifo(named.c_str(), 0600), 0);
+    expect_refusal(run({"edit", request_, "-d", path()}), named + ": is no regular file");
+    expect_refusal(run({"get", "-d", path(), "--config"}), named + ": is no regular file");
+    std::filesystem::remove(named);
+    std::filesystem::create_symlink("/dev/zero", named);
+    expect_refusal(run({"edit", request_, "-d", path()}), named + ": is no regular file");
+    std::filesystem::remove(named);
+    write(content, file);
   }
 }
 

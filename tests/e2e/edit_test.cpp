@@ -139,12 +139,73 @@ TEST_F(Device, DeletesTheInterfaceThatIsNamedAndNoneWhoseNameIsAPartOfIt) {
                    "than the request names, and is left alone");
 }
 
+TEST_F(Device, DeletesAnInterfaceWithSlashesInItsName) {
+  const std::string port = "/lacp/interfaces/interface[name='GigabitEthernet0/0/0/4']";
+  expect_success(edit(config_of("GigabitEthernet0/0/0/4", R"("lacp-mode": "ACTIVE")")));
+  const std::string with_lacp = read();
+  ASSERT_NE(with_lacp, before_);
+  expect_success(erase(port, {"--strict"}));
+  EXPECT_EQ(squeezed(read()), squeezed(before_));
+  before_ = read();
+  write(with_lacp);
+  const std::string remove = R"("@": {"ietf-netconf:operation": "remove"}, "name": "GigabitEthernet0/0/0/4")";
+  expect_success(edit(interface(remove + R"(, "config": {"name": "GigabitEthernet0/0/0/4"})")));
+  EXPECT_EQ(read(), before_);
+  expect_success(edit(interface(remove), {"--expect-no-change"}));
+  expect_unchanged(erase(port), "nothing to delete");
+}
+
+TEST_F(Device, TellsInterfacesApartThatDifferInTheirSlashes) {
+  const std::string port = "GigabitEthernet0/0/0/4";
+  const std::string other = "GigabitEthernet0_0_0_4";
+  expect_success(edit(config_of(port, R"("lacp-mode": "ACTIVE")")));
+  const std::string with_port = read();
+  expect_success(edit(config_of(other, R"("lacp-mode": "PASSIVE")")));
+  const std::string with_both = read();
+  expect_success(erase("/lacp/interfaces/interface[name='" + other + "']"));
+  EXPECT_EQ(edit(config_of(port, R"("lacp-mode": "ACTIVE")"), {"--expect-no-change"}).status, 0);
+  EXPECT_EQ(edit(config_of(other, R"("lacp-mode": "PASSIVE")"), {"--expect-no-change"}).status, 1);
+  write(with_both);
+  expect_success(erase("/lacp/interfaces/interface[name='" + port + "']"));
+  EXPECT_EQ(edit(config_of(port, R"("lacp-mode": "ACTIVE")"), {"--expect-no-change"}).status, 1);
+  EXPECT_EQ(edit(config_of(other, R"("lacp-mode": "PASSIVE")"), {"--expect-no-change"}).status, 0);
+  write(with_both);
+  expect_success(erase("/lacp"));
+  EXPECT_THAT(read(), Not(HasSubstr("bundlemgr-cfg:lacp")));
+}
+
+TEST_F(Device, DoesNotCreateWhatIsThere) {
+  const std::string create = R"("@": {"ietf-netconf:operation": "create"})";
+  const std::string there = ": cannot be created, the device has it already";
+  const auto lacp = [](const std::string& content) { return R"({"openconfig-lacp:lacp": {)" + content + "}}"; };
+  const auto entry = [&](const std::string& name) {
+    return interface(create + R"(, "name": ")" + name + R"(", "config": {"interval": "SLOW"})");
+  };
+  const auto config = [&](const std::string& name) {
+    return interface(R"("name": ")" + name + R"(", "config": {)" + create + R"(, "interval": "SLOW"})");
+  };
+  expect_unchanged(edit(lacp(create)), "/openconfig-lacp:lacp" + there);
+  expect_unchanged(edit(lacp(R"("config": {)" + create + "}")), "/openconfig-lacp:lacp/config" + there);
+  expect_unchanged(edit(lacp(R"("interfaces": {)" + create + "}")), "/interfaces" + there);
+  expect_unchanged(edit(entry("Bundle-Ether1")), "/interface[name='Bundle-Ether1']" + there);
+  expect_unchanged(edit(config("Bundle-Ether1")), "/interface[name='Bundle-Ether1']/config" + there);
+  // An interface without LACP is no entry.
+  expect_success(edit(entry("GigabitEthernet0/0/0/4")));
+  expect_success(edit(config("Bundle-Ether9")));
+  before_ = read();
+  expect_unchanged(edit(entry("Bundle-Ether9")), there);
+  expect_success(erase("/lacp"));
+  expect_success(edit(lacp(create + R"(, "config": {"system-priority": 5})")));
+}
+
 TEST_F(Device, DoesNotDeleteWhatIsNotThere) {
   expect_unchanged(erase(kBundle9), "nothing to delete");
   expect_unchanged(erase(std::string(kBundle9) + "/config/interval"), "cannot be deleted");
-  expect_unchanged(erase("/lacp/nonsense"), "/lacp/nonsense: Not found node \"nonsense\"");
-  expect_unchanged(erase("lacp"), "'lacp': a path begins with a slash");
+  expect_unchanged(erase("/lacp/nonsense"), "/openconfig-lacp:lacp/nonsense: no such node");
+  expect_unchanged(erase("lacp"), "the path 'lacp': '/' is missing behind ''");
+  expect_unchanged(erase("//"), "the path '//': names no node");
   expect_unchanged(erase(std::string(kBundle1) + "/name"), "a list key cannot be deleted");
+  expect_unchanged(erase(std::string(kBundle1) + "/config/name"), "/config/name: goes with its list entry");
   expect_unchanged(erase("/lacp/interfaces/interface"), "the list entry names no keys");
 }
 

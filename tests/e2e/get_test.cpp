@@ -93,7 +93,7 @@ TEST(Get, BadPathsAreRefused) {
   expect_refusal(get({"/lacp/interfaces/interface[name='a'][name='b']"}),
                  "the list entry must name its key exactly once");
   expect_refusal(get({"/lacp/interfaces/interface[name='" + std::string(300, 'x') + "']"}),
-                 "/name: an interface name has at most 63 characters\n");
+                 "/name: an interface name has at most 63 bytes\n");
 }
 
 TEST(Get, NeedsADeviceAndOneFormOfAnswer) {

@@ -50,18 +50,20 @@ TEST(Scaling, OfAReadIsLinear) {
   expect_linear("", {"--read", "all"});
 }
 
-// The shortest of three runs of a get from a device with so many interfaces, in seconds.
-class ScalingOfGet : public DeviceFolderTest {
+// Runs on a device with so many interfaces.
+class ScalingOnADevice : public DeviceFolderTest {
  protected:
-  double time_of(int count, const std::vector<std::string>& further_arguments) {
+  void fill(int count) const {
     std::string entries;
     for (int number = 1; number <= count; ++number) {
       entries += (number == 1 ? "" : ",") +
                  native_entry("Bundle-Ether" + std::to_string(number), R"("mode": "active", "period": 1000)");
     }
     write_running(entries);
-    std::vector<std::string> arguments = {"get", "-d", folder()};
-    arguments.insert(arguments.end(), further_arguments.begin(), further_arguments.end());
+  }
+
+  // The shortest of three runs, in seconds.
+  [[nodiscard]] static double time_of(const std::vector<std::string>& arguments) {
     double shortest = 1e9;
     for (int attempt = 0; attempt < 3; ++attempt) {
       const auto begin = std::chrono::steady_clock::now();
@@ -72,16 +74,54 @@ class ScalingOfGet : public DeviceFolderTest {
     }
     return shortest;
   }
+
+  // A dry run of an edit of all interfaces does all that an edit does, and leaves the device as it is for the next.
+  [[nodiscard]] double time_of_edit(int count, const std::string& content) const {
+    fill(count);
+    write_file("request.json", interfaces(count, content));
+    return time_of({"edit", folder() + "/request.json", "-d", folder(), "--dry-run"});
+  }
+
+  void expect_linear_edit(const std::string& content) const {
+    const double one = time_of_edit(1'000, content);
+    const double ten = time_of_edit(10'000, content);
+    EXPECT_LT(ten / one, 25) << one << " s for 1,000, " << ten << " s for 10,000 interfaces";
+  }
 };
 
-TEST_F(ScalingOfGet, IsLinear) {
-  for (const std::vector<std::string>& arguments :
+TEST_F(ScalingOnADevice, OfAGetIsLinear) {
+  for (const std::vector<std::string>& further :
        {std::vector<std::string>{}, {"--keep-going"}, {"--unmapped"}, {"--format", "table"}}) {
-    const double one = time_of(1'000, arguments);
-    const double ten = time_of(10'000, arguments);
-    EXPECT_LT(ten / one, 25) << testing::PrintToString(arguments) << ": " << one << " s for 1,000, " << ten
+    std::vector<std::string> arguments = {"get", "-d", folder()};
+    arguments.insert(arguments.end(), further.begin(), further.end());
+    fill(1'000);
+    const double one = time_of(arguments);
+    fill(10'000);
+    const double ten = time_of(arguments);
+    EXPECT_LT(ten / one, 25) << testing::PrintToString(further) << ": " << one << " s for 1,000, " << ten
                              << " s for 10,000 interfaces";
   }
+}
+
+TEST_F(ScalingOnADevice, OfAMergeIsLinear) {
+  expect_linear_edit(R"(, "config": {"interval": "SLOW", "lacp-mode": "PASSIVE"})");
+}
+
+TEST_F(ScalingOnADevice, OfAReplaceIsLinear) {
+  expect_linear_edit(R"(, "@": {"ietf-netconf:operation": "replace"}, "config": {"interval": "SLOW"})");
+}
+
+TEST_F(ScalingOnADevice, OfARemoveOfConfigIsLinear) {
+  expect_linear_edit(R"(, "config": {"@": {"ietf-netconf:operation": "remove"}})");
+}
+
+// The module compares each name with those of the data store one after the other, which is no more than a look at each.
+// What the store does for each search must not grow with the interfaces.
+TEST_F(ScalingOnADevice, OfDeletesOfEntriesIsNotMuchWorse) {
+  const std::string content = R"(, "@": {"ietf-netconf:operation": "delete"})";
+  const double one = time_of_edit(300, content);
+  const double ten = time_of_edit(3'000, content);
+  EXPECT_LT(ten / one, 25) << one << " s for 300, " << ten << " s for 3,000 interfaces";
 }
 
 }  // namespace

@@ -98,6 +98,51 @@ TEST_F(DeviceFolder, RefusesWhatIsInvalid) {
   EXPECT_THAT(opened(), testing::StartsWith(folder_.path() + "/running.json (line 1): "));
 }
 
+TEST_F(DeviceFolder, RefusesAttributesInData) {
+  const std::string attribute = R"("@": {"ietf-netconf:operation": "delete"})";
+  write(kPlatform, configuration(entry("act", "a", ", " + attribute)));
+  EXPECT_EQ(opened(), folder_.path() +
+                          "/running.json: /Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration"
+                          "[active='act'][interface-name='a']: carries the attribute 'operation', which data has not");
+  write(R"({"oclacp-platform:platform": {"router-type": 3, )" + attribute + "}}", "{}");
+  EXPECT_EQ(opened(), folder_.path() +
+                          "/platform.json: /oclacp-platform:platform: carries the attribute 'operation', "
+                          "which data has not");
+}
+
+TEST_F(DeviceFolder, RefusesTheDataOfAnotherFile) {
+  write(kPlatform, kPlatform);
+  EXPECT_EQ(opened(), folder_.path() + "/running.json: /oclacp-platform:platform: is no configuration or state");
+  write(R"({"oclacp-platform:platform": {"router-type": 3},
+            "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 5}})",
+        "{}");
+  EXPECT_EQ(opened(), folder_.path() +
+                          "/platform.json: /Talvo-Brin-QD-bundlemgr-cfg:lacp: is no part of the "
+                          "description of a device");
+}
+
+TEST_F(DeviceFolder, RefusesNamesThatAreTooLongInBytes) {
+  const auto repeated = [](const std::string& character, int count) {
+    std::string text;
+    for (int number = 0; number < count; ++number) {
+      text += character;
+    }
+    return text;
+  };
+  const std::string fits = repeated("\u00e9", 31) + "x";
+  write(kPlatform, configuration(entry("act", fits, kLacp)));
+  EXPECT_EQ(opened(), "accepted");
+  const std::string too_long = repeated("\u00e9", 32);
+  write(kPlatform, configuration(entry("act", too_long, kLacp)));
+  EXPECT_THAT(opened(), testing::AllOf(testing::StartsWith(folder_.path() + "/running.json: "),
+                                       testing::EndsWith("/interface-name: an interface name has at most 63 bytes")));
+  write(R"({"oclacp-platform:platform": {"router-type": 3, "interface": [{"name": ")" + too_long +
+            R"(", "type": "physical"}]}})",
+        "{}");
+  EXPECT_THAT(opened(), testing::AllOf(testing::StartsWith(folder_.path() + "/platform.json: "),
+                                       testing::EndsWith("/name: an interface name has at most 63 bytes")));
+}
+
 TEST_F(DeviceFolder, ItemsAreTheFilledContainersOfActiveInterfaces) {
   write(kPlatform,
         configuration(entry("act", "GigabitEthernet0/0/0/1", R"(, "description": "x",
@@ -113,6 +158,44 @@ TEST_F(DeviceFolder, TheLongestNamesComeFirst) {
                                  "," + entry("act", "Bundle-Ether10", kLacp)));
   EXPECT_THAT(find(".*/lacp/"),
               testing::ElementsAre("Bundle-Ether10/lacp/", "Bundle-Ether1/lacp/", "Bundle-Ether2/lacp/"));
+}
+
+TEST_F(DeviceFolder, NamesThatDifferInTheirSlashesHaveDifferentElements) {
+  write(kPlatform, configuration(entry("act", "Port0/1", kLacp) + "," + entry("act", "Port0_1", kLacp)));
+  const std::vector<std::string> items = find(".*/lacp/");
+  EXPECT_THAT(items, testing::ElementsAre("Port0_1_/lacp/", "Port0_1/lacp/"));
+  const DirectoryDevice device(schemas().native(), folder_.path());
+  const InstalledDevice installed(device);
+  const auto display_name = [](const char* element) {
+    std::array<char, 64> name{};
+    EXPECT_EQ(imc_display_namestring(element, name.data(), name.size(), 0), YFW_OK);
+    return std::string(name.data());
+  };
+  EXPECT_EQ(display_name("Port0_1"), "Port0_1");
+  EXPECT_EQ(display_name("Port0_1_"), "Port0/1");
+}
+
+TEST_F(DeviceFolder, AnItemThatIsCutIsWholeInTheNextList) {
+  write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp) + "," + entry("act", "Bundle-Ether2", kLacp)));
+  const DirectoryDevice device(schemas().native(), folder_.path());
+  const InstalledDevice installed(device);
+  sysdb_handle connection = nullptr;
+  ASSERT_EQ(_sysdb_bind(&connection, SYSDB_ACTIVE_INTERFACES, SYSDB_BIND_FLAGS), YFW_OK);
+  for (int turn = 0; turn < 2; ++turn) {
+    uint32_t count = 0;
+    sysdb_list_handle list = nullptr;
+    ASSERT_EQ(sysdb_find(connection, ".*/lacp/", "", &count, &list, SYSDB_FIND_FLAGS, 0), YFW_OK);
+    char* first = nullptr;
+    char* second = nullptr;
+    uint32_t ignored = 0;
+    ASSERT_EQ(sysdb_list_next(list, &first, &ignored, &ignored), YFW_OK);
+    EXPECT_STREQ(std::strtok(first, "/"), "Bundle-Ether1");
+    ASSERT_EQ(sysdb_list_next(list, &second, &ignored, &ignored), YFW_OK);
+    EXPECT_STREQ(second, "Bundle-Ether2/lacp/");
+    EXPECT_STREQ(first, "Bundle-Ether1");
+    EXPECT_EQ(sysdb_list_free(list), YFW_OK);
+  }
+  EXPECT_EQ(_sysdb_unbind(connection), YFW_OK);
 }
 
 TEST_F(DeviceFolder, PatternsMatchWholeItems) {

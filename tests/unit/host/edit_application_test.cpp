@@ -147,6 +147,18 @@ TEST_F(EditApplicationTest, AnotherInterfaceThanTheRequestNamesIsLeftAlone) {
   expect_refusal(device, "[interface-name='b']: belongs to another interface");
 }
 
+TEST_F(EditApplicationTest, ANameThatDiffersInItsSlashesIsAnotherInterface) {
+  RequestTree request = parse(interface(R"("name": "b_1", "config": {"interval": "FAST"})"));
+  const yfw_datatree* entry = find(request, {"interfaces", "interface"});
+  yfw_datatree* source = find(request, {"interfaces", "interface", "config", "interval"});
+  source->operation = YFW_OPERATION_REMOVE;
+  open(edit_, "b/1", entry);
+  EXPECT_EQ(add_lacp(edit_, "", nullptr, source), YFW_OK);
+  const KeptDevice device(R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [
+      {"active": "act", "interface-name": "b/1", "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": "active"}}]}})");
+  expect_refusal(device, "[interface-name='b/1']: belongs to another interface");
+}
+
 TEST_F(EditApplicationTest, TheDeviceStaysAsItIs) {
   const KeptDevice device(lacp_of_a(R"("mode": "active")"));
   const std::string before = print_tree(schemas().native(), device.running(), LYD_JSON);

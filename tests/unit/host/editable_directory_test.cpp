@@ -1,7 +1,11 @@
 #include "host/datastore/editable_directory.h"
 
+#include <grp.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <array>
 #include <filesystem>
 
 #include "host/datastore/directory_lock.h"
@@ -70,11 +74,81 @@ TEST_F(EditableDirectoryTest, ALinkStaysALink) {
   EXPECT_THAT(read_text_file(elsewhere.path() + "/configuration"), testing::Not(HasSubstr("active")));
 }
 
+TEST_F(EditableDirectoryTest, DevicesThatShareAFileByALinkAreEditedOneAtATime) {
+  const TemporaryFolder elsewhere;
+  fs::rename(file_, elsewhere.path() + "/running.json");
+  fs::create_symlink(elsewhere.path() + "/running.json", file_);
+  const EditableDirectory first(schemas().native(), folder_.path());
+  EXPECT_THAT(refusal_of([&] { const DirectoryLock second(elsewhere.path(), std::chrono::seconds(0)); }),
+              HasSubstr("the device is busy"));
+}
+
+TEST_F(EditableDirectoryTest, AFileThatBecomesALinkMeanwhileIsNotReplaced) {
+  const TemporaryFolder elsewhere;
+  EditableDirectory directory(schemas().native(), folder_.path());
+  fs::rename(file_, elsewhere.path() + "/running.json");
+  fs::create_symlink(elsewhere.path() + "/running.json", file_);
+  EXPECT_EQ(refusal_of([&] { directory.commit(running("{}").get()); }),
+            file_ + ": became a link to another file meanwhile, and stays as it is");
+  EXPECT_THAT(read_text_file(file_), HasSubstr("active"));
+}
+
 TEST_F(EditableDirectoryTest, WhatACrashLeftAsideIsOverwritten) {
   folder_.write("running.json.new", std::string(100000, 'x'));
   commit("{}");
   EXPECT_THAT(read_text_file(file_), testing::Not(HasSubstr("x")));
   EXPECT_FALSE(fs::exists(file_ + ".new"));
+}
+
+TEST_F(EditableDirectoryTest, ASecondNameOfTheFileIsNotWrittenTo) {
+  fs::create_hard_link(file_, file_ + ".new");
+  const TemporaryFolder elsewhere;
+  const std::string kept = elsewhere.path() + "/kept";
+  fs::create_hard_link(file_, kept);
+  const std::string before = read_text_file(file_);
+  commit("{}");
+  EXPECT_EQ(read_text_file(kept), before);
+}
+
+TEST_F(EditableDirectoryTest, WhatIsInTheWayOfTheNewFileIsNamedAndLeftAlone) {
+  const std::string before = read_text_file(file_);
+  const std::string aside = file_ + ".new";
+  const std::array<void (*)(const std::string&), 3> obstacles = {
+      [](const std::string& name) { fs::create_directory(name); },
+      [](const std::string& name) { fs::create_symlink("/no/such", name); },
+      [](const std::string& name) { ASSERT_EQ(mkfifo(name.c_str(), 0600), 0); }};
+  for (const auto obstacle : obstacles) {
+    obstacle(aside);
+    EXPECT_EQ(refusal_of([&] { commit("{}"); }),
+              aside + ": is no regular file, and in the way of the new content of " + file_ + ", which stays as it is");
+    EXPECT_EQ(read_text_file(file_), before);
+    EXPECT_TRUE(fs::remove(aside));
+  }
+}
+
+TEST_F(EditableDirectoryTest, TheFileOfAnotherUserKeepsItsGroupWhenTheWriterIsOfIt) {
+  if (geteuid() != 0) {
+    GTEST_SKIP() << "only root can give a file to another user";
+  }
+  constexpr uid_t kOther = 12345;
+  constexpr gid_t kShared = 23456;
+  ASSERT_EQ(chown(file_.c_str(), kOther, kShared), 0);
+  fs::permissions(file_, fs::perms(0664));
+  fs::permissions(folder_.path(), fs::perms(0777));
+  const pid_t writer = fork();
+  if (writer == 0) {
+    constexpr uid_t kWriter = 34567;
+    const bool is_writer = setgroups(1, &kShared) == 0 && setgid(kWriter) == 0 && setuid(kWriter) == 0;
+    _exit(is_writer && refusal_of([&] { replace_file(file_, "{}"); }) == "accepted" ? 0 : 1);
+  }
+  int status = 0;
+  ASSERT_EQ(waitpid(writer, &status, 0), writer);
+  ASSERT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+  struct stat replaced {};
+  ASSERT_EQ(stat(file_.c_str(), &replaced), 0);
+  EXPECT_EQ(replaced.st_gid, kShared);
+  EXPECT_EQ(replaced.st_uid, 34567U);
+  EXPECT_EQ(replaced.st_mode & ALLPERMS, 0664U);
 }
 
 TEST_F(EditableDirectoryTest, OneEditsAtATime) {

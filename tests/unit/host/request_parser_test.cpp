@@ -187,11 +187,18 @@ TEST(RequestParser, RefusesASecondTopNode) {
             "/openconfig-lacp:lacp: a request has one top node, this one has more");
 }
 
+TEST(RequestParser, ATextIsNeitherANumberNorNothing) {
+  for (const char* value : {"[null]", "5"}) {
+    EXPECT_THAT(parsed(interface(R"("name": "a", "config": {"name": )" + std::string(value) + "}")),
+                testing::EndsWith("/config/name (line 1): takes a text in quotes, no number and no [null]"));
+  }
+}
+
 TEST(RequestParser, BoundsInterfaceNames) {
   EXPECT_EQ(parsed(interface(R"("name": ")" + std::string(63, 'x') + "\"")), "accepted");
   for (const size_t length : {64U, 300U}) {
     EXPECT_EQ(parsed(interface(R"("name": ")" + std::string(length, 'x') + "\"")),
-              "/openconfig-lacp:lacp/interfaces/interface/name: an interface name has at most 63 characters");
+              "/openconfig-lacp:lacp/interfaces/interface/name: an interface name has at most 63 bytes");
   }
 }
 

@@ -80,7 +80,73 @@ TEST(RequestPath, BadPredicatesAreRefused) {
   EXPECT_EQ(refused(list + "/config/interval[.='MEDIUM']"),
             "/openconfig-lacp:lacp/interfaces/interface/config/interval: Invalid enumeration value \"MEDIUM\"");
   EXPECT_THAT(refused(list + "[name='" + std::string(300, 'x') + "']"),
-              testing::HasSubstr("an interface name has at most 63 characters"));
+              testing::HasSubstr("an interface name has at most 63 bytes"));
+}
+
+TEST(RequestPath, AKeyThatIsGivenItsValueIsNoNodeToAskFor) {
+  const std::string path = "/lacp/interfaces/interface[name='x']/name";
+  EXPECT_EQ(refused(path), "the path '" + path + "': leads to a node that is given its value already");
+}
+
+// ---- The same paths as deletes -------------------------------------------------------------------------------------
+
+RequestTree parse_delete(const std::string& path) {
+  return parse_delete_path(schemas().request(), path).tree;
+}
+
+// The paths of the nodes that carry a delete.
+std::vector<std::string> deleted_by(const std::string& path) {
+  RequestTree tree = parse_delete(path);
+  std::vector<std::string> deleted;
+  for (const yfw_datatree& node : tree.nodes()) {
+    if (node.operation == YFW_OPERATION_DELETE) {
+      deleted.push_back(node_path(&node));
+    }
+  }
+  return deleted;
+}
+
+TEST(DeletePath, DeletesTheLastNode) {
+  for (const char* path :
+       {"/lacp", "/lacp/config", "/lacp/config/system-priority", "/lacp/interfaces",
+        "/lacp/interfaces/interface[name='Bundle-Ether1']", "/lacp/interfaces/interface[name='Bundle-Ether1']/config",
+        "/lacp/interfaces/interface[name='Bundle-Ether1']/name",
+        "/lacp/interfaces/interface[name='Bundle-Ether1']/config/interval"}) {
+    const std::string full = "/openconfig-lacp:" + std::string(path).substr(1);
+    EXPECT_THAT(deleted_by(path), testing::ElementsAre(full));
+    EXPECT_THAT(deleted_by(full), testing::ElementsAre(full));
+    EXPECT_THAT(deleted_by(full + "/"), testing::ElementsAre(full));
+  }
+}
+
+TEST(DeletePath, ADeletedLeafHasNoValue) {
+  RequestTree tree = parse_delete("/lacp/config/system-priority");
+  EXPECT_EQ(find(tree, {"config", "system-priority"})->flags & YFW_FLAG_VALUE, 0U);
+}
+
+TEST(DeletePath, AKeyMayHoldSlashesColonsAndQuotes) {
+  EXPECT_THAT(deleted_by("/lacp/interfaces/interface[name='Gig0/0/0/0:1']/config"),
+              testing::ElementsAre("/openconfig-lacp:lacp/interfaces/interface[name='Gig0/0/0/0:1']/config"));
+  EXPECT_THAT(deleted_by(R"(/lacp/interfaces/interface[ name = "it's" ])"),
+              testing::ElementsAre(R"(/openconfig-lacp:lacp/interfaces/interface[name="it's"])"));
+}
+
+TEST(DeletePath, OnlyKeysAreGivenValues) {
+  for (const char* path : {"/lacp/config/system-priority[.='5']", "/lacp/config[system-priority='5']",
+                           "/lacp/interfaces/interface[name='a']/config[interval='FAST']/lacp-mode"}) {
+    EXPECT_EQ(refusal_of([&] { parse_delete(path); }),
+              "the path '" + std::string(path) + "': only list keys may be given values in a delete");
+  }
+}
+
+TEST(DeletePath, IsRefusedLikeAnyOtherPath) {
+  for (const char* path :
+       {"", "/", "//", "lacp", "//lacp", "/lacp//interval", "/lacp/*", "/lacp/colour", "/other:lacp",
+        "/lacp/interfaces/interface[name='a'", "/lacp/interfaces/interface[1]/config", "/lacp or /lacp"}) {
+    const std::string reason = refused(path);
+    EXPECT_NE(reason, "accepted") << path;
+    EXPECT_EQ(refusal_of([&] { parse_delete(path); }), reason);
+  }
 }
 
 }  // namespace

@@ -66,5 +66,39 @@ TEST(RequestTreeTest, EveryReplacedEntryGetsItsConfigInPlace) {
   }
 }
 
+TEST(RequestTreeTest, AnEntryThatIsNamedTwiceIsRefused) {
+  const auto refused = [](const std::string& entries) {
+    return refusal_of([&] { parse(lacp(R"("interfaces": {"interface": [)" + entries + "]}")); });
+  };
+  EXPECT_EQ(refused(R"({"name": "a"}, {"name": "b"}, {"name": "a"})"),
+            "/openconfig-lacp:lacp/interfaces/interface[name='a']: named twice");
+  EXPECT_EQ(refused(R"({"name": "a"}, {"name": "A"}, {"name": "aa"})"), "accepted");
+  // The module refuses these for another reason.
+  EXPECT_EQ(refused("{}, {}"), "accepted");
+}
+
+TEST(RequestTreeTest, TheNameOfAnEntryIsNotDeletedAlone) {
+  for (const char* operation : {"delete", "remove"}) {
+    EXPECT_EQ(
+        refusal_of([&] {
+          parse(interface(R"("name": "a", "config": {"name": "a", "@name": {"ietf-netconf:operation": ")" +
+                          std::string(operation) + R"("}})"));
+        }),
+        "/openconfig-lacp:lacp/interfaces/interface[name='a']/config/name: goes with its list entry, and cannot be "
+        "deleted alone");
+  }
+}
+
+TEST(RequestTreeTest, TheKeyAndTheLeafThatItRefersToNameTheirEntry) {
+  RequestTree tree = parse(lacp(R"("config": {"system-priority": 5},
+                                   "interfaces": {"interface": [{"name": "a", "config": {"name": "a",
+                                                                                         "interval": "FAST"}}]})"));
+  EXPECT_TRUE(names_entry(find(tree, {"interfaces", "interface", "name"})));
+  EXPECT_TRUE(names_entry(find(tree, {"interfaces", "interface", "config", "name"})));
+  EXPECT_FALSE(names_entry(find(tree, {"interfaces", "interface", "config", "interval"})));
+  EXPECT_FALSE(names_entry(find(tree, {"config", "system-priority"})));
+  EXPECT_STREQ(key_value(find(tree, {"interfaces", "interface"})), "a");
+}
+
 }  // namespace
 }  // namespace oclacp::host

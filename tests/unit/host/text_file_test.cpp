@@ -1,5 +1,7 @@
 #include "host/text_file.h"
 
+#include <sys/stat.h>
+
 #include <atomic>
 #include <chrono>
 #include <thread>
@@ -28,6 +30,27 @@ TEST(TextFile, RefusesWhatCannotBeRead) {
   const TemporaryFolder folder;
   EXPECT_EQ(refusal_of([] { read_text_file("/no/such"); }), "/no/such: No such file or directory");
   EXPECT_EQ(refusal_of([&] { read_text_file(folder.path()); }), folder.path() + ": Is a directory");
+}
+
+TEST(RegularFile, IsReadWhole) {
+  const TemporaryFolder folder;
+  folder.write("file", "content");
+  std::filesystem::create_symlink("file", folder.path() + "/link");
+  EXPECT_EQ(read_regular_file(folder.path() + "/file"), "content");
+  EXPECT_EQ(read_regular_file(folder.path() + "/link"), "content");
+  EXPECT_EQ(refusal_of([] { read_regular_file("/no/such"); }), "/no/such: No such file or directory");
+}
+
+TEST(RegularFile, IsNoPipeAndNoDevice) {
+  const TemporaryFolder folder;
+  const std::string pipe = folder.path() + "/pipe";
+  const std::string link = folder.path() + "/link";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::filesystem::create_symlink("/dev/zero", link);
+  for (const std::string& file : {pipe, link, folder.path()}) {
+    EXPECT_EQ(refusal_of([&] { read_regular_file(file); }), file + ": is no regular file");
+    EXPECT_EQ(refusal_of([&] { read_settled_file(file); }), file + ": is no regular file");
+  }
 }
 
 TEST(SettledFile, IsReadWhole) {

@@ -58,6 +58,30 @@ TEST_F(TranslatorTest, DefaultDeleteLeavesNodesWithAnOperationAndWhatIsInThem) {
   EXPECT_EQ(translated(request, options), translated(request));
 }
 
+TEST_F(TranslatorTest, DefaultDeleteTakesTheNameOfAnEntryForNoMoreThanThat) {
+  TranslateOptions options;
+  options.operation = DefaultOperation::kDelete;
+  EXPECT_EQ(translated(interface(R"("name": "Bundle-Ether1", "config": {"name": "Bundle-Ether1", "interval": [null]})"),
+                       options),
+            translated(interface(R"("name": "Bundle-Ether1", "config": {"interval": [null]})"), options));
+  EXPECT_THAT(refused(interface(R"("name": "Bundle-Ether1", "config": {"name": "Bundle-Ether1"})"), options),
+              testing::EndsWith("/config/name: goes with its list entry, and cannot be deleted alone"));
+}
+
+TEST_F(TranslatorTest, StrictRefusesTheSubInterfaceThatAReadDoesNotShow) {
+  TranslateOptions options;
+  const std::string request = interface(R"("name": "Bundle-Ether1.10", "config": {"lacp-mode": "ACTIVE"})");
+  EXPECT_EQ(refused(request, options), "accepted");
+  options.is_strict = true;
+  EXPECT_EQ(refused(request, options),
+            "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether1.10']: is a sub-interface, whose LACP would "
+            "not be read back");
+  EXPECT_EQ(refused(interface(R"("name": "Bundle-Ether1.10", "config": {"interval": [null], "@interval":
+                              {"ietf-netconf:operation": "remove"}})"),
+                    options),
+            "accepted");
+}
+
 TEST_F(TranslatorTest, DefaultReplaceReplacesTheTop) {
   TranslateOptions options;
   options.operation = DefaultOperation::kReplace;
