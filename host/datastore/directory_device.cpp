@@ -13,6 +13,19 @@
 namespace oclacp::host {
 namespace {
 
+// Why a text is not taken. While libyang reads a text it names a node without what is around it yet, if it complains of
+// more than the node itself; of a tree that it has read as it is, it knows all.
+std::string complaint_of(const ly_ctx* context, const std::string& text, uint32_t validation) {
+  std::string complaint = last_complaint(context, "not usable");
+  lyd_node* tree = nullptr;
+  if (lyd_parse_data_mem(context, text.c_str(), LYD_JSON, LYD_PARSE_STRICT | LYD_PARSE_ONLY, 0, &tree) == LY_SUCCESS &&
+      lyd_validate_all(&tree, context, validation, nullptr) != LY_SUCCESS) {
+    complaint = last_complaint(context, "not usable");
+  }
+  lyd_free_all(tree);
+  return complaint;
+}
+
 // `validation`: libyang's options for it.
 TreePtr parse_tree(const ly_ctx* context, const std::string& file, const std::string& text, uint32_t validation,
                    DataKind kind = DataKind::kNative) {
@@ -20,7 +33,7 @@ TreePtr parse_tree(const ly_ctx* context, const std::string& file, const std::st
   check_json_document(text, file);
   lyd_node* tree = nullptr;
   if (lyd_parse_data_mem(context, text.c_str(), LYD_JSON, LYD_PARSE_STRICT, validation, &tree) != LY_SUCCESS) {
-    throw Refusal(file + ": " + last_complaint(context, "not usable"));
+    throw Refusal(file + ": " + complaint_of(context, text, validation));
   }
   TreePtr data(tree);
   check_data(tree, kind, file + ": ");

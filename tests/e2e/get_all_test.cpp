@@ -222,9 +222,10 @@ TEST_F(GetAllFrom, BadOperationalDataIsRefusedWithFileAndPath) {
   expect_refusal(get(), "bundle-interface");
   write_bundles(
       bundle("Bundle-Ether1", R"("members": {"member": [{"member-interface": "p"}, {"member-interface": "p"}]})"));
-  expect_refusal(get(), "member[member-interface='p']");
+  expect_refusal(get(),
+                 "/bundles/bundle[bundle-interface='Bundle-Ether1']/members/member[member-interface='p']: Duplicate");
   write_bundles(bundle("a", "") + "," + bundle("a", ""));
-  expect_refusal(get(), "bundle[bundle-interface='a']");
+  expect_refusal(get(), "lacp-bundles/bundles/bundle[bundle-interface='a']: Duplicate");
   write_bundles(bundle(std::string(300, 'x'), ""));
   expect_refusal(get(), "bundle-interface");
   write_bundles(bundle("a", R"("colour": "red")"));
