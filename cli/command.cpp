@@ -41,12 +41,16 @@ CLI::Option* add_device(CLI::App& command, TranslationArguments& arguments) {
       ->type_name("DIR");
 }
 
+void add_locations(CLI::App& command, std::string& published_schemas, std::string& module) {
+  command.add_option("--yang-dir", published_schemas, "Take openconfig-lacp and what it imports from here")
+      ->type_name("DIR");
+  command.add_option("--module", module, "The mapping module")->type_name("FILE");
+}
+
 void add_workings(CLI::App& command, TranslationArguments& arguments) {
   command.add_flag("--trace", arguments.shows_trace, "Show the handlers that ran, on the standard error");
   command.add_flag("-v", arguments.shows_log, "Show the debug log, on the standard error");
-  command.add_option("--yang-dir", arguments.published_schemas, "Take openconfig-lacp and what it imports from here")
-      ->type_name("DIR");
-  command.add_option("--module", arguments.module, "The mapping module")->type_name("FILE");
+  add_locations(command, arguments.published_schemas, arguments.module);
 }
 
 std::unique_ptr<host::Translator> make_translator(const TranslationArguments& arguments) {

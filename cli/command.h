@@ -49,7 +49,9 @@ CLI::Option* add_format(CLI::App& command, TranslationArguments& arguments, cons
 CLI::Option* add_strict(CLI::App& command, TranslationArguments& arguments);
 // The device.
 CLI::Option* add_device(CLI::App& command, TranslationArguments& arguments);
-// --trace, -v, and where the schemas and the module are.
+// Where the schemas and the module are.
+void add_locations(CLI::App& command, std::string& published_schemas, std::string& module);
+// --trace, -v, and the locations.
 void add_workings(CLI::App& command, TranslationArguments& arguments);
 
 std::unique_ptr<host::Translator> make_translator(const TranslationArguments& arguments);

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "cli/edit.h"
+#include "cli/explain.h"
 #include "cli/get.h"
 #include "cli/records_command.h"
 #include "cli/translate.h"
@@ -26,6 +27,8 @@ int run(int argc, char** argv) {
   define_edit(app);
   define_delete(app);
   define_get(app);
+  define_explain(app);
+  define_coverage(app);
   define_records(app);
   try {
     app.parse(argc, argv);

@@ -67,6 +67,18 @@ yfw_map_walker Module::native_walker(std::string_view ns, std::string_view root)
   return found == registrations_.end() ? nullptr : found->native_walker;
 }
 
+Module::LeafTables Module::leaf_tables() const {
+  const auto table = [this](const char* accessor) {
+    auto* tell = find<oclacp_leaf_table()>(accessor);
+    if (tell == nullptr) {
+      throw Refusal(std::string("the mapping module does not tell about its leaves: it has no ") + accessor);
+    }
+    return tell();
+  };
+  return {table("oclacp_openconfig_leaves"), table("oclacp_native_configuration_leaves"),
+          table("oclacp_native_operational_leaves")};
+}
+
 Module::RecordRegistration* Module::record_registration() const {
   return find<RecordRegistration>(kRecordRegistration);
 }

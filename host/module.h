@@ -7,6 +7,8 @@
 #include <string_view>
 
 #include "host/contract.h"
+// Behind the contract, which it includes parts of.
+#include "oclacp/leaves.h"
 
 namespace oclacp::host {
 
@@ -29,6 +31,14 @@ class Module {
 
   // The entry walker for the native tree below a top node; null when the module maps no such tree.
   [[nodiscard]] yfw_map_walker native_walker(std::string_view ns, std::string_view root) const;
+
+  // The tables of its leaves; they live as long as this. Throws Refusal when the module has none.
+  struct LeafTables {
+    oclacp_leaf_table openconfig;
+    oclacp_leaf_table native_configuration;
+    oclacp_leaf_table native_operational;
+  };
+  [[nodiscard]] LeafTables leaf_tables() const;
 
   // Registers the module's records; null when it has none.
   [[nodiscard]] RecordRegistration* record_registration() const;

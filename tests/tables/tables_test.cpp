@@ -11,11 +11,11 @@
 #include <string>
 #include <vector>
 
+#include "oclacp/leaves.h"
 #include "oclacp/lifecycle.h"
 #include "oclacp/native_config.h"
 #include "support/platform.h"
 #include "support/registrations.h"
-#include "tables/rows.h"
 #include "tables/schemas.h"
 
 namespace {
@@ -23,7 +23,6 @@ namespace {
 using support::Node;
 using support::Platform;
 using support::Request;
-using tables::LeafRow;
 using tables::Schemas;
 using testing::UnorderedElementsAreArray;
 
@@ -207,58 +206,98 @@ TEST_F(Tables, NotMappedNodesAreNodes) {
 
 // ---- Leaves
 
+std::vector<oclacp_leaf> rows_of(oclacp_leaf_table table) {
+  return {table.leaves, table.leaves + table.count};
+}
+
+std::vector<oclacp_leaf> native_rows() {
+  std::vector<oclacp_leaf> rows = rows_of(oclacp_native_configuration_leaves());
+  const std::vector<oclacp_leaf> more = rows_of(oclacp_native_operational_leaves());
+  rows.insert(rows.end(), more.begin(), more.end());
+  return rows;
+}
+
+std::vector<std::string> targets_of(const oclacp_leaf& row) {
+  std::vector<std::string> targets;
+  for (unsigned i = 0; i < row.target_count; ++i) targets.emplace_back(row.targets[i].path);
+  return targets;
+}
+
 // The module of a native path's root.
 const char* native_model_of(const std::string& path) {
   if (path.rfind("/lacp-", 0) == 0) return support::kBundlemgrOper;
   return path.rfind("/interface-configurations/", 0) == 0 ? support::kIfmgrCfg : support::kBundlemgrCfg;
 }
 
-std::vector<LeafRow> native_rows() {
-  std::vector<LeafRow> rows = tables::native_configuration_rows();
-  const std::vector<LeafRow> more = tables::native_operational_rows();
-  rows.insert(rows.end(), more.begin(), more.end());
-  return rows;
-}
-
 TEST_F(Tables, OfLeavesHoldEachKnownLeafOnce) {
   Paths native;
-  for (const LeafRow& row : native_rows()) EXPECT_TRUE(native.insert(row.node).second) << row.node << " twice";
+  for (const oclacp_leaf& row : native_rows()) EXPECT_TRUE(native.insert(row.node).second) << row.node << " twice";
   const Found reached = compare(schemas, registered_trees());
   const Found unreached = compare(schemas, unreached_trees());
   Paths expected = reached.leaves;
   expected.insert(unreached.leaves.begin(), unreached.leaves.end());
-  // Keys of the interface configuration: the name's handler is written by hand, the others are keys and no more.
-  for (const char* key : {"/active", "/interface-name", "/mtus/mtu/owner"}) {
+  // Keys of the interface configuration that are keys and no more.
+  for (const char* key : {"/active", "/mtus/mtu/owner"}) {
     EXPECT_EQ(expected.erase(std::string(kEntry) + key), 1U) << key;
   }
   EXPECT_EQ(native, expected);
 
   Paths openconfig_leaves;
-  for (const LeafRow& row : tables::openconfig_rows()) {
+  for (const oclacp_leaf& row : rows_of(oclacp_openconfig_leaves())) {
     EXPECT_TRUE(openconfig_leaves.insert(row.node).second) << row.node << " twice";
   }
   EXPECT_EQ(openconfig_leaves, compare(schemas, {openconfig()}).leaves);
 }
 
-TEST_F(Tables, OfLeavesHaveTargetsOfTheOtherModel) {
-  for (const LeafRow& row : tables::openconfig_rows()) {
-    for (const char* target : row.targets) {
-      const lysc_node* const node = schemas.find(native_model_of(target), target);
-      ASSERT_NE(node, nullptr) << target << ", the target of " << row.node << ", is no node";
-      EXPECT_TRUE(tables::is_leaf(node)) << target;
-    }
+// That a row's leaf and targets are leaves of the schemas, of the namespaces that are told. `ns` and `target_ns` are
+// those of the roots of their trees.
+void expect_leaves(const Schemas& schemas, const oclacp_leaf& row, const char* ns, const char* target_ns) {
+  const lysc_node* const leaf = schemas.find(ns, row.node);
+  ASSERT_NE(leaf, nullptr) << row.node << " is no node";
+  EXPECT_STREQ(row.ns, leaf->module->ns) << row.node;
+  for (unsigned i = 0; i < row.target_count; ++i) {
+    const oclacp_leaf_target& target = row.targets[i];
+    const char* const root = target_ns == nullptr ? native_model_of(target.path) : target_ns;
+    const lysc_node* const node = schemas.find(root, target.path);
+    ASSERT_NE(node, nullptr) << target.path << ", the target of " << row.node << ", is no node";
+    EXPECT_TRUE(tables::is_leaf(node)) << target.path;
+    EXPECT_STREQ(target.ns, node->module->ns) << target.path;
   }
-  for (const LeafRow& row : native_rows()) {
-    for (const char* target : row.targets) {
-      const lysc_node* const node = schemas.find(support::kOpenconfigLacp, target);
-      ASSERT_NE(node, nullptr) << target << ", the target of " << row.node << ", is no node";
-      EXPECT_TRUE(tables::is_leaf(node)) << target;
-    }
+}
+
+TEST_F(Tables, OfLeavesHaveTargetsOfTheOtherModel) {
+  for (const oclacp_leaf& row : rows_of(oclacp_openconfig_leaves())) {
+    expect_leaves(schemas, row, support::kOpenconfigLacp, nullptr);
+  }
+  for (const oclacp_leaf& row : native_rows()) {
+    expect_leaves(schemas, row, native_model_of(row.node), support::kOpenconfigLacp);
+  }
+}
+
+// A name that goes with some kinds of work and not with others.
+void expect_named(const oclacp_leaf& row, const char* name, bool is_wanted) {
+  EXPECT_EQ(name != nullptr, is_wanted) << row.node;
+}
+
+TEST_F(Tables, OfLeavesNameAConverterWhereThereIsOneAndTargetsWhereSomethingIsServed) {
+  std::vector<oclacp_leaf> rows = rows_of(oclacp_openconfig_leaves());
+  for (const oclacp_leaf& row : rows) expect_named(row, row.walker, true);
+  for (const oclacp_leaf& row : native_rows()) {
+    expect_named(row, row.walker, false);
+    rows.push_back(row);
+  }
+  for (const oclacp_leaf& row : rows) {
+    expect_named(row, row.converter, row.work == OCLACP_LEAF_CONVERTED);
+    const bool serves_nothing = row.work == OCLACP_LEAF_REFUSED || row.work == OCLACP_LEAF_SILENT;
+    // The name in an entry's configuration reaches the native side through the list key.
+    const bool is_ignored = row.converter != nullptr && std::string(row.converter) == "oc2qd_config_name_ignore";
+    EXPECT_EQ(row.target_count == 0, serves_nothing || is_ignored) << row.node;
   }
 }
 
 // What a leaf's handler adds, for all values that the leaf takes: the paths, in order, each once.
-std::vector<std::string> added_by(const Schemas& schemas, const LeafRow& row, const char* model, const char* targets) {
+std::vector<std::string> added_by(const Schemas& schemas, const oclacp_leaf& row, const char* model,
+                                  const char* targets) {
   std::vector<std::string> paths;
   const lysc_node* const leaf = schemas.find(model, row.node);
   for (const std::string& value : tables::values_of(leaf)) {
@@ -268,7 +307,7 @@ std::vector<std::string> added_by(const Schemas& schemas, const LeafRow& row, co
     platform.node_info = {{std::string(kEntry) + "/interface-name", "Bundle-Ether1"},
                           {"/lacp-bundles/bundles/bundle/bundle-interface", "Bundle-Ether1"}};
     Request request(support::leaf(leaf->name, value));
-    row.handler(platform.ctx(), request.root(), platform.output());
+    row.run(platform.ctx(), request.root(), platform.output());
     for (const support::Addition& addition : platform.additions()) {
       const char* const root = targets == nullptr ? native_model_of(addition.path) : targets;
       const lysc_node* const node = schemas.find(root, addition.path);
@@ -280,24 +319,22 @@ std::vector<std::string> added_by(const Schemas& schemas, const LeafRow& row, co
 }
 
 TEST_F(Tables, OfNativeLeavesNameExactlyWhatTheirHandlersReport) {
-  for (const LeafRow& row : native_rows()) {
-    EXPECT_EQ(added_by(schemas, row, native_model_of(row.node), support::kOpenconfigLacp),
-              std::vector<std::string>(row.targets.begin(), row.targets.end()))
-        << row.node;
+  for (const oclacp_leaf& row : native_rows()) {
+    EXPECT_EQ(added_by(schemas, row, native_model_of(row.node), support::kOpenconfigLacp), targets_of(row)) << row.node;
   }
 }
 
 TEST_F(Tables, OfOpenconfigLeavesNameExactlyWhatTheirHandlersAskFor) {
-  for (const LeafRow& row : tables::openconfig_rows()) {
-    std::vector<std::string> expected(row.targets.begin(), row.targets.end());
+  for (const oclacp_leaf& row : rows_of(oclacp_openconfig_leaves())) {
+    std::vector<std::string> expected = targets_of(row);
     // With the name of an interface, its class is asked for.
-    if (row.is_key) expected.push_back(std::string(kEntry) + "/active");
+    if (row.work == OCLACP_LEAF_HANDWRITTEN) expected.push_back(std::string(kEntry) + "/active");
     EXPECT_EQ(added_by(schemas, row, support::kOpenconfigLacp, nullptr), expected) << row.node;
   }
 }
 
 // Whether the walk of a tree leads to a leaf's handler.
-bool is_reached(const Schemas& schemas, const Tree& tree, const LeafRow& row) {
+bool is_reached(const Schemas& schemas, const Tree& tree, const oclacp_leaf& row) {
   const lysc_node* const leaf = schemas.find(tree.ns, row.node);
   const lysc_node* const top = schemas.find(tree.ns, tree.top);
   std::vector<Node> children;
@@ -306,19 +343,19 @@ bool is_reached(const Schemas& schemas, const Tree& tree, const LeafRow& row) {
   platform.set_operation(YFW_REQUEST_READ_STATE);
   Request request(tables::tree_to(top, leaf->parent, children));
   tree.walker(platform.ctx(), request.root(), platform.output());
-  return platform.traced(row.handler_name, "Start") == 1;
+  return platform.traced(row.handler, "Start") == 1;
 }
 
 TEST_F(Tables, OfNativeLeavesNameTheHandlerThatTheWalkersCall) {
   std::vector<Tree> trees = registered_trees();
   const std::vector<Tree> unreached = unreached_trees();
   trees.insert(trees.end(), unreached.begin(), unreached.end());
-  for (const LeafRow& row : native_rows()) {
+  for (const oclacp_leaf& row : native_rows()) {
     const auto tree = std::find_if(trees.begin(), trees.end(), [&](const Tree& one) {
       return std::string(row.node).rfind(one.top + "/", 0) == 0 && one.ns == native_model_of(row.node);
     });
     ASSERT_NE(tree, trees.end()) << row.node;
-    EXPECT_TRUE(is_reached(schemas, *tree, row)) << row.node << " does not reach " << row.handler_name;
+    EXPECT_TRUE(is_reached(schemas, *tree, row)) << row.node << " does not reach " << row.handler;
   }
 }
 

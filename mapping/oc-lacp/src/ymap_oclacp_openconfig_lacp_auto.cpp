@@ -37,7 +37,7 @@ YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_duck_map_leaf, ymap::refuse_
   YMAP_STAMP_NODE(HANDLER, ymap::handle_config_leaf, ConfigLeaf{.target = TARGET, .ns = NS, .last_flag = 0})
 #define OCLACP_STATE_LEAF(NODE, WALKER, HANDLER, TARGET, NS) \
   YMAP_STAMP_NODE(HANDLER, ymap::handle_state_leaf, StateLeaf{.target = TARGET, .ns = NS})
-#define OCLACP_CONVERTED_LEAF(NODE, WALKER, HANDLER, CONVERTER, TARGET) \
+#define OCLACP_CONVERTED_LEAF(NODE, WALKER, HANDLER, CONVERTER, TARGET, NS) \
   YMAP_STAMP_NODE(HANDLER, ymap::handle_converted_leaf, ConvertedLeaf{.converter = CONVERTER})
 #define OCLACP_UNSUPPORTED_LEAF(NODE, WALKER, HANDLER) YMAP_STAMP_PLAIN_NODE(HANDLER, ymap::refuse_leaf)
 #define OCLACP_KEY_LEAF(NODE, WALKER, HANDLER, TARGET, NS)

@@ -1,0 +1,30 @@
+// What becomes of the values of a leaf.
+#pragma once
+
+#include <libyang/libyang.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace oclacp::host {
+
+// One value on its way.
+struct Conversion {
+  std::string from;
+  std::optional<std::string> to;       // nothing: nothing is made of it
+  std::optional<std::string> refusal;  // why the mapping refuses the value
+};
+
+// The way from a leaf to one of the other side.
+struct Flow {
+  const lysc_node* from;
+  const lysc_node* to;
+  std::vector<Conversion> conversions;  // by the values of `from`
+  bool is_complete;                     // these are all the values that there are
+};
+
+// The conversion of a flow as lines for a person.
+std::vector<std::string> describe(const Flow& flow);
+
+}  // namespace oclacp::host

@@ -1,0 +1,32 @@
+// What of openconfig-lacp the mapping serves.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/explain/flows.h"
+
+namespace oclacp::host {
+
+// What the mapping does with one leaf.
+struct CoveredLeaf {
+  const lysc_node* schema;
+  bool is_known;  // it has a row in the module's tables
+  bool in_edits;  // an edit of it is accepted, and sets something natively
+  bool in_reads;  // a read of it asks for something, of which the leaf is made
+  // The native leaves that it stands for. None for what is not served.
+  std::vector<const lysc_node*> sources;
+  const lysc_node* key = nullptr;  // the list key that carries the value of a leaf without sources; null without one
+
+  [[nodiscard]] bool is_served() const { return in_edits || in_reads; }
+};
+
+struct Coverage {
+  const lys_module* module;         // openconfig-lacp as loaded
+  std::vector<CoveredLeaf> leaves;  // all of it, in the schema's order
+};
+
+// Every leaf's edit and read is tried.
+Coverage find_coverage(const LeafTables& tables, const Schemas& schemas, Probe& probe, Flows& flows);
+
+}  // namespace oclacp::host

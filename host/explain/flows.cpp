@@ -1,0 +1,123 @@
+#include "host/explain/flows.h"
+
+#include <algorithm>
+
+#include "host/explain/samples.h"
+#include "host/explain/schema_path.h"
+
+namespace oclacp::host {
+namespace {
+
+bool refers_to(const lysc_node* key, const lysc_node* leaf) {
+  const lysc_type* type = reinterpret_cast<const lysc_node_leaf*>(key)->type;
+  if (type->basetype != LY_TYPE_LEAFREF) {
+    return false;
+  }
+  ly_set* found = nullptr;
+  const char* path = lyxp_get_expr(reinterpret_cast<const lysc_type_leafref*>(type)->path);
+  if (lys_find_xpath(key->module->ctx, key, path, 0, &found) != LY_SUCCESS) {
+    return false;
+  }
+  const bool refers = ly_set_contains(found, const_cast<lysc_node*>(leaf), nullptr) != 0;
+  ly_set_free(found, nullptr);
+  return refers;
+}
+
+// The flow to a leaf; a new one when there is none yet.
+Flow& flow_to(std::vector<Flow>& flows, const lysc_node* from, const lysc_node* to, bool is_complete) {
+  const auto found = std::find_if(flows.begin(), flows.end(), [&](const Flow& flow) { return flow.to == to; });
+  return found == flows.end() ? flows.emplace_back(Flow{from, to, {}, is_complete}) : *found;
+}
+
+}  // namespace
+
+const Outgoing& Flows::from(const lysc_node* leaf) {
+  if (const auto found = outgoing_.find(leaf); found != outgoing_.end()) {
+    return found->second;
+  }
+  Outgoing outgoing;
+  if (leaf->module->ctx == schemas_.request()) {
+    outgoing = edits_of(leaf);
+  } else if (const LeafRow* row = tables_.find(leaf); row != nullptr) {
+    outgoing = reports_of(*row);
+  }
+  return outgoing_.emplace(leaf, std::move(outgoing)).first->second;
+}
+
+// What an edit sets is seen in what it adds for the leaf, whatever the tables say.
+Outgoing Flows::edits_of(const lysc_node* leaf) {
+  Outgoing outgoing;
+  const Samples samples = samples_of(leaf);
+  std::vector<Conversion> refused;
+  for (const std::string& value : samples.values) {
+    const ProbeResult result = probe_.edit(leaf, value);
+    if (result.refusal) {
+      refused.push_back({value, std::nullopt, result.refusal});
+    }
+    for (const ProbeResult::Leaf& set : result.leaves) {
+      flow_to(outgoing.flows, leaf, set.schema, samples.is_complete)
+          .conversions.push_back({value, set.value.value_or(""), std::nullopt});
+    }
+  }
+  if (!refused.empty() && refused.size() == samples.values.size()) {
+    outgoing.refusal = refused.front().refusal;
+  }
+  for (Flow& flow : outgoing.flows) {
+    flow.conversions.insert(flow.conversions.end(), refused.begin(), refused.end());
+  }
+  return outgoing;
+}
+
+// A report holds more than the leaf's own targets, such as the keys of its entry; the tables tell which are its own.
+// What edits write is tried besides what the type offers.
+Outgoing Flows::reports_of(const LeafRow& row) {
+  Outgoing outgoing;
+  if (row.targets.empty()) {
+    return outgoing;
+  }
+  Samples samples = samples_of(row.schema);
+  for (const Flow& flow : to(row.schema)) {
+    for (const Conversion& written : flow.conversions) {
+      if (written.to && std::find(samples.values.begin(), samples.values.end(), *written.to) == samples.values.end()) {
+        samples.values.push_back(*written.to);
+      }
+    }
+  }
+  for (const std::string& value : samples.values) {
+    const ProbeResult result = probe_.native(row.schema, value);
+    for (const lysc_node* target : row.targets) {
+      Conversion conversion{value, std::nullopt, result.refusal};
+      for (const ProbeResult::Leaf& leaf : result.leaves) {
+        if (leaf.schema == target) {
+          conversion.to = leaf.value;
+        }
+      }
+      flow_to(outgoing.flows, row.schema, target, samples.is_complete).conversions.push_back(std::move(conversion));
+    }
+  }
+  return outgoing;
+}
+
+std::vector<Flow> Flows::to(const lysc_node* leaf) {
+  std::vector<Flow> flows;
+  const bool is_openconfig = leaf->module->ctx == schemas_.request();
+  for (const LeafRow& row : is_openconfig ? tables_.native() : tables_.openconfig()) {
+    for (const Flow& flow : from(row.schema).flows) {
+      if (flow.to == leaf) {
+        flows.push_back(flow);
+      }
+    }
+  }
+  return flows;
+}
+
+const lysc_node* Flows::key_referring_to(const lysc_node* leaf) const {
+  const lysc_node* list = innermost_list(leaf);
+  const auto is_meant = [&](const LeafRow& row) {
+    return row.schema->parent == list && lysc_is_key(row.schema) && refers_to(row.schema, leaf);
+  };
+  const auto found = std::find_if(tables_.openconfig().begin(), tables_.openconfig().end(), is_meant);
+  return found == tables_.openconfig().end() ? nullptr : found->schema;
+}
+
+}  // namespace oclacp::host

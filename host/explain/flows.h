@@ -1,0 +1,48 @@
+// What becomes of the values of each leaf, found out by running the mapping.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "host/explain/conversion.h"
+#include "host/explain/leaf_tables.h"
+#include "host/explain/probe.h"
+
+namespace oclacp::host {
+
+// What leaves a leaf: an edit of openconfig-lacp sets native leaves, a native leaf is reported as others.
+struct Outgoing {
+  std::vector<Flow> flows;
+  // Every value is refused, for this reason. Then there are no flows.
+  std::optional<std::string> refusal;
+};
+
+// Used by one thread at a time.
+class Flows {
+ public:
+  // All outlive this.
+  Flows(const LeafTables& tables, const Schemas& schemas, Probe& probe)
+      : tables_(tables), schemas_(schemas), probe_(probe) {}
+
+  const Outgoing& from(const lysc_node* leaf);
+
+  // The flows that lead to a leaf, in the order of the tables.
+  std::vector<Flow> to(const lysc_node* leaf);
+
+  // The list key that refers to a leaf of openconfig-lacp and stands for it natively, so that the leaf has no flows of
+  // its own; null when there is none.
+  [[nodiscard]] const lysc_node* key_referring_to(const lysc_node* leaf) const;
+
+ private:
+  Outgoing edits_of(const lysc_node* leaf);
+  Outgoing reports_of(const LeafRow& row);
+
+  const LeafTables& tables_;
+  const Schemas& schemas_;
+  Probe& probe_;
+  std::unordered_map<const lysc_node*, Outgoing> outgoing_;
+};
+
+}  // namespace oclacp::host

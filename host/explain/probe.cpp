@@ -1,0 +1,177 @@
+#include "host/explain/probe.h"
+
+#include <cstring>
+
+#include "host/datastore/installed_device.h"
+#include "host/explain/samples.h"
+#include "host/explain/schema_path.h"
+#include "host/framework/answer_tree.h"
+#include "host/framework/edit_script.h"
+#include "host/framework/native_tree.h"
+#include "host/framework/path_text.h"
+#include "host/refusal.h"
+#include "host/walk.h"
+#include "host/yang/request_path.h"
+
+namespace oclacp::host {
+namespace {
+
+constexpr const char* kSampleConfiguration =
+    "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration/Talvo-Brin-QD-bundlemgr-cfg:lacp/mode";
+
+// The class of configuration that is in force has a fixed name; no other key of the mapped models has.
+std::string sample_key(const lysc_node* key) {
+  if (std::strcmp(key->name, "active") == 0) {
+    return "act";
+  }
+  const Samples samples = samples_of(key);
+  return samples.values.empty() ? "" : samples.values.front();
+}
+
+// The path of an instance: the sample entry of each list, where a key that is asked about itself has its own value.
+std::string instance_path(const lysc_node* node, const lysc_node* asked, const std::string& value) {
+  std::string path = node->parent == nullptr ? "" : instance_path(node->parent, asked, value);
+  if ((node->nodetype & (LYS_CHOICE | LYS_CASE)) != 0 || lysc_is_key(node)) {
+    return path;
+  }
+  append_step(path, *node, node->parent == nullptr ? nullptr : node->parent->module);
+  if (node->nodetype != LYS_LIST) {
+    return path;
+  }
+  for (const lysc_node* key : data_children(node)) {
+    if (lysc_is_key(key)) {
+      append_predicate(path, key->name, key == asked ? value : sample_key(key));
+    }
+  }
+  return path;
+}
+
+std::string instance_path(const lysc_node* node, const std::string& value) {
+  return instance_path(node, node, value);
+}
+
+// What is behind the node's path.
+std::string reason_of(const std::string& refusal) {
+  const size_t colon = refusal.find(": ");
+  return colon == std::string::npos ? refusal : refusal.substr(colon + 2);
+}
+
+ProbeResult refused(const std::string& refusal) {
+  return {{}, {}, reason_of(refusal)};
+}
+
+void add_step(ProbeResult& result, const EditScript::Step& step) {
+  if (step.target->is_list()) {
+    result.lists.push_back(step.target->schema);
+    return;
+  }
+  if (step.target->is_leaf()) {
+    result.leaves.push_back(
+        {step.target->schema, step.has_value ? std::optional<std::string>(step.value) : std::nullopt});
+  }
+}
+
+// Whether what an edit adds for `source` is added for the node that was asked about. A key stands for its entry.
+bool is_about(const lysc_node* node, const yfw_datatree* source) {
+  const lysc_node* schema = source == nullptr ? nullptr : info_of(source).schema;
+  return schema == node || (lysc_is_key(node) && schema == node->parent);
+}
+
+void add_leaves(ProbeResult& result, const lyd_node* top) {
+  const lyd_node* node = nullptr;
+  LYD_TREE_DFS_BEGIN(top, node) {
+    if ((node->schema->nodetype & LYD_NODE_TERM) != 0) {
+      result.leaves.push_back({node->schema, lyd_get_value(node)});
+    }
+    LYD_TREE_DFS_END(top, node);
+  }
+}
+
+TreePtr make_tree(const ly_ctx* context, const std::string& path, const char* value) {
+  lyd_node* top = nullptr;
+  if (lyd_new_path(nullptr, context, path.c_str(), value, 0, &top) != LY_SUCCESS) {
+    throw Refusal(last_complaint(context, path));
+  }
+  return TreePtr(top);
+}
+
+}  // namespace
+
+Probe::SampleDevice::SampleDevice(const ly_ctx* context) {
+  const lysc_node* leaf = lys_find_path(context, nullptr, kSampleConfiguration, 0);
+  running_ = make_tree(context, instance_path(leaf, ""), "active");
+}
+
+Probe::Probe(const Module& module, const Schemas& schemas, NativePaths& openconfig, NativePaths& native)
+    : module_(module), schemas_(schemas), openconfig_(openconfig), native_(native), device_(schemas.native()) {}
+
+ProbeResult Probe::edit(const lysc_node* node, const std::string& value) {
+  std::string path = instance_path(node, value);
+  if (is_leaf(node) && !lysc_is_key(node)) {
+    append_predicate(path, ".", value);
+  }
+  const InstalledDevice installed(device_);
+  EditScript script(native_, true);
+  RequestTree request = parse_path(schemas_.request(), path);
+  try {
+    walk_request(module_.request_walker(), request, YFW_REQUEST_EDIT, script, {});
+  } catch (const Refusal& refusal) {
+    return refused(refusal.what());
+  }
+  ProbeResult result;
+  for (const EditScript::Step& step : script.steps()) {
+    if (is_about(node, step.source)) {
+      add_step(result, step);
+    }
+  }
+  return result;
+}
+
+ProbeResult Probe::read(const lysc_node* node) {
+  const InstalledDevice installed(device_);
+  EditScript script(native_, false);
+  RequestTree request = parse_path(schemas_.request(), schema_path(node));
+  try {
+    walk_request(module_.request_walker(), request, YFW_REQUEST_READ_STATE, script, {});
+  } catch (const Refusal& refusal) {
+    return refused(refusal.what());
+  }
+  ProbeResult result;
+  for (const EditScript::Step& step : script.steps()) {
+    add_step(result, step);
+  }
+  return result;
+}
+
+ProbeResult Probe::native(const lysc_node* node, const std::string& value) {
+  const bool has_value = is_leaf(node) && !lysc_is_key(node);
+  const TreePtr data = make_tree(schemas_.native(), instance_path(node, value), has_value ? value.c_str() : nullptr);
+  const lysc_node* top = data->schema;
+  const yfw_map_walker walker = module_.native_walker(top->module->ns, top->name);
+  if (walker == nullptr) {
+    return {};
+  }
+  const InstalledDevice installed(device_);
+  EditScript script(openconfig_, false);
+  NativeTree tree(data.get(), nullptr);
+  if (const auto failure = walk_native(walker, tree.top(), YFW_REQUEST_READ_STATE, script, {}); failure) {
+    return refused(*failure);
+  }
+  ProbeResult result;
+  AnswerTree answer(openconfig_.context());
+  try {
+    answer.add(script);
+  } catch (const Refusal& refusal) {
+    return refused(refusal.what());
+  }
+  for (const EditScript::Entry& entry : script.entries()) {
+    result.lists.push_back(entry.list);
+  }
+  const TreePtr made = answer.take();
+  if (made != nullptr) {
+    add_leaves(result, made.get());
+  }
+  return result;
+}
+
+}  // namespace oclacp::host

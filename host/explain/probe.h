@@ -1,0 +1,64 @@
+// Running a mapping on one value, to see what it makes of it.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/datastore/device.h"
+#include "host/framework/native_paths.h"
+#include "host/module.h"
+#include "host/yang/schemas.h"
+
+namespace oclacp::host {
+
+// What a run comes to.
+struct ProbeResult {
+  struct Leaf {
+    const lysc_node* schema;
+    std::optional<std::string> value;  // nothing: the leaf is named without one
+  };
+
+  std::vector<Leaf> leaves;             // of the other side, in the order in which they were added
+  std::vector<const lysc_node*> lists;  // whose entries were named
+  std::optional<std::string> refusal;   // why the mapping refuses this; then there is nothing else
+};
+
+// Runs are about one made-up interface with LACP. Used by one thread at a time.
+class Probe {
+ public:
+  // All outlive this. `openconfig` and `native` are the paths of the two sides of `schemas`.
+  Probe(const Module& module, const Schemas& schemas, NativePaths& openconfig, NativePaths& native);
+
+  // What an edit that sets a leaf of openconfig-lacp to `value` writes for this leaf; of a list, what an edit of an
+  // entry comes to, and `value` is not looked at.
+  ProbeResult edit(const lysc_node* node, const std::string& value);
+
+  // What a read that names a node of openconfig-lacp and nothing in it asks for.
+  ProbeResult read(const lysc_node* node);
+
+  // What a native leaf of this value becomes in a read of state, alone in its entry; of a list, what an entry becomes.
+  ProbeResult native(const lysc_node* node, const std::string& value);
+
+ private:
+  // Has LACP on the sample interface.
+  class SampleDevice final : public Device {
+   public:
+    explicit SampleDevice(const ly_ctx* context);
+    [[nodiscard]] uint32_t router_type() const override { return EmptyDevice().router_type(); }
+    [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
+    [[nodiscard]] const lyd_node* running() const override { return running_.get(); }
+
+   private:
+    std::vector<Interface> interfaces_;
+    TreePtr running_;
+  };
+
+  const Module& module_;
+  const Schemas& schemas_;
+  NativePaths& openconfig_;
+  NativePaths& native_;
+  SampleDevice device_;
+};
+
+}  // namespace oclacp::host
