@@ -3,13 +3,13 @@
 namespace bench {
 namespace {
 
-// One entry for each interface, '#' standing for its number.
-std::string entries(std::size_t interfaces, const std::string& entry) {
+// So many entries, `mark` standing for the number of each.
+std::string entries(std::size_t count, const std::string& entry, char mark = '#') {
   std::string text;
-  for (std::size_t i = 1; i <= interfaces; ++i) {
+  for (std::size_t i = 1; i <= count; ++i) {
     if (i > 1) text += ',';
     for (const char character : entry) {
-      if (character == '#') {
+      if (character == mark) {
         text += std::to_string(i);
       } else {
         text += character;
@@ -49,23 +49,19 @@ std::string full_running_configuration(std::size_t interfaces) {
 }
 
 std::string operational_state(std::size_t bundles) {
-  std::string members;
-  for (int member = 1; member <= 16; ++member) {
-    const std::string number = std::to_string(member);
-    members +=
-        (members.empty() ? "" : ",") + (R"({"member-interface": "GigabitEthernet0/0/#/)" + number) +
-        R"(", "counters": {"lacpd-us-received": "12#", "lacpd-us-transmitted": "34#",)"
-        R"( "illegal-packets-received": "0", "excess-lacpd-us-received": "#",)"
-        R"( "last-change": "1763640000000000000", "lacp-timeout-transitions": "1"},)"
-        R"( "link-data": {"actor-system-mac-address": "00:11:22:33:44:55", "actor-operational-key": #,)"
-        R"( "partner-system-mac-address": "02:00:5e:10:20:30", "partner-operational-key": 7, "actor-port-id": )" +
-        number + R"(, "partner-port-id": )" + number + R"(, "actor-port-state": 61}})";
-  }
+  // '@' stands for the number of a member.
+  const std::string member =
+      R"({"member-interface": "GigabitEthernet0/0/#/@", "counters": {"lacpd-us-received": "12#",)"
+      R"( "lacpd-us-transmitted": "34#", "illegal-packets-received": "0", "excess-lacpd-us-received": "#",)"
+      R"( "last-change": "1763640000000000000", "lacp-timeout-transitions": "1"},)"
+      R"( "link-data": {"actor-system-mac-address": "00:11:22:33:44:55", "actor-operational-key": #,)"
+      R"( "partner-system-mac-address": "02:00:5e:10:20:30", "partner-operational-key": 7,)"
+      R"( "actor-port-id": @, "partner-port-id": @, "actor-port-state": 61}})";
   return R"({"Talvo-Brin-QD-bundlemgr-oper:lacp-bundles": {"bundles": {"bundle": [)" +
          entries(bundles, R"({"bundle-interface": "Bundle-Ether#", "data": {"bundle-system-id": {)"
                           R"("system-mac-addr": {"macaddr": "00:11:22:33:44:55"}, "system-prio": 100},)"
                           R"( "applied-lacp-mode": "bmd-mode-active"}, "members": {"member": [)" +
-                              members + "]}}") +
+                              entries(16, member, '@') + "]}}") +
          "]}}}";
 }
 

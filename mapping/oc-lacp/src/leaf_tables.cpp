@@ -76,7 +76,7 @@ constexpr oclacp_leaf kNativeConfigurationLeaves[] = {
 constexpr oclacp_leaf kNativeOperationalLeaves[] = {
 #define OCLACP_NATIVE_COPY(NODE, HANDLER, TARGET) \
   leaf(native(kBundlemgrOper, OCLACP_LEAF_COPIED, NODE, #HANDLER, HANDLER), kOpenconfigLacp, TARGET),
-#define OCLACP_NATIVE_COPY_TWICE(NODE, HANDLER, FIRST, TARGET, LIST_FLAG, LAST_FLAG) \
+#define OCLACP_NATIVE_COPY_TWICE(NODE, HANDLER, FIRST, TARGET) \
   leaf(native(kBundlemgrOper, OCLACP_LEAF_COPIED, NODE, #HANDLER, HANDLER), kOpenconfigLacp, FIRST, TARGET),
 #define OCLACP_NATIVE_CONVERTED(NODE, HANDLER, CONVERTER, TARGET) \
   leaf(native(kBundlemgrOper, OCLACP_LEAF_CONVERTED, NODE, #HANDLER, HANDLER, #CONVERTER), kOpenconfigLacp, TARGET),

@@ -35,11 +35,8 @@ YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_leaf, yma
 // Leaf handlers
 #define OCLACP_NATIVE_COPY(NODE, HANDLER, TARGET) \
   YMAP_STAMP_NODE(HANDLER, ymap::report_leaf, NativeLeaf{.target = TARGET, .ns = kOpenconfigLacp})
-#define OCLACP_NATIVE_COPY_TWICE(NODE, HANDLER, FIRST, TARGET, LIST_FLAG, LAST_FLAG) \
-  YMAP_STAMP_NODE(                                                                   \
-      HANDLER, ymap::report_leaf,                                                    \
-      NativeLeaf{                                                                    \
-          .target = TARGET, .ns = kOpenconfigLacp, .also = FIRST, .list_flag = LIST_FLAG, .last_flag = LAST_FLAG})
+#define OCLACP_NATIVE_COPY_TWICE(NODE, HANDLER, FIRST, TARGET) \
+  YMAP_STAMP_NODE(HANDLER, ymap::report_leaf, NativeLeaf{.target = TARGET, .ns = kOpenconfigLacp, .also = FIRST})
 #define OCLACP_NATIVE_CONVERTED(NODE, HANDLER, CONVERTER, TARGET) \
   YMAP_STAMP_NODE(HANDLER, ymap::handle_converted_leaf, ConvertedLeaf{.converter = CONVERTER})
 #define OCLACP_NATIVE_HANDWRITTEN(NODE, HANDLER, ...)

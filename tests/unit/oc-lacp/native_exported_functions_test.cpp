@@ -1,8 +1,7 @@
 // What holds for every exported function of the native side that runs in the handler frame.
-#include <map>
 #include <string>
 
-#include "unit/module_test.h"
+#include "unit/oc-lacp/function_test.h"
 #include "unit/oc-lacp/native_functions.h"
 
 namespace {
@@ -10,32 +9,8 @@ namespace {
 using nodes::ContainerFunction;
 using nodes::Named;
 using nodes::NodeFunction;
-using testing::ElementsAre;
 
-class NativeFunctions : public support::ModuleTest {
- protected:
-  // The trace of what ran since the last look.
-  std::vector<std::string> new_trace() {
-    const std::vector<std::string> all = platform.trace();
-    std::vector<std::string> fresh(all.begin() + static_cast<std::ptrdiff_t>(looked_at_), all.end());
-    looked_at_ = all.size();
-    return fresh;
-  }
-
-  static auto is_refusal_by(const char* name) {
-    const std::string level_and_name = std::string(" ") + name + ": ";
-    return ElementsAre("TRC" + level_and_name + "Start", "ERR" + level_and_name + "Invalid arguments passed!");
-  }
-  static auto is_run_of(const char* name) {
-    const std::string level_and_name = std::string("TRC ") + name + ": ";
-    return ElementsAre(level_and_name + "Start", level_and_name + "End");
-  }
-
-  support::Request request{support::leaf("leaf", "value")};
-
- private:
-  std::size_t looked_at_ = 0;
-};
+class NativeFunctions : public nodes::FunctionTest {};
 
 using NativeFunctionsDeathTest = NativeFunctions;
 
@@ -58,33 +33,11 @@ TEST_F(NativeFunctionsDeathTest, EndTheProcessOnANullContextUnderTheirOwnPrototy
 }
 
 TEST_F(NativeFunctions, RefuseANullInputUnderTheirOwnName) {
-  unsigned marked = 0;
-  for (const Named<NodeFunction>& one : nodes::native_functions()) {
-    SCOPED_TRACE(one.name);
-    EXPECT_EQ(one.function(platform.ctx(), nullptr, platform.output()), YFW_INVALID_ARGUMENTS);
-    EXPECT_THAT(new_trace(), is_refusal_by(one.name));
-    EXPECT_EQ(platform.count("yfw_oc_error_path"), ++marked);
-  }
-  for (const Named<ContainerFunction>& one : nodes::kNativeContainers) {
-    SCOPED_TRACE(one.name);
-    EXPECT_EQ(one.function(platform.ctx(), nullptr, 0, platform.output()), YFW_INVALID_ARGUMENTS);
-    EXPECT_THAT(new_trace(), is_refusal_by(one.name));
-    EXPECT_EQ(platform.count("yfw_oc_error_path"), ++marked);
-  }
+  expect_refusals_of_null_input(nodes::native_functions(), nodes::kNativeContainers);
 }
 
 TEST_F(NativeFunctions, RefuseANullOutputUnderTheirOwnName) {
-  for (const Named<NodeFunction>& one : nodes::native_functions()) {
-    SCOPED_TRACE(one.name);
-    EXPECT_EQ(one.function(platform.ctx(), request.root(), nullptr), YFW_INVALID_ARGUMENTS);
-    EXPECT_THAT(new_trace(), is_refusal_by(one.name));
-  }
-  for (const Named<ContainerFunction>& one : nodes::kNativeContainers) {
-    SCOPED_TRACE(one.name);
-    EXPECT_EQ(one.function(platform.ctx(), request.root(), 0, nullptr), YFW_INVALID_ARGUMENTS);
-    EXPECT_THAT(new_trace(), is_refusal_by(one.name));
-  }
-  EXPECT_TRUE(platform.additions().empty());
+  expect_refusals_of_null_output(nodes::native_functions(), nodes::kNativeContainers);
 }
 
 TEST_F(NativeFunctions, DefaultListAndLeafHandlersOfConfigurationDoNotLookAtTheirArguments) {
@@ -161,17 +114,7 @@ TEST_F(NativeFunctions, HooksOfOperationalDataRefuseWhatIsAddedAndIgnoreTheRest)
 }
 
 TEST_F(NativeFunctions, HaveSiteWordsOfTheirOwn) {
-  std::map<const std::uint32_t*, std::string> owners;
-  for (const Named<NodeFunction>& one : nodes::native_functions()) {
-    const std::size_t before = platform.seen().records.size();
-    one.function(platform.ctx(), nullptr, platform.output());
-    for (std::size_t i = before; i < platform.seen().records.size(); ++i) {
-      const support::Record& record = platform.seen().records[i];
-      if (record.sink != support::Record::Sink::kDebugLog) continue;
-      const auto [owner, fresh] = owners.emplace(record.site, one.name);
-      EXPECT_TRUE(fresh) << one.name << " shares the word of \"" << record.text << "\" with " << owner->second;
-    }
-  }
+  expect_own_site_words(nodes::native_functions());
 }
 
 }  // namespace
