@@ -121,6 +121,7 @@ std::string TextTable::text(const TableLayout& layout) const {
   const std::vector<size_t> widths = column_widths(room);
   std::string text;
   for (const Part& part : split(widths, room)) {
+    text.append(text.empty() ? "" : "\n");
     Line heading(text, layout);
     for (const size_t column : part.columns) {
       heading.put(columns_[column].heading, kHeadingColour, columns_[column].align, widths[column]);

@@ -39,7 +39,7 @@ class TextTable {
   // Takes away the columns behind the first in which every row shows `text`. Answers how many columns are left.
   size_t drop_columns_showing(const std::string& text);
 
-  // Columns that are too many for the width follow below in a table of their own, with the first column again. A name
+  // Columns that are too many for the width follow below, behind an empty line, with the first column again. A name
   // that leaves no room for the others stands on a line of its own.
   [[nodiscard]] std::string text(const TableLayout& layout) const;
 

@@ -33,6 +33,7 @@ TEST(TextTable, ColumnsThatDoNotFitFollowBelow) {
             "name     size\n"
             "a           5\n"
             "longer  12345\n"
+            "\n"
             "name    note\n"
             "a       x\n"
             "longer\n");
