@@ -1,0 +1,49 @@
+// The program over the published openconfig-lacp, which knows nodes that the mapping does not.
+#include <cstdlib>
+
+#include "tests/e2e/program.h"
+
+namespace support {
+namespace {
+
+class Published : public testing::Test {
+ protected:
+  void SetUp() override {
+    const char* folder = std::getenv("OCLACP_PUBLISHED_YANG_DIR");
+    if (folder == nullptr) {
+      GTEST_SKIP() << "OCLACP_PUBLISHED_YANG_DIR names no directory of published modules";
+    }
+    folder_ = folder;
+  }
+
+  [[nodiscard]] std::vector<std::string> with_models(std::vector<std::string> arguments) const {
+    arguments.insert(arguments.end(), {"--yang-dir", folder_});
+    return arguments;
+  }
+
+ private:
+  std::string folder_;
+};
+
+TEST_F(Published, ANewerNodeIsAnUnsupportedTag) {
+  const auto request = [](const char* value) {
+    return interface(std::string(R"("name": "Bundle-Ether1", "config": {"name": "Bundle-Ether1", "fallback": )") +
+                     value + "}");
+  };
+  const char* const complaint =
+      "/config/fallback: not supported by this mapping (error tag 'fallback', code 0xaaf2ee00)";
+  expect_refusal(translate(request("true"), with_models({})), complaint);
+  expect_refusal(translate(request("[null]"), with_models({"--read", "config"})), complaint);
+}
+
+TEST_F(Published, RequestsAndAnswersAreThoseOfTheShippedModel) {
+  const std::vector<std::string> edit = {"translate", "--to", "native", example("requests/create-interface.json")};
+  EXPECT_EQ(run(with_models(edit)).out, run(edit).out);
+  const std::vector<std::string> get = {"get", "--all", "-d", example("device")};
+  const Outcome answer = run(with_models(get));
+  expect_success(answer);
+  EXPECT_EQ(answer.out, run(get).out);
+}
+
+}  // namespace
+}  // namespace support
