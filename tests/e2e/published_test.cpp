@@ -1,5 +1,6 @@
 // The program over the published openconfig-lacp, which knows nodes that the mapping does not.
 #include <cstdlib>
+#include <regex>
 
 #include "tests/e2e/program.h"
 
@@ -25,24 +26,30 @@ class Published : public testing::Test {
   std::string folder_;
 };
 
-TEST_F(Published, ANewerNodeIsAnUnsupportedTag) {
-  const auto request = [](const char* value) {
-    return interface(std::string(R"("name": "Bundle-Ether1", "config": {"name": "Bundle-Ether1", "fallback": )") +
-                     value + "}");
-  };
-  const char* const complaint =
-      "/config/fallback: not supported by this mapping (error tag 'fallback', code 0xaaf2ee00)";
-  expect_refusal(translate(request("true"), with_models({})), complaint);
-  expect_refusal(translate(request("[null]"), with_models({"--read", "config"})), complaint);
+std::string request(const char* fallback) {
+  return interface(std::string(R"("name": "Bundle-Ether1", "config": {"fallback": )") + fallback + "}");
 }
 
-TEST_F(Published, RequestsAndAnswersAreThoseOfTheShippedModel) {
+TEST_F(Published, ANewerNodeIsAnUnsupportedTagOfAnEdit) {
+  expect_refusal(translate(request("true"), with_models({})),
+                 "/config/fallback: not supported by this mapping (error tag 'fallback', code 0xaaf2ee00)");
+}
+
+TEST_F(Published, ANewerNodeIsPassedOverInARead) {
+  expect_success(translate(request("[null]"), with_models({"--read", "config"})));
+}
+
+TEST_F(Published, EditsAreThoseOfTheShippedModel) {
   const std::vector<std::string> edit = {"translate", "--to", "native", example("requests/create-interface.json")};
   EXPECT_EQ(run(with_models(edit)).out, run(edit).out);
+}
+
+TEST_F(Published, AnswersAreThoseOfTheShippedModelWithTheLeavesThatKeysReferTo) {
   const std::vector<std::string> get = {"get", "--all", "-d", example("device")};
   const Outcome answer = run(with_models(get));
   expect_success(answer);
-  EXPECT_EQ(answer.out, run(get).out);
+  const std::regex member_config(R"x("config":\{"interface":"[^"]*"\},)x");
+  EXPECT_EQ(std::regex_replace(squeezed(answer.out), member_config, ""), squeezed(run(get).out));
 }
 
 }  // namespace
