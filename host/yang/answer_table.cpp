@@ -204,6 +204,7 @@ class MemberTables {
     TextTable table(std::move(columns));
     return table_of(table, state_of, [](const lyd_node* state) {
       std::vector<Cell> cells;
+      cells.reserve(kStateHeadings.size() + 1);
       for (const Heading& heading : kStateHeadings) {
         cells.push_back(state_cell(value_of(state, heading.leaf)));
       }
