@@ -1,6 +1,6 @@
 // The rows of the leaves as data, for whoever wants to look at the mapping instead of running it.
-#include <initializer_list>
 #include <iterator>
+#include <type_traits>
 
 #include "models.h"
 #include "native_paths.h"
@@ -30,15 +30,16 @@ consteval Served native(const char* ns, unsigned int work, const char* node, con
   return {node, ns, work, nullptr, handler, converter, run};
 }
 
-// The leaf with its targets, all of one model. A null path is no target.
+// The leaf with its targets, all of one model. A path that is the literal null is no target.
 template <typename... Paths>
 consteval oclacp_leaf leaf(const Served& served, const char* ns, Paths... paths) {
   static_assert(sizeof...(paths) <= OCLACP_LEAF_TARGETS);
   oclacp_leaf made{served.node, served.ns, served.work, served.walker, served.handler, served.converter, served.run,
                    {},          0};
-  for (const char* path : std::initializer_list<const char*>{paths...}) {
-    if (path != nullptr) made.targets[made.target_count++] = {path, ns};
-  }
+  [[maybe_unused]] const auto add = [&made, ns](auto path) {
+    if constexpr (!std::is_null_pointer_v<decltype(path)>) made.targets[made.target_count++] = {path, ns};
+  };
+  (add(paths), ...);
   return made;
 }
 
