@@ -79,7 +79,8 @@ void tell_dropped(size_t entries) {
 
 void tell_left_out(const host::Answer& answer) {
   if (answer.dropped_leaves != 0) {
-    std::cerr << "oclacp: left out " << answer.dropped_leaves << " leaves that belong to no list entry\n";
+    std::cerr << "oclacp: left out " << answer.dropped_leaves << (answer.dropped_leaves == 1 ? " leaf" : " leaves")
+              << " of native entries that come to no OpenConfig entry, as bundles that are sub-interfaces\n";
   }
   constexpr size_t kNamed = 10;
   for (size_t leaf = 0; leaf < std::min(kNamed, answer.valueless.size()); ++leaf) {

@@ -1,8 +1,10 @@
 #include "cli/get.h"
 
+#include <charconv>
 #include <iostream>
 #include <memory>
 #include <string>
+#include <system_error>
 
 #include "cli/command.h"
 #include "cli/terminal.h"
@@ -26,6 +28,16 @@ struct GetArguments : TranslationArguments {
   bool lists_unmapped = false;
   double watch_seconds = 0;  // 0: once
 };
+
+// Why a text is no time to wait; empty when it is one.
+std::string check_seconds(const std::string& text) {
+  double seconds = 0;
+  const char* end = text.data() + text.size();
+  const auto [behind, error] = std::from_chars(text.data(), end, seconds);
+  return error == std::errc() && behind == end && seconds >= 0.1 && seconds <= 86400
+             ? ""
+             : "'" + text + "' is no number from 0.1 to 86400";
+}
 
 host::Answer read(host::Translator& translator, GetArguments& arguments) {
   const host::DirectoryDevice device(translator.native_context(), arguments.device);
@@ -87,14 +99,14 @@ void define_get(CLI::App& app) {
   command
       ->add_option("--watch", arguments->watch_seconds,
                    "Show the table again every so many seconds, with what counters gain per second, until interrupted")
-      ->check(CLI::Range(0.1, 86400.0).description(""))
+      ->check([](const std::string& text) { return check_seconds(text); })
       ->type_name("SECONDS")
       ->needs(all)
       ->excludes(format)
       ->excludes(keep_going);
   CLI::Option* unmapped =
       command->add_flag("--unmapped", arguments->lists_unmapped,
-                        "List the native configuration of the interfaces that OpenConfig has no form for");
+                        "List what OpenConfig has no form for of the native configuration of interfaces with LACP");
   unmapped->excludes(format)->excludes(keep_going)->excludes(all);
   add_device(*command, *arguments)->required();
   add_workings(*command, *arguments);

@@ -51,6 +51,7 @@ void show(const host::Translator& translator, const Reading& now, const Reading*
   }
   const std::string table = host::answer_table(translator.openconfig_context(), now.answer.data.get(), table_layout(),
                                                earlier ? &*earlier : nullptr);
+  tell_left_out(now.answer);
   print(std::string(is_terminal() ? kClear : before == nullptr ? "" : "\n") + table);
 }
 

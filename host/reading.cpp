@@ -65,8 +65,8 @@ WantedEntries wanted_entries(const yfw_datatree* request) {
   return wanted;
 }
 
-// Whether a native list entry comes to entries of the wanted list, and to none that is wanted. The module tells by a
-// walk of its keys alone.
+// Whether a native list entry comes to entries of the wanted list, or to leaves of one that it does not name, and to
+// none that is wanted. The module tells by a walk of its keys alone.
 bool Reading::is_unwanted(const NativeParts& parts, size_t branch, yfw_map_walker walker) const {
   if (parts.branches()[branch].data->schema->nodetype != LYS_LIST) {
     return false;
@@ -76,16 +76,16 @@ bool Reading::is_unwanted(const NativeParts& parts, size_t branch, yfw_map_walke
   if (walk_native(walker, tree.top(), operation_, output, {})) {
     return false;
   }
-  bool names_others = false;
+  bool comes_to_others = false;
   for (const EditScript::Entry& entry : output.entries()) {
-    if (entry.list == wanted_.list && entry.has_keys()) {
-      if (wanted_.keys.count(entry.keys.front()) != 0) {
+    if (entry.list == wanted_.list) {
+      if (entry.has_keys() && wanted_.keys.count(entry.keys.front()) != 0) {
         return false;
       }
-      names_others = true;
+      comes_to_others = true;
     }
   }
-  return names_others;
+  return comes_to_others;
 }
 
 // Nothing when it went well.

@@ -80,13 +80,21 @@ std::string read_rest(FILE* stream, const std::string& file, std::size_t limit) 
   return text;
 }
 
-system_clock::time_point last_write(FILE* stream, const std::string& file) {
+// What changes when a file is written.
+struct FileState {
+  system_clock::time_point written;
+  off_t size;
+
+  bool operator==(const FileState&) const = default;
+};
+
+FileState state_of(FILE* stream, const std::string& file) {
   struct stat status {};
   if (fstat(fileno(stream), &status) != 0) {
     refuse(file);
   }
   const nanoseconds since_epoch = std::chrono::seconds(status.st_mtim.tv_sec) + nanoseconds(status.st_mtim.tv_nsec);
-  return system_clock::time_point(std::chrono::duration_cast<system_clock::duration>(since_epoch));
+  return {system_clock::time_point(std::chrono::duration_cast<system_clock::duration>(since_epoch)), status.st_size};
 }
 
 }  // namespace
@@ -103,18 +111,23 @@ std::string read_settled_file(const std::string& file) {
   // Whoever puts a new file in its place leaves this one as it is.
   const FilePtr stream = open_regular_file(file);
   const auto deadline = steady_clock::now() + kPatience;
+  bool was_empty = false;
   while (steady_clock::now() < deadline) {
-    const auto written = last_write(stream.get(), file);
-    const auto age = system_clock::now() - written;
+    const FileState before = state_of(stream.get(), file);
+    const auto age = system_clock::now() - before.written;
     if (age >= system_clock::duration::zero() && age < kTick) {
       std::this_thread::sleep_for(kTick - age);
       continue;
     }
     std::rewind(stream.get());
     std::string text = read_rest(stream.get(), file, std::string::npos);
-    if (last_write(stream.get(), file) == written) {
+    const bool is_settled = state_of(stream.get(), file) == before && text.size() == static_cast<size_t>(before.size);
+    // A file that is about to be written anew may be empty for a moment before its time tells.
+    if (is_settled && (!text.empty() || was_empty)) {
       return text;
     }
+    was_empty = text.empty();
+    std::this_thread::sleep_for(kTick);
   }
   throw Refusal(file + ": is written all the time, and cannot be read meanwhile");
 }

@@ -28,7 +28,7 @@ std::string complaint_of(const ly_ctx* context, const std::string& text, uint32_
 
 // `validation`: libyang's options for it.
 TreePtr parse_tree(const ly_ctx* context, const std::string& file, const std::string& text, uint32_t validation,
-                   DataKind kind = DataKind::kNative) {
+                   DataKind kind) {
   // libyang takes an empty file for an empty configuration and does not look behind the end of a document.
   check_json_document(text, file);
   lyd_node* tree = nullptr;
@@ -67,7 +67,7 @@ DirectoryDevice::DirectoryDevice(const ly_ctx* native, const std::string& direct
 const lyd_node* DirectoryDevice::operational() const {
   if (!operational_) {
     const std::string file = directory_ + "/operational.json";
-    operational_ = parse_tree(native_, file, read_settled_file(file), LYD_VALIDATE_PRESENT);
+    operational_ = parse_tree(native_, file, read_settled_file(file), LYD_VALIDATE_PRESENT, DataKind::kState);
   }
   return operational_->get();
 }

@@ -206,8 +206,7 @@ void AnswerTree::insert_top(lyd_node* made) {
 }
 
 void AnswerTree::refuse(const lyd_node* above, const lysc_node* schema) const {
-  const std::string complaint = last_complaint(context_, "");
-  throw Refusal(path_of(above, schema) + complaint.substr(complaint.find(": ")));
+  throw Refusal(path_of(above, schema) + ": " + last_reason(context_));
 }
 
 // What is inside of something was made after it.

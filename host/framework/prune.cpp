@@ -15,7 +15,9 @@ bool is_match(const yfw_datatree& node) {
 bool holds(const lyd_node* node, const yfw_datatree& match) {
   for (const lyd_node* child = lyd_child(node); child != nullptr; child = child->next) {
     if (child->schema == info_of(&match).schema) {
-      return std::strcmp(lyd_get_value(child), match.value) == 0;
+      // By what the value means: 04096 is 4096.
+      return lyd_value_compare(reinterpret_cast<const lyd_node_term*>(child), match.value, std::strlen(match.value)) ==
+             LY_SUCCESS;
     }
   }
   return false;

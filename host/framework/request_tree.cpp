@@ -61,8 +61,7 @@ const char* opaque_value(const ly_ctx* context, const lyd_node_opaq& leaf, const
   const LY_ERR status =
       lyd_value_validate(context, info.schema, leaf.value, std::strlen(leaf.value), nullptr, nullptr, nullptr);
   if (status != LY_SUCCESS && status != LY_EINCOMPLETE) {
-    const std::string complaint = last_complaint(context, "");
-    throw Refusal(node_path(node) + complaint.substr(complaint.find(": ")));
+    throw Refusal(node_path(node) + ": " + last_reason(context));
   }
   return leaf.value;
 }

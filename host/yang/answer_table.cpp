@@ -256,7 +256,7 @@ class MemberTables {
       }
       table.add(std::move(row));
     }
-    return text_of(table, 1);
+    return text_of(table, 1, "");
   }
 
   static std::string name_of(const lyd_node* member) { return lyd_get_value(lyd_child(member)); }
@@ -270,11 +270,14 @@ class MemberTables {
     return columns;
   }
 
-  // A counter that was set back has no rate.
+  // Nothing for a counter that is not there. One that was set back, or was not there before, has no rate.
   static std::string rate_text(const char* now, const char* before, double seconds) {
     const std::optional<uint64_t> last = number_of(now);
     const std::optional<uint64_t> first = number_of(before);
-    if (!last || !first || *last < *first) {
+    if (!last) {
+      return "";
+    }
+    if (!first || *last < *first) {
       return "-";
     }
     std::array<char, 32> text{};
@@ -293,9 +296,9 @@ class MemberTables {
     return text_of(table, 1);
   }
 
-  // Without columns that hold nothing; nothing when none is left beside `titles`, which say what a row is about.
-  std::string text_of(TextTable& table, size_t titles) const {
-    return table.drop_columns_showing("-") > titles ? "\n" + table.text(layout_) : "";
+  // Without columns that show `nothing` alone; empty when none is left beside `titles`, which say what a row is about.
+  std::string text_of(TextTable& table, size_t titles, const char* nothing = "-") const {
+    return table.drop_columns_showing(nothing) > titles ? "\n" + table.text(layout_) : "";
   }
 
   TableLayout layout_;

@@ -43,6 +43,9 @@ void check_data(const lyd_node* top, DataKind kind, const std::string& where) {
     if (is_platform != (kind == DataKind::kPlatform) && (top->flags & LYD_DEFAULT) == 0) {
       refuse(top, where, is_platform ? "is no configuration or state" : "is no part of the description of a device");
     }
+    if (kind == DataKind::kState && (top->schema->flags & LYS_CONFIG_W) != 0 && (top->flags & LYD_DEFAULT) == 0) {
+      refuse(top, where, "is configuration, which state does not hold");
+    }
     const lyd_node* node = nullptr;
     LYD_TREE_DFS_BEGIN(top, node) {
       check_node(node, where);

@@ -9,7 +9,8 @@ namespace oclacp::host {
 
 // Whose models data may be of, all of them loaded in the native context.
 enum class DataKind {
-  kNative,    // the device's configuration and state
+  kNative,    // the device's configuration, or configuration and state
+  kState,     // the device's state alone
   kPlatform,  // the description of the device, module oclacp-platform
 };
 

@@ -58,10 +58,17 @@ const lyd_node* child_named(const lyd_node* above, std::string_view name) {
   return child;
 }
 
-std::string last_complaint(const ly_ctx* context, const std::string& what) {
+std::string last_reason(const ly_ctx* context) {
   const char* message = ly_errmsg(context);
+  std::string reason = message == nullptr ? "unusable" : message;
+  if (reason.ends_with('.')) {
+    reason.pop_back();
+  }
+  return reason;
+}
+
+std::string last_complaint(const ly_ctx* context, const std::string& what) {
   const char* place = ly_errpath(context);
-  const std::string reason = message == nullptr ? "unusable" : message;
   const std::string_view where = place == nullptr ? "" : place;
   // libyang's place is "Schema location "/a:b", data location "/a:b", line number 3." with any part missing.
   std::string_view node = quoted_after(where, "ata location \"");
@@ -75,11 +82,7 @@ std::string last_complaint(const ly_ctx* context, const std::string& what) {
     const size_t begin = line + kLine.size();
     sentence += " (line " + std::string(where.substr(begin, where.find('.', begin) - begin)) + ")";
   }
-  sentence += ": " + reason;
-  if (sentence.back() == '.') {
-    sentence.pop_back();
-  }
-  return sentence;
+  return sentence + ": " + last_reason(context);
 }
 
 void write_tree(std::FILE* stream, const ly_ctx* context, const lyd_node* tree, LYD_FORMAT format) {

@@ -27,6 +27,9 @@ using TreePtr = std::unique_ptr<lyd_node, FreeTree>;
 // over.
 const lyd_node* child_named(const lyd_node* above, std::string_view name);
 
+// What libyang last complained about, without the node. Never empty.
+std::string last_reason(const ly_ctx* context);
+
 // What libyang last complained about: "line 3: Invalid ...", or "/module:a/b: Invalid ..." when it names a node. `what`
 // stands in front when no node is named. Never empty.
 std::string last_complaint(const ly_ctx* context, const std::string& what);

@@ -52,8 +52,7 @@ void refuse_native(const EditNode& node, const std::string& reason) {
 }
 
 void refuse_native(const ly_ctx* context, const EditNode& node) {
-  const std::string complaint = last_complaint(context, "");
-  refuse_native(node, complaint.substr(complaint.find(": ") + 2));
+  refuse_native(node, last_reason(context));
 }
 
 }  // namespace oclacp::host

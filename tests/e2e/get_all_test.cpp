@@ -176,7 +176,9 @@ TEST_F(GetAllFrom, ASubInterfaceLandsInNoNeighbour) {
                 bundle("Bundle-Ether2", with_member("p2", R"("link-data": {"actor-port-id": 2})")));
   const Outcome result = get({"/lacp/interfaces/interface/members"});
   EXPECT_EQ(result.status, 0);
-  EXPECT_EQ(result.err, "oclacp: left out 4 leaves that belong to no list entry\n");
+  EXPECT_EQ(result.err,
+            "oclacp: left out 4 leaves of native entries that come to no OpenConfig entry, as bundles that are "
+            "sub-interfaces\n");
   EXPECT_EQ(squeezed(result.out),
             interfaces(R"({"name":"Bundle-Ether1","members":{"member":[{"interface":"p1","state":{"interface":"p1",)"
                        R"("port-num":1}}]}},{"name":"Bundle-Ether2","members":{"member":[{"interface":"p2",)"
@@ -312,7 +314,46 @@ TEST_F(GetAllFrom, WatchShowsRatesUntilItIsInterrupted) {
   EXPECT_THAT(result.out, testing::ContainsRegex("  p       3000\n\n  per second +in\n  p +[1-9][0-9]*\\.[0-9]\n"));
 }
 
+TEST_F(GetAllFrom, ASubInterfaceIsNoMatterOfAReadOfAnother) {
+  write_bundles(bundle("Bundle-Ether1", "") + "," + bundle("Bundle-Ether1.5", R"("data": {})"));
+  expect_success(get({kBundle1}));
+}
+
+TEST_F(GetAllFrom, ConfigurationIsNoState) {
+  write_file("operational.json", R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 5}})");
+  expect_refusal(get(), "/operational.json: /Talvo-Brin-QD-bundlemgr-cfg:lacp: is configuration");
+}
+
+TEST_F(GetAllFrom, AMatchIsOneOfValues) {
+  write_file("operational.json", R"({"Talvo-Brin-QD-bundlemgr-oper:lacp-data": {"global": {"system-id": {"system-id": {
+                                      "system-prio": 4096}}}}})");
+  const Outcome result = get({"/lacp/state/system-priority[.='04096']"});
+  expect_success(result);
+  EXPECT_EQ(squeezed(result.out), R"({"openconfig-lacp:lacp":{"state":{"system-priority":4096}}})");
+}
+
+TEST_F(GetAllFrom, PartsFitTheModel) {
+  ly_ctx* made = nullptr;
+  ASSERT_EQ(ly_ctx_new(OCLACP_SCHEMAS, LY_CTX_NO_YANGLIBRARY, &made), LY_SUCCESS);
+  const std::unique_ptr<ly_ctx, FreeContext> context(made);
+  ASSERT_NE(ly_ctx_load_module(made, "openconfig-lacp", nullptr, nullptr), nullptr);
+  for (const char* path : {"/lacp/interfaces/interface/state", "/lacp/interfaces/interface/name",
+                           "/lacp/interfaces/interface/members/member/state/counters"}) {
+    const Outcome result = get_all(example("device"), {path});
+    expect_success(result);
+    lyd_node* data = nullptr;
+    EXPECT_EQ(lyd_parse_data_mem(made, result.out.c_str(), LYD_JSON, LYD_PARSE_STRICT | LYD_PARSE_ONLY, 0, &data),
+              LY_SUCCESS)
+        << path << ": " << ly_errmsg(made);
+    EXPECT_NE(data, nullptr) << path;
+    lyd_free_all(data);
+  }
+}
+
 TEST(GetAll, WatchNeedsStateAndATable) {
+  for (const char* seconds : {"nan", "inf", "-1", "1x"}) {
+    EXPECT_EQ(get_all(example("device"), {"--watch", seconds}).status, 2) << seconds;
+  }
   EXPECT_EQ(run({"get", "-d", example("device"), "--watch", "1"}).status, 2);
   EXPECT_EQ(get_all(example("device"), {"--watch", "0"}).status, 2);
   EXPECT_EQ(get_all(example("device"), {"--watch", "1", "--format", "json"}).status, 2);

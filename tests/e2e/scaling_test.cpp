@@ -103,6 +103,29 @@ TEST_F(ScalingOnADevice, OfAGetIsLinear) {
   }
 }
 
+TEST_F(ScalingOnADevice, OfAGetOfStateIsLinearAndOneEntryCostsLess) {
+  const auto fill_state = [this](int count) {
+    fill(count);
+    std::string bundles;
+    for (int number = 1; number <= count; ++number) {
+      const std::string name = std::to_string(number);
+      bundles += (number == 1 ? "" : ",") + (R"({"bundle-interface": "Bundle-Ether)" + name) +
+                 R"(", "members": {"member": [{"member-interface": "p)" + name +
+                 R"(", "counters": {"lacpd-us-received": "1"}, "link-data": {"actor-port-state": 61}}]}})";
+    }
+    write_file("operational.json",
+               R"({"Talvo-Brin-QD-bundlemgr-oper:lacp-bundles": {"bundles": {"bundle": [)" + bundles + "]}}}");
+  };
+  const std::vector<std::string> all = {"get", "--all", "-d", folder()};
+  fill_state(1'000);
+  const double one = time_of(all);
+  fill_state(10'000);
+  const double ten = time_of(all);
+  EXPECT_LT(ten / one, 25) << one << " s for 1,000, " << ten << " s for 10,000 bundles";
+  const double entry = time_of({"get", "--all", "-d", folder(), "/lacp/interfaces/interface[name='Bundle-Ether77']"});
+  EXPECT_LT(entry, ten) << entry << " s for one of 10,000, " << ten << " s for all";
+}
+
 TEST_F(ScalingOnADevice, OfAMergeIsLinear) {
   expect_linear_edit(R"(, "config": {"interval": "SLOW", "lacp-mode": "PASSIVE"})");
 }

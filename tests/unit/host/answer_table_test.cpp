@@ -131,8 +131,8 @@ TEST(StateTable, ShowsWhatCountersGainedPerSecond) {
   const TreePtr now = answer(now_text);
   const EarlierAnswer earlier = {before.get(), 4};
   EXPECT_THAT(answer_table(schemas().request(), now.get(), {.width = 80}, &earlier),
-              testing::HasSubstr("  per second   in\n"
-                                 "  p1          2.5\n"
+              testing::HasSubstr("  per second   in  out\n"
+                                 "  p1          2.5    -\n"
                                  "  p2            -\n"));
 }
 
