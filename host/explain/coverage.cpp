@@ -11,13 +11,14 @@ bool is_asked_for(Probe& probe, const lysc_node* leaf) {
 }
 
 CoveredLeaf cover(const LeafTables& tables, Probe& probe, Flows& flows, const lysc_node* leaf) {
-  const LeafRow* row = tables.find(leaf);
-  CoveredLeaf covered{leaf, row != nullptr, false, false, {}};
+  CoveredLeaf covered{leaf, tables.find(leaf) != nullptr, false, false, {}};
+  for (const Flow& flow : flows.to(leaf)) {
+    covered.sources.push_back(flow.from);
+  }
   const Outgoing& outgoing = flows.from(leaf);
   covered.in_edits = !outgoing.flows.empty();
-  covered.in_reads = is_asked_for(probe, leaf) && !flows.to(leaf).empty();
+  covered.in_reads = is_asked_for(probe, leaf) && !covered.sources.empty();
   if (covered.is_served()) {
-    covered.sources = row == nullptr ? std::vector<const lysc_node*>() : row->targets;
     return covered;
   }
   // Natively the name of an entry is kept once, as its key.

@@ -14,7 +14,7 @@ struct CoveredLeaf {
   bool is_known;  // it has a row in the module's tables
   bool in_edits;  // an edit of it is accepted, and sets something natively
   bool in_reads;  // a read of it asks for something, of which the leaf is made
-  // The native leaves that it stands for. None for what is not served.
+  // The native leaves that are read as it, in the order of the tables.
   std::vector<const lysc_node*> sources;
   const lysc_node* key = nullptr;  // the list key that carries the value of a leaf without sources; null without one
 

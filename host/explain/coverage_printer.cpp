@@ -61,25 +61,38 @@ const char* reason_of(const CoveredLeaf& leaf) {
   return leaf.is_known ? "refused, has no source" : "unknown to the mapping";
 }
 
-// The native path that all sources of a group are below.
-std::string common_parent(const Group& group) {
-  std::string common;
-  bool is_first = true;
+std::string top_of(const std::string& path) {
+  return path.substr(0, path.find('/', 1));
+}
+
+// The native paths that all sources of a group are below: one in each of the trees that they are from.
+std::vector<std::string> common_parents(const Group& group) {
+  std::vector<std::string> parents;
   for (const CoveredLeaf* leaf : group.leaves) {
     for (const lysc_node* source : leaf->sources) {
       const std::string path = bare_path(source);
-      common = is_first ? parent_of(path) : common;
-      is_first = false;
-      while (!path.starts_with(common + "/")) {
-        common = parent_of(common);
+      const auto found = std::find_if(parents.begin(), parents.end(),
+                                      [&](const std::string& one) { return top_of(one) == top_of(path); });
+      std::string& parent = found == parents.end() ? parents.emplace_back(parent_of(path)) : *found;
+      while (!path.starts_with(parent + "/")) {
+        parent = parent_of(parent);
       }
     }
   }
-  return common;
+  return parents;
 }
 
-// Sources are shown from behind `below` on.
-std::string origin_of(const CoveredLeaf& leaf, const std::string& below) {
+// A source from behind that one of the paths on that it is below.
+std::string relative(const lysc_node* source, const std::vector<std::string>& parents) {
+  const std::string path = bare_path(source);
+  const auto above =
+      std::find_if(parents.begin(), parents.end(), [&](const std::string& one) { return path.starts_with(one + "/"); });
+  return path.substr(above->size() + 1);
+}
+
+// What makes a leaf, where each source is printed by `print`.
+template <typename Print>
+std::string origin_of(const CoveredLeaf& leaf, const Print& print) {
   if (!leaf.is_served()) {
     return reason_of(leaf);
   }
@@ -88,7 +101,7 @@ std::string origin_of(const CoveredLeaf& leaf, const std::string& below) {
   }
   std::string text;
   for (const lysc_node* source : leaf.sources) {
-    text += (text.empty() ? "" : ", ") + bare_path(source).substr(below.size() + 1);
+    text += (text.empty() ? "" : ", ") + print(source);
   }
   return text;
 }
@@ -114,12 +127,17 @@ std::string coverage_table(const Coverage& coverage) {
   constexpr size_t kWidth = 80;
   std::string text = titled(coverage) + "\n" + summary(coverage) + "\n";
   for (const Group& one : group(coverage)) {
-    const std::string below = common_parent(one);
-    text += "\n" + one.parent + "\n" + (below.empty() ? "" : "  natively below " + below + "\n");
+    const std::vector<std::string> parents = common_parents(one);
+    text += "\n" + one.parent + "\n";
+    for (const std::string& parent : parents) {
+      text += (&parent == &parents.front() ? "  natively below " : "             and ") + parent + "\n";
+    }
     TextTable table({{"leaf"}, {"edits"}, {"reads"}, {"native"}});
     for (const CoveredLeaf* leaf : one.leaves) {
-      table.add(
-          {{leaf->schema->name}, {yes_or_no(leaf->in_edits)}, {yes_or_no(leaf->in_reads)}, {origin_of(*leaf, below)}});
+      table.add({{leaf->schema->name},
+                 {yes_or_no(leaf->in_edits)},
+                 {yes_or_no(leaf->in_reads)},
+                 {origin_of(*leaf, [&](const lysc_node* source) { return relative(source, parents); })}});
     }
     text += table.text({kWidth, 2, false});
   }
@@ -143,10 +161,10 @@ std::string coverage_markdown(const Coverage& coverage) {
   for (const Group& one : group(coverage)) {
     text += "\n## " + one.parent + "\n\n| Leaf | Edits | Reads | Native |\n|---|---|---|---|\n";
     for (const CoveredLeaf* leaf : one.leaves) {
-      const std::string origin = origin_of(*leaf, "");
       text.append("| ").append(leaf->schema->name).append(" | ").append(yes_or_no(leaf->in_edits));
       text.append(" | ").append(yes_or_no(leaf->in_reads)).append(" | ");
-      text.append(leaf->sources.empty() ? origin : "`/" + origin + "`").append(" |\n");
+      text.append(origin_of(*leaf, [](const lysc_node* source) { return "`" + bare_path(source) + "`"; }));
+      text.append(" |\n");
     }
   }
   return text;

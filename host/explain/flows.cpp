@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "host/explain/samples.h"
 #include "host/explain/schema_path.h"
 
 namespace oclacp::host {
@@ -38,8 +37,8 @@ const Outgoing& Flows::from(const lysc_node* leaf) {
   Outgoing outgoing;
   if (leaf->module->ctx == schemas_.request()) {
     outgoing = edits_of(leaf);
-  } else if (const LeafRow* row = tables_.find(leaf); row != nullptr) {
-    outgoing = reports_of(*row);
+  } else if (tables_.find(leaf) != nullptr) {
+    outgoing = reports_of(leaf);
   }
   return outgoing_.emplace(leaf, std::move(outgoing)).first->second;
 }
@@ -68,31 +67,48 @@ Outgoing Flows::edits_of(const lysc_node* leaf) {
   return outgoing;
 }
 
-// A report holds more than the leaf's own targets, such as the keys of its entry; the tables tell which are its own.
-// What edits write is tried besides what the type offers.
-Outgoing Flows::reports_of(const LeafRow& row) {
-  Outgoing outgoing;
-  if (row.targets.empty()) {
-    return outgoing;
+// What the entry around a leaf is reported as in any case; for a key, what the entry around its own is.
+std::vector<const lysc_node*> Flows::reported_without(const lysc_node* leaf) {
+  const lysc_node* list = innermost_list(lysc_is_key(leaf) ? leaf->parent->parent : leaf);
+  std::vector<const lysc_node*> reported;
+  if (list != nullptr) {
+    for (const ProbeResult::Leaf& one : probe_.native(list, "").leaves) {
+      reported.push_back(one.schema);
+    }
   }
-  Samples samples = samples_of(row.schema);
-  for (const Flow& flow : to(row.schema)) {
+  return reported;
+}
+
+// The values that a native leaf's type offers, and what edits write besides.
+Samples Flows::samples_with_written(const lysc_node* leaf) {
+  Samples samples = samples_of(leaf);
+  for (const Flow& flow : to(leaf)) {
     for (const Conversion& written : flow.conversions) {
       if (written.to && std::find(samples.values.begin(), samples.values.end(), *written.to) == samples.values.end()) {
         samples.values.push_back(*written.to);
       }
     }
   }
+  return samples;
+}
+
+// What is made of a leaf is what is reported with it and not without it, whatever the tables say.
+Outgoing Flows::reports_of(const lysc_node* leaf) {
+  Outgoing outgoing;
+  const std::vector<const lysc_node*> without = reported_without(leaf);
+  const Samples samples = samples_with_written(leaf);
+  std::vector<ProbeResult> results;
   for (const std::string& value : samples.values) {
-    const ProbeResult result = probe_.native(row.schema, value);
-    for (const lysc_node* target : row.targets) {
-      Conversion conversion{value, std::nullopt, result.refusal};
-      for (const ProbeResult::Leaf& leaf : result.leaves) {
-        if (leaf.schema == target) {
-          conversion.to = leaf.value;
-        }
+    results.push_back(probe_.native(leaf, value));
+    for (const ProbeResult::Leaf& made : results.back().leaves) {
+      if (std::find(without.begin(), without.end(), made.schema) == without.end()) {
+        flow_to(outgoing.flows, leaf, made.schema, samples.is_complete);
       }
-      flow_to(outgoing.flows, row.schema, target, samples.is_complete).conversions.push_back(std::move(conversion));
+    }
+  }
+  for (Flow& flow : outgoing.flows) {
+    for (size_t index = 0; index < results.size(); ++index) {
+      flow.conversions.push_back({samples.values[index], results[index].value_of(flow.to), results[index].refusal});
     }
   }
   return outgoing;

@@ -9,6 +9,7 @@
 #include "host/explain/conversion.h"
 #include "host/explain/leaf_tables.h"
 #include "host/explain/probe.h"
+#include "host/explain/samples.h"
 
 namespace oclacp::host {
 
@@ -37,7 +38,9 @@ class Flows {
 
  private:
   Outgoing edits_of(const lysc_node* leaf);
-  Outgoing reports_of(const LeafRow& row);
+  Outgoing reports_of(const lysc_node* leaf);
+  std::vector<const lysc_node*> reported_without(const lysc_node* leaf);
+  Samples samples_with_written(const lysc_node* leaf);
 
   const LeafTables& tables_;
   const Schemas& schemas_;

@@ -1,5 +1,6 @@
 #include "host/explain/probe.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include "host/datastore/installed_device.h"
@@ -77,10 +78,16 @@ bool is_about(const lysc_node* node, const yfw_datatree* source) {
   return schema == node || (lysc_is_key(node) && schema == node->parent);
 }
 
-void add_leaves(ProbeResult& result, const lyd_node* top) {
+bool has_step(const EditScript& script, const lysc_node* schema) {
+  return std::any_of(script.steps().begin(), script.steps().end(),
+                     [&](const EditScript::Step& step) { return step.target->schema == schema; });
+}
+
+// The answer has a leaf more than the module added: the one that a key refers to.
+void add_leaves(ProbeResult& result, const EditScript& script, const lyd_node* top) {
   const lyd_node* node = nullptr;
   LYD_TREE_DFS_BEGIN(top, node) {
-    if ((node->schema->nodetype & LYD_NODE_TERM) != 0) {
+    if (is_leaf(node->schema) && has_step(script, node->schema)) {
       result.leaves.push_back({node->schema, lyd_get_value(node)});
     }
     LYD_TREE_DFS_END(top, node);
@@ -96,6 +103,11 @@ TreePtr make_tree(const ly_ctx* context, const std::string& path, const char* va
 }
 
 }  // namespace
+
+std::optional<std::string> ProbeResult::value_of(const lysc_node* leaf) const {
+  const auto found = std::find_if(leaves.rbegin(), leaves.rend(), [&](const Leaf& one) { return one.schema == leaf; });
+  return found == leaves.rend() ? std::nullopt : found->value;
+}
 
 Probe::SampleDevice::SampleDevice(const ly_ctx* context) {
   const lysc_node* leaf = lys_find_path(context, nullptr, kSampleConfiguration, 0);
@@ -169,7 +181,7 @@ ProbeResult Probe::native(const lysc_node* node, const std::string& value) {
   }
   const TreePtr made = answer.take();
   if (made != nullptr) {
-    add_leaves(result, made.get());
+    add_leaves(result, script, made.get());
   }
   return result;
 }

@@ -22,6 +22,9 @@ struct ProbeResult {
   std::vector<Leaf> leaves;             // of the other side, in the order in which they were added
   std::vector<const lysc_node*> lists;  // whose entries were named
   std::optional<std::string> refusal;   // why the mapping refuses this; then there is nothing else
+
+  // The value of a leaf of `leaves`, of several the last; nothing when it is not among them or has none.
+  [[nodiscard]] std::optional<std::string> value_of(const lysc_node* leaf) const;
 };
 
 // Runs are about one made-up interface with LACP. Used by one thread at a time.
@@ -37,7 +40,8 @@ class Probe {
   // What a read that names a node of openconfig-lacp and nothing in it asks for.
   ProbeResult read(const lysc_node* node);
 
-  // What a native leaf of this value becomes in a read of state, alone in its entry; of a list, what an entry becomes.
+  // What the module adds for a native leaf of this value in a read of state, alone in its entry; of a list, what it
+  // adds for an entry.
   ProbeResult native(const lysc_node* node, const std::string& value);
 
  private:

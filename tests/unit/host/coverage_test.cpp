@@ -71,6 +71,26 @@ TEST_F(CoverageTest, ALeafThatTheListKeyCarriesIsServedWithIt) {
   EXPECT_TRUE(name.in_reads);
 }
 
+TEST_F(CoverageTest, SourcesAreThoseThatExplanationsTellOf) {
+  Flows& flows = explained_.flows;
+  for (const CoveredLeaf& leaf : coverage_.leaves) {
+    std::vector<const lysc_node*> read_from;
+    for (const Flow& flow : flows.to(leaf.schema)) {
+      read_from.push_back(flow.from);
+    }
+    EXPECT_EQ(leaf.sources, read_from) << bare_path(leaf.schema);
+  }
+  EXPECT_THAT(at(entry_ + "name").sources,
+              testing::ElementsAre(explained_.node(std::string(kEntry) + "interface-name"),
+                                   explained_.node("/lacp-bundles/bundles/bundle/bundle-interface")));
+}
+
+TEST_F(CoverageTest, EachOfSeveralSourcesIsAPathOfItsOwnOnThePage) {
+  EXPECT_THAT(coverage_markdown(coverage_),
+              testing::HasSubstr("\n| name | yes | yes | `/interface-configurations/interface-configuration/"
+                                 "interface-name`, `/lacp-bundles/bundles/bundle/bundle-interface` |\n"));
+}
+
 TEST_F(CoverageTest, TheTableFitsATerminal) {
   const std::string table = coverage_table(coverage_);
   EXPECT_THAT(table, testing::StartsWith("openconfig-lacp, revision 2021-07-20\n"
@@ -81,6 +101,11 @@ TEST_F(CoverageTest, TheTableFitsATerminal) {
                                         "  name             yes    yes    with the key name\n"
                                         "  interval         yes    yes    period\n"));
   EXPECT_THAT(table, testing::HasSubstr("\n  interval         -      -      refused, has no source\n"));
+  EXPECT_THAT(table, testing::HasSubstr("\n/lacp/interfaces/interface\n"
+                                        "  natively below /interface-configurations/interface-configuration\n"
+                                        "             and /lacp-bundles/bundles/bundle\n"
+                                        "  leaf  edits  reads  native\n"
+                                        "  name  yes    yes    interface-name, bundle-interface\n"));
   std::istringstream lines(table);
   for (std::string line; std::getline(lines, line);) {
     EXPECT_LE(line.size(), 80U) << line;

@@ -52,6 +52,12 @@ TEST_F(ExplainerTest, ALeafThatTheKeyCarriesNamesTheKey) {
                     Not(HasSubstr("no source"))));
 }
 
+TEST_F(ExplainerTest, AKeyIsReadBackFromConfigurationAndFromTheDevicesState) {
+  EXPECT_THAT(explainer_.explain(entry_ + "name"),
+              testing::ContainsRegex("\nIt is read back from\n  .*/interface-name\n.*\n.*\n"
+                                     "  /Talvo-Brin-QD-bundlemgr-oper:lacp-bundles/bundles/bundle/bundle-interface\n"));
+}
+
 TEST_F(ExplainerTest, ANativeLeafIsToldInBothDirections) {
   EXPECT_THAT(explainer_.explain("/interface-configurations/interface-configuration/interface-name"),
               AllOf(HasSubstr("\nIt is read as\n  /openconfig-lacp:lacp/interfaces/interface/name\n"

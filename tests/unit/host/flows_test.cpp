@@ -111,16 +111,37 @@ TEST_F(FlowsTest, EachNativeLeafIsReportedAsItIsTold) {
   size_t told = 0;
   for (const LeafRow& row : explained_.tables.native()) {
     const Outgoing& outgoing = explained_.flows.from(row.schema);
-    EXPECT_EQ(outgoing.flows.size(), row.leaf->target_count) << row.leaf->node;
+    std::vector<const lysc_node*> reached;
     for (const Flow& flow : outgoing.flows) {
+      reached.push_back(flow.to);
       for (const Conversion& conversion : flow.conversions) {
         expect_as_told(flow, conversion,
                        [&](const Flow& one, const std::string& value) { return reported(one, value); });
         ++told;
       }
     }
+    EXPECT_THAT(reached, testing::IsSupersetOf(row.targets)) << row.leaf->node;
   }
   EXPECT_GE(told, 6U * 256U);
+}
+
+TEST_F(FlowsTest, AnEntryOfTheDevicesStateMakesTheKeyOfItsEntryToo) {
+  const lysc_node* bundle = explained_.node("/lacp-bundles/bundles/bundle/bundle-interface");
+  const std::string entry = kOcEntry;
+  std::vector<const lysc_node*> reached;
+  for (const Flow& flow : explained_.flows.from(bundle).flows) {
+    reached.push_back(flow.to);
+  }
+  EXPECT_THAT(reached,
+              testing::UnorderedElementsAre(explained_.node(entry + "name"), explained_.node(entry + "state/name")));
+}
+
+TEST_F(FlowsTest, ALeafThatIsNoKeyMakesNoKeys) {
+  for (const LeafRow& row : explained_.tables.native()) {
+    for (const Flow& flow : explained_.flows.from(row.schema).flows) {
+      EXPECT_TRUE(lysc_is_key(row.schema) || !lysc_is_key(flow.to)) << row.leaf->node;
+    }
+  }
 }
 
 TEST_F(FlowsTest, EveryTargetOfAnEditedLeafIsReached) {
