@@ -5,19 +5,18 @@
 namespace oclacp::host {
 namespace {
 
-bool is_asked_for(Probe& probe, const lysc_node* leaf) {
-  const ProbeResult asked = probe.read(leaf);
-  return !asked.refusal && !asked.leaves.empty();
-}
-
 CoveredLeaf cover(const LeafTables& tables, Probe& probe, Flows& flows, const lysc_node* leaf) {
-  CoveredLeaf covered{leaf, tables.find(leaf) != nullptr, false, false, {}};
+  CoveredLeaf covered{leaf, tables.find(leaf) != nullptr, false, false, {}, std::nullopt};
   for (const Flow& flow : flows.to(leaf)) {
     covered.sources.push_back(flow.from);
   }
   const Outgoing& outgoing = flows.from(leaf);
   covered.in_edits = !outgoing.flows.empty();
-  covered.in_reads = is_asked_for(probe, leaf) && !covered.sources.empty();
+  const ProbeResult asked = probe.read(leaf);
+  covered.in_reads = !asked.leaves.empty() && !covered.sources.empty();
+  if (outgoing.refusal) {
+    covered.refusal = asked.refusal;
+  }
   if (covered.is_served()) {
     return covered;
   }
@@ -31,6 +30,13 @@ CoveredLeaf cover(const LeafTables& tables, Probe& probe, Flows& flows, const ly
 }
 
 }  // namespace
+
+std::string reason_of(const CoveredLeaf& leaf) {
+  if (!leaf.is_known) {
+    return "unknown to the mapping";
+  }
+  return std::string(leaf.refusal ? "refused" : "comes to nothing") + (leaf.sources.empty() ? ", has no source" : "");
+}
 
 Coverage find_coverage(const LeafTables& tables, const Schemas& schemas, Probe& probe, Flows& flows) {
   Coverage coverage{ly_ctx_get_module_implemented(schemas.request(), "openconfig-lacp"), {}};

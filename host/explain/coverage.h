@@ -1,6 +1,7 @@
 // What of openconfig-lacp the mapping serves.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,10 +17,14 @@ struct CoveredLeaf {
   bool in_reads;  // a read of it asks for something, of which the leaf is made
   // The native leaves that are read as it, in the order of the tables.
   std::vector<const lysc_node*> sources;
+  std::optional<std::string> refusal;  // why every request that names it is refused; nothing when one is accepted
   const lysc_node* key = nullptr;  // the list key that carries the value of a leaf without sources; null without one
 
   [[nodiscard]] bool is_served() const { return in_edits || in_reads; }
 };
+
+// Why a leaf that is not served is not, in a few words.
+std::string reason_of(const CoveredLeaf& leaf);
 
 struct Coverage {
   const lys_module* module;         // openconfig-lacp as loaded

@@ -56,11 +56,6 @@ const char* yes_or_no(bool is_served) {
   return is_served ? "yes" : "-";
 }
 
-// Why a leaf that is not served is not.
-const char* reason_of(const CoveredLeaf& leaf) {
-  return leaf.is_known ? "refused, has no source" : "unknown to the mapping";
-}
-
 std::string top_of(const std::string& path) {
   return path.substr(0, path.find('/', 1));
 }

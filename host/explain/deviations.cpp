@@ -47,14 +47,20 @@ class Deviations {
     }
   }
 
-  // Why nothing in a node is served.
-  [[nodiscard]] const char* reason(const lysc_node* node) const {
+  // Why nothing in a node is served: the reasons of its leaves.
+  [[nodiscard]] std::string reasons(const lysc_node* node) const {
     const std::vector<const lysc_node*> leaves = leaves_of(node);
-    const bool is_known = std::any_of(coverage_.leaves.begin(), coverage_.leaves.end(), [&](const CoveredLeaf& leaf) {
-      return leaf.is_known && std::find(leaves.begin(), leaves.end(), leaf.schema) != leaves.end();
-    });
-    return is_known ? "There is no native source; a request that names it is refused."
-                    : "The mapping does not know it.";
+    std::set<std::string> reasons;
+    for (const CoveredLeaf& leaf : coverage_.leaves) {
+      if (std::find(leaves.begin(), leaves.end(), leaf.schema) != leaves.end()) {
+        reasons.insert(reason_of(leaf));
+      }
+    }
+    std::string text;
+    for (const std::string& reason : reasons) {
+      text += (text.empty() ? "" : "; ") + reason;
+    }
+    return text;
   }
 
   void deviate(const lysc_node* node) {
@@ -62,8 +68,8 @@ class Deviations {
     for (const lysc_node* above = node->parent; above != nullptr; above = above->parent) {
       modules_.insert(above->module);
     }
-    deviations_.push_back("  deviation \"" + deviated_path(node) + "\" {\n    description\n      \"" + reason(node) +
-                          "\";\n    deviate not-supported;\n  }\n");
+    deviations_.push_back("  deviation \"" + deviated_path(node) + "\" {\n    description\n      \"Not served: " +
+                          reasons(node) + ".\";\n    deviate not-supported;\n  }\n");
   }
 
   [[nodiscard]] std::string imports() const {

@@ -48,9 +48,27 @@ TEST_F(CoverageTest, ALeafThatEveryRequestRefusesIsNotServed) {
       unserved.push_back(bare_path(leaf.schema));
       EXPECT_TRUE(leaf.is_known);
       EXPECT_THAT(leaf.sources, testing::IsEmpty());
+      EXPECT_EQ(leaf.refusal, explained_.probe.read(leaf.schema).refusal);
+      EXPECT_EQ(reason_of(leaf), "refused, has no source");
     }
   }
   EXPECT_THAT(unserved, testing::ElementsAre(entry_ + "state/interval", member_ + "state/counters/lacp-tx-errors"));
+}
+
+TEST_F(CoverageTest, TheReasonIsWhatWasFoundOfTheLeaf) {
+  CoveredLeaf leaf = at(entry_ + "state/interval");
+  ASSERT_TRUE(leaf.refusal);
+  leaf.refusal.reset();
+  EXPECT_EQ(reason_of(leaf), "comes to nothing, has no source");
+  leaf.sources = at(entry_ + "name").sources;
+  EXPECT_EQ(reason_of(leaf), "comes to nothing");
+  leaf.is_known = false;
+  EXPECT_EQ(reason_of(leaf), "unknown to the mapping");
+}
+
+TEST_F(CoverageTest, OnlyWhatEveryRequestRefusesIsRefused) {
+  EXPECT_EQ(at(entry_ + "config/interval").refusal, std::nullopt);
+  EXPECT_EQ(at(entry_ + "state/lacp-mode").refusal, std::nullopt);
 }
 
 TEST_F(CoverageTest, AServedLeafIsOneThatAReadAloneIsNotRefusedFor) {

@@ -42,12 +42,11 @@ TEST(Deviations, TellTheReason) {
   Coverage coverage = explained.coverage();
   EXPECT_THAT(deviation_module(coverage),
               testing::HasSubstr("oc-lacp:state/oc-lacp:interval\" {\n    description\n      "
-                                 "\"There is no native source; a request that names it is "
-                                 "refused.\";\n    deviate not-supported;\n"));
+                                 "\"Not served: refused, has no source.\";\n    deviate not-supported;\n"));
   for (CoveredLeaf& leaf : coverage.leaves) {
     leaf.is_known = false;
   }
-  EXPECT_THAT(deviation_module(coverage), testing::HasSubstr("\"The mapping does not know it.\""));
+  EXPECT_THAT(deviation_module(coverage), testing::HasSubstr("\"Not served: unknown to the mapping.\""));
 }
 
 TEST(Deviations, OfAContainerInWhichNothingIsServedNameTheContainerAlone) {
