@@ -45,9 +45,7 @@ std::optional<size_t> deciding_bit(const Flow& flow) {
   return std::nullopt;
 }
 
-}  // namespace
-
-std::vector<std::string> describe(const Flow& flow) {
+std::vector<std::string> describe_values(const Flow& flow) {
   if (std::all_of(flow.conversions.begin(), flow.conversions.end(), is_kept)) {
     return {flow.is_complete ? "as it is" : "as it is, such as " + quoted(flow.conversions.front().from)};
   }
@@ -61,6 +59,16 @@ std::vector<std::string> describe(const Flow& flow) {
   }
   if (!flow.is_complete) {
     lines.emplace_back("(other values were not tried)");
+  }
+  return lines;
+}
+
+}  // namespace
+
+std::vector<std::string> describe(const Flow& flow) {
+  std::vector<std::string> lines = describe_values(flow);
+  if (flow.needs_lacp) {
+    lines.emplace_back("(only where LACP is configured on the interface)");
   }
   return lines;
 }

@@ -22,6 +22,7 @@ struct Flow {
   const lysc_node* to;
   std::vector<Conversion> conversions;  // by the values of `from`
   bool is_complete;                     // these are all the values that there are
+  bool needs_lacp = false;              // nothing is made of them unless LACP is configured on the interface
 };
 
 // The conversion of a flow as lines for a person.

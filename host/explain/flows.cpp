@@ -92,6 +92,13 @@ Samples Flows::samples_with_written(const lysc_node* leaf) {
   return samples;
 }
 
+// The first value of which something is made stands for the others.
+bool Flows::needs_lacp(const Flow& flow) {
+  const auto made = std::find_if(flow.conversions.begin(), flow.conversions.end(),
+                                 [](const Conversion& conversion) { return conversion.to.has_value(); });
+  return made != flow.conversions.end() && !probe_.native_alone(flow.from, made->from).value_of(flow.to);
+}
+
 // What is made of a leaf is what is reported with it and not without it, whatever the tables say.
 Outgoing Flows::reports_of(const lysc_node* leaf) {
   Outgoing outgoing;
@@ -110,6 +117,7 @@ Outgoing Flows::reports_of(const lysc_node* leaf) {
     for (size_t index = 0; index < results.size(); ++index) {
       flow.conversions.push_back({samples.values[index], results[index].value_of(flow.to), results[index].refusal});
     }
+    flow.needs_lacp = needs_lacp(flow);
   }
   return outgoing;
 }

@@ -40,6 +40,7 @@ class Flows {
   Outgoing edits_of(const lysc_node* leaf);
   Outgoing reports_of(const lysc_node* leaf);
   std::vector<const lysc_node*> reported_without(const lysc_node* leaf);
+  bool needs_lacp(const Flow& flow);
   Samples samples_with_written(const lysc_node* leaf);
 
   const LeafTables& tables_;

@@ -102,6 +102,16 @@ TreePtr make_tree(const ly_ctx* context, const std::string& path, const char* va
   return TreePtr(top);
 }
 
+TreePtr sample_configuration(const ly_ctx* context) {
+  return make_tree(context, instance_path(lys_find_path(context, nullptr, kSampleConfiguration, 0), ""), "active");
+}
+
+// An instance of a native node.
+TreePtr native_data(const ly_ctx* context, const lysc_node* node, const std::string& value) {
+  const bool has_value = is_leaf(node) && !lysc_is_key(node);
+  return make_tree(context, instance_path(node, value), has_value ? value.c_str() : nullptr);
+}
+
 }  // namespace
 
 std::optional<std::string> ProbeResult::value_of(const lysc_node* leaf) const {
@@ -109,13 +119,13 @@ std::optional<std::string> ProbeResult::value_of(const lysc_node* leaf) const {
   return found == leaves.rend() ? std::nullopt : found->value;
 }
 
-Probe::SampleDevice::SampleDevice(const ly_ctx* context) {
-  const lysc_node* leaf = lys_find_path(context, nullptr, kSampleConfiguration, 0);
-  running_ = make_tree(context, instance_path(leaf, ""), "active");
-}
-
 Probe::Probe(const Module& module, const Schemas& schemas, NativePaths& openconfig, NativePaths& native)
-    : module_(module), schemas_(schemas), openconfig_(openconfig), native_(native), device_(schemas.native()) {}
+    : module_(module),
+      schemas_(schemas),
+      openconfig_(openconfig),
+      native_(native),
+      configuration_(sample_configuration(schemas.native())),
+      device_(configuration_.get()) {}
 
 ProbeResult Probe::edit(const lysc_node* node, const std::string& value) {
   std::string path = instance_path(node, value);
@@ -156,16 +166,23 @@ ProbeResult Probe::read(const lysc_node* node) {
 }
 
 ProbeResult Probe::native(const lysc_node* node, const std::string& value) {
-  const bool has_value = is_leaf(node) && !lysc_is_key(node);
-  const TreePtr data = make_tree(schemas_.native(), instance_path(node, value), has_value ? value.c_str() : nullptr);
+  return run_native(native_data(schemas_.native(), node, value).get(), device_);
+}
+
+ProbeResult Probe::native_alone(const lysc_node* node, const std::string& value) {
+  const TreePtr data = native_data(schemas_.native(), node, value);
+  return run_native(data.get(), SampleDevice(data.get()));
+}
+
+ProbeResult Probe::run_native(const lyd_node* data, const Device& device) {
   const lysc_node* top = data->schema;
   const yfw_map_walker walker = module_.native_walker(top->module->ns, top->name);
   if (walker == nullptr) {
     return {};
   }
-  const InstalledDevice installed(device_);
+  const InstalledDevice installed(device);
   EditScript script(openconfig_, false);
-  NativeTree tree(data.get(), nullptr);
+  NativeTree tree(data, nullptr);
   if (const auto failure = walk_native(walker, tree.top(), YFW_REQUEST_READ_STATE, script, {}); failure) {
     return refused(*failure);
   }

@@ -44,24 +44,30 @@ class Probe {
   // adds for an entry.
   ProbeResult native(const lysc_node* node, const std::string& value);
 
+  // The same with a device that has no configuration but the leaf itself, if it is one of configuration.
+  ProbeResult native_alone(const lysc_node* node, const std::string& value);
+
  private:
-  // Has LACP on the sample interface.
   class SampleDevice final : public Device {
    public:
-    explicit SampleDevice(const ly_ctx* context);
+    // `running`: outlives this.
+    explicit SampleDevice(const lyd_node* running) : running_(running) {}
     [[nodiscard]] uint32_t router_type() const override { return EmptyDevice().router_type(); }
     [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
-    [[nodiscard]] const lyd_node* running() const override { return running_.get(); }
+    [[nodiscard]] const lyd_node* running() const override { return running_; }
 
    private:
     std::vector<Interface> interfaces_;
-    TreePtr running_;
+    const lyd_node* running_;
   };
+
+  ProbeResult run_native(const lyd_node* data, const Device& device);
 
   const Module& module_;
   const Schemas& schemas_;
   NativePaths& openconfig_;
   NativePaths& native_;
+  TreePtr configuration_;  // LACP on the sample interface
   SampleDevice device_;
 };
 

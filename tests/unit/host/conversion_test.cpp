@@ -26,6 +26,12 @@ TEST(Conversion, OfKeptValuesIsToldInOneLine) {
   EXPECT_THAT(describe(flow(false, {{"5", "5", {}}})), ElementsAre("as it is, such as \"5\""));
 }
 
+TEST(Conversion, IsToldWithItsCondition) {
+  Flow conditional = flow(true, {{"a", "a", {}}});
+  conditional.needs_lacp = true;
+  EXPECT_THAT(describe(conditional), ElementsAre("as it is", "(only where LACP is configured on the interface)"));
+}
+
 TEST(Conversion, IsToldValueByValue) {
   EXPECT_THAT(describe(flow(true, {{"a", "a", {}}, {"b", "x", {}}, {"c", {}, {}}, {"d", {}, "too late"}})),
               ElementsAre("\"a\" -> \"a\"", "\"b\" -> \"x\"", "\"c\" -> nothing", "\"d\" -> refused: too late"));

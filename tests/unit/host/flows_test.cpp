@@ -59,10 +59,10 @@ class FlowsTest : public testing::Test {
   }
 
   // What it makes of a value of a native leaf. The schema nodes of the translator are others than those of the flow.
-  std::vector<std::string> reported(const Flow& flow, const std::string& value) {
+  std::vector<std::string> reported(const Flow& flow, const std::string& value, const Device& device) {
     ToOpenconfigOptions options;
     options.kind = RequestKind::kReadState;
-    const Answer answer = translator_.to_openconfig(document(flow.from, value), &device_, options);
+    const Answer answer = translator_.to_openconfig(document(flow.from, value), &device, options);
     const lysc_node* leaf = lys_find_path(translator_.openconfig_context(), nullptr, schema_path(flow.to).c_str(), 0);
     return values_in(answer.data.get(), leaf);
   }
@@ -116,7 +116,7 @@ TEST_F(FlowsTest, EachNativeLeafIsReportedAsItIsTold) {
       reached.push_back(flow.to);
       for (const Conversion& conversion : flow.conversions) {
         expect_as_told(flow, conversion,
-                       [&](const Flow& one, const std::string& value) { return reported(one, value); });
+                       [&](const Flow& one, const std::string& value) { return reported(one, value, device_); });
         ++told;
       }
     }
@@ -134,6 +134,35 @@ TEST_F(FlowsTest, AnEntryOfTheDevicesStateMakesTheKeyOfItsEntryToo) {
   }
   EXPECT_THAT(reached,
               testing::UnorderedElementsAre(explained_.node(entry + "name"), explained_.node(entry + "state/name")));
+}
+
+TEST_F(FlowsTest, WhatNeedsLacpIsNotReportedOfADeviceWithoutConfiguration) {
+  std::vector<std::string> conditional;
+  for (const LeafRow& row : explained_.tables.native()) {
+    if ((row.schema->flags & LYS_CONFIG_W) != 0) {
+      continue;
+    }
+    for (const Flow& flow : explained_.flows.from(row.schema).flows) {
+      const auto made = std::find_if(flow.conversions.begin(), flow.conversions.end(),
+                                     [](const Conversion& conversion) { return conversion.to.has_value(); });
+      ASSERT_NE(made, flow.conversions.end()) << row.leaf->node;
+      EXPECT_EQ(reported(flow, made->from, EmptyDevice()).empty(), flow.needs_lacp) << row.leaf->node;
+      if (flow.needs_lacp) {
+        conditional.emplace_back(flow.to->name);
+      }
+    }
+  }
+  EXPECT_THAT(conditional, testing::UnorderedElementsAre("lacp-mode", "system-id-mac", "system-priority"));
+}
+
+TEST_F(FlowsTest, AnInterfaceIsReportedOnlyWithLacpAndWhatIsLacpAlways) {
+  const std::string entry = kEntry;
+  for (const Flow& flow : explained_.flows.from(explained_.node(entry + "interface-name")).flows) {
+    EXPECT_TRUE(flow.needs_lacp) << bare_path(flow.to);
+  }
+  for (const Flow& flow : explained_.flows.from(explained_.node(entry + "lacp/mode")).flows) {
+    EXPECT_FALSE(flow.needs_lacp) << bare_path(flow.to);
+  }
 }
 
 TEST_F(FlowsTest, ALeafThatIsNoKeyMakesNoKeys) {
