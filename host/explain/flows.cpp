@@ -3,24 +3,10 @@
 #include <algorithm>
 
 #include "host/explain/schema_path.h"
+#include "host/yang/key_reference.h"
 
 namespace oclacp::host {
 namespace {
-
-bool refers_to(const lysc_node* key, const lysc_node* leaf) {
-  const lysc_type* type = reinterpret_cast<const lysc_node_leaf*>(key)->type;
-  if (type->basetype != LY_TYPE_LEAFREF) {
-    return false;
-  }
-  ly_set* found = nullptr;
-  const char* path = lyxp_get_expr(reinterpret_cast<const lysc_type_leafref*>(type)->path);
-  if (lys_find_xpath(key->module->ctx, key, path, 0, &found) != LY_SUCCESS) {
-    return false;
-  }
-  const bool refers = ly_set_contains(found, const_cast<lysc_node*>(leaf), nullptr) != 0;
-  ly_set_free(found, nullptr);
-  return refers;
-}
 
 // The flow to a leaf; a new one when there is none yet.
 Flow& flow_to(std::vector<Flow>& flows, const lysc_node* from, const lysc_node* to, bool is_complete) {
@@ -138,7 +124,7 @@ std::vector<Flow> Flows::to(const lysc_node* leaf) {
 const lysc_node* Flows::key_referring_to(const lysc_node* leaf) const {
   const lysc_node* list = innermost_list(leaf);
   const auto is_meant = [&](const LeafRow& row) {
-    return row.schema->parent == list && lysc_is_key(row.schema) && refers_to(row.schema, leaf);
+    return row.schema->parent == list && lysc_is_key(row.schema) && leaf_of_key(row.schema) == leaf;
   };
   const auto found = std::find_if(tables_.openconfig().begin(), tables_.openconfig().end(), is_meant);
   return found == tables_.openconfig().end() ? nullptr : found->schema;

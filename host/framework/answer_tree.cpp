@@ -7,6 +7,7 @@
 #include "host/framework/identity.h"
 #include "host/framework/path_text.h"
 #include "host/refusal.h"
+#include "host/yang/key_reference.h"
 
 namespace oclacp::host {
 namespace {
@@ -145,23 +146,13 @@ lyd_node* AnswerTree::find_or_add_entry(const EditScript& script, const EditScri
 // The leaf of configuration that a list's key refers to, one container below the entry.
 const lysc_node* AnswerTree::key_target(const lysc_node* list) {
   const auto [place, is_new] = key_targets_.emplace(list, nullptr);
-  const lysc_node* key = lysc_node_child(list);
-  const auto* type = reinterpret_cast<const lysc_node_leaf*>(key)->type;
-  if (!is_new || type->basetype != LY_TYPE_LEAFREF) {
+  if (!is_new) {
     return place->second;
   }
-  ly_set* found = nullptr;
-  const char* path = lyxp_get_expr(reinterpret_cast<const lysc_type_leafref*>(type)->path);
-  if (lys_find_xpath(context_, key, path, 0, &found) != LY_SUCCESS) {
-    return nullptr;
+  const lysc_node* leaf = leaf_of_key(lysc_node_child(list));
+  if (leaf != nullptr && leaf->parent->parent == list && (leaf->flags & LYS_CONFIG_W) != 0) {
+    place->second = leaf;
   }
-  for (uint32_t index = 0; index < found->count; ++index) {
-    const lysc_node* target = found->snodes[index];
-    if (target->parent != nullptr && target->parent->parent == list && (target->flags & LYS_CONFIG_W) != 0) {
-      place->second = target;
-    }
-  }
-  ly_set_free(found, nullptr);
   return place->second;
 }
 
