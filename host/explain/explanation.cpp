@@ -33,6 +33,15 @@ std::string conversion_of(const Flow& flow) {
   return text;
 }
 
+// Where the values of a leaf go, and what becomes of them.
+std::string targets_of(const Outgoing& outgoing) {
+  std::string text;
+  for (const Flow& flow : outgoing.flows) {
+    text += line(kIndent, schema_path(flow.to)) + conversion_of(flow);
+  }
+  return text;
+}
+
 void append_distinct(std::vector<const lysc_node*>& nodes, const lysc_node* node) {
   if (std::find(nodes.begin(), nodes.end(), node) == nodes.end()) {
     nodes.push_back(node);
@@ -89,10 +98,7 @@ std::string Explanation::of_edits(const lysc_node* leaf) {
   if (outgoing.refusal) {
     return "\nAn edit of it is refused: " + *outgoing.refusal + "\n";
   }
-  std::string text;
-  for (const Flow& flow : outgoing.flows) {
-    text += line(kIndent, schema_path(flow.to)) + conversion_of(flow);
-  }
+  const std::string text = targets_of(outgoing);
   return text.empty() ? "\nAn edit of it sets nothing.\n" : paragraph("An edit of it sets", text);
 }
 
@@ -109,10 +115,7 @@ std::string Explanation::of_reads(const lysc_node* leaf) {
 }
 
 std::string Explanation::of_reports(const lysc_node* leaf) {
-  std::string text;
-  for (const Flow& flow : flows_.from(leaf).flows) {
-    text += line(kIndent, schema_path(flow.to)) + conversion_of(flow);
-  }
+  const std::string text = targets_of(flows_.from(leaf));
   return text.empty() ? "\nNothing in openconfig-lacp is made of it.\n" : paragraph("It is read as", text);
 }
 

@@ -72,10 +72,10 @@ void add_step(ProbeResult& result, const EditScript::Step& step) {
   }
 }
 
-// Whether what an edit adds for `source` is added for the node that was asked about. A key stands for its entry.
-bool is_about(const lysc_node* node, const yfw_datatree* source) {
+// Whether what an edit adds for `source` is added for the leaf that was asked about. A key stands for its entry.
+bool is_about(const lysc_node* leaf, const yfw_datatree* source) {
   const lysc_node* schema = source == nullptr ? nullptr : info_of(source).schema;
-  return schema == node || (lysc_is_key(node) && schema == node->parent);
+  return schema == leaf || (lysc_is_key(leaf) && schema == leaf->parent);
 }
 
 bool has_step(const EditScript& script, const lysc_node* schema) {
@@ -127,40 +127,32 @@ Probe::Probe(const Module& module, const Schemas& schemas, NativePaths& openconf
       configuration_(sample_configuration(schemas.native())),
       device_(configuration_.get()) {}
 
-ProbeResult Probe::edit(const lysc_node* node, const std::string& value) {
-  std::string path = instance_path(node, value);
-  if (is_leaf(node) && !lysc_is_key(node)) {
+ProbeResult Probe::edit(const lysc_node* leaf, const std::string& value) {
+  std::string path = instance_path(leaf, value);
+  if (!lysc_is_key(leaf)) {
     append_predicate(path, ".", value);
   }
-  const InstalledDevice installed(device_);
-  EditScript script(native_, true);
-  RequestTree request = parse_path(schemas_.request(), path);
-  try {
-    walk_request(module_.request_walker(), request, YFW_REQUEST_EDIT, script, {});
-  } catch (const Refusal& refusal) {
-    return refused(refusal.what());
-  }
-  ProbeResult result;
-  for (const EditScript::Step& step : script.steps()) {
-    if (is_about(node, step.source)) {
-      add_step(result, step);
-    }
-  }
-  return result;
+  return run_request(path, YFW_REQUEST_EDIT, leaf);
 }
 
 ProbeResult Probe::read(const lysc_node* node) {
+  return run_request(schema_path(node), YFW_REQUEST_READ_STATE, nullptr);
+}
+
+ProbeResult Probe::run_request(const std::string& path, uint32_t operation, const lysc_node* about) {
   const InstalledDevice installed(device_);
-  EditScript script(native_, false);
-  RequestTree request = parse_path(schemas_.request(), schema_path(node));
+  EditScript script(native_, operation == YFW_REQUEST_EDIT);
+  RequestTree request = parse_path(schemas_.request(), path);
   try {
-    walk_request(module_.request_walker(), request, YFW_REQUEST_READ_STATE, script, {});
+    walk_request(module_.request_walker(), request, operation, script, {});
   } catch (const Refusal& refusal) {
     return refused(refusal.what());
   }
   ProbeResult result;
   for (const EditScript::Step& step : script.steps()) {
-    add_step(result, step);
+    if (about == nullptr || is_about(about, step.source)) {
+      add_step(result, step);
+    }
   }
   return result;
 }

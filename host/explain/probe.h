@@ -33,9 +33,8 @@ class Probe {
   // All outlive this. `openconfig` and `native` are the paths of the two sides of `schemas`.
   Probe(const Module& module, const Schemas& schemas, NativePaths& openconfig, NativePaths& native);
 
-  // What an edit that sets a leaf of openconfig-lacp to `value` writes for this leaf; of a list, what an edit of an
-  // entry comes to, and `value` is not looked at.
-  ProbeResult edit(const lysc_node* node, const std::string& value);
+  // What an edit that sets a leaf of openconfig-lacp to `value` writes for this leaf.
+  ProbeResult edit(const lysc_node* leaf, const std::string& value);
 
   // What a read that names a node of openconfig-lacp and nothing in it asks for.
   ProbeResult read(const lysc_node* node);
@@ -61,6 +60,8 @@ class Probe {
     const lyd_node* running_;
   };
 
+  // `about`: only what is added for this leaf counts; null for all.
+  ProbeResult run_request(const std::string& path, uint32_t operation, const lysc_node* about);
   ProbeResult run_native(const lyd_node* data, const Device& device);
 
   const Module& module_;
