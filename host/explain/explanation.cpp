@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "host/explain/schema_path.h"
-#include "host/text_table.h"
 
 namespace oclacp::host {
 namespace {
@@ -178,14 +177,15 @@ std::string Explanation::of_entries(const lysc_node* list) {
 std::string Explanation::of_inner_node(const lysc_node* node) {
   std::string text = node->nodetype == LYS_LIST ? of_entries(node) : "";
   const size_t own = bare_path(node).size() + 1;
-  TextTable table({{"leaf"}, {is_openconfig(node) ? "native" : "openconfig-lacp"}});
+  text += "\n";
   for (const lysc_node* leaf : leaves_of(node)) {
-    table.add({{bare_path(leaf).substr(own)}, {ways_of(leaf)}});
+    text += bare_path(leaf).substr(own) + "\n" + ways_of(leaf);
   }
-  return text + "\n" + table.text({});
+  return text;
 }
 
-// Where the values of a leaf go ("->"), come from ("<-"), or both.
+// Where the values of a leaf go ("->"), come from ("<-"), or both: a line for each, since two paths side by side are
+// wider than terminals.
 std::string Explanation::ways_of(const lysc_node* leaf) {
   std::vector<const lysc_node*> to;
   std::vector<const lysc_node*> from;
@@ -197,7 +197,7 @@ std::string Explanation::ways_of(const lysc_node* leaf) {
   }
   std::string text;
   const auto append = [&](const char* way, const lysc_node* other) {
-    text.append(text.empty() ? "" : ", ").append(way).append(" ").append(bare_path(other));
+    text += line(kIndent, std::string(way) + " " + bare_path(other));
   };
   for (const lysc_node* other : to) {
     append(std::erase(from, other) != 0 ? "<->" : "->", other);
@@ -207,9 +207,9 @@ std::string Explanation::ways_of(const lysc_node* leaf) {
   }
   const lysc_node* key = text.empty() && is_openconfig(leaf) ? flows_.key_referring_to(leaf) : nullptr;
   if (key != nullptr) {
-    return "with the key " + bare_path(key);
+    return line(kIndent, "with the key " + bare_path(key));
   }
-  return text.empty() ? "none" : text;
+  return text.empty() ? line(kIndent, "none") : text;
 }
 
 }  // namespace oclacp::host

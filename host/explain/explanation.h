@@ -15,7 +15,8 @@ class Explanation {
       : tables_(tables), schemas_(schemas), probe_(probe), flows_(flows) {}
 
   // A node of either side. Of a leaf: the functions that serve it, the nodes of the other side in both directions, and
-  // what becomes of its values. Of any other node: a line for each leaf in it. Ends with a line end.
+  // what becomes of its values. Of any other node: for each leaf in it, the nodes of the other side. Ends with a line
+  // end.
   std::string of(const lysc_node* node);
 
  private:

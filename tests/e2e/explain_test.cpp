@@ -61,7 +61,7 @@ TEST(Explain, TakesPathsOfEitherSide) {
   EXPECT_THAT(explained("/interface-configurations/interface-configuration/lacp/period"),
               HasSubstr("\nIt is read as\n  /openconfig-lacp:lacp/interfaces/interface/config/interval\n"));
   EXPECT_THAT(explained("/Talvo-Brin-QD-bundlemgr-oper:lacp-bundles"),
-              StartsWith("/Talvo-Brin-QD-bundlemgr-oper:lacp-bundles\n\nleaf"));
+              StartsWith("/Talvo-Brin-QD-bundlemgr-oper:lacp-bundles\n\nbundles/bundle/bundle-interface\n  -> "));
 }
 
 TEST(Explain, RefusesWhatIsNoNode) {

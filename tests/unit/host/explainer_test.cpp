@@ -74,22 +74,34 @@ TEST_F(ExplainerTest, ANativeLeafIsToldInBothDirections) {
                     HasSubstr("\nNothing in openconfig-lacp is made of it.\n")));
 }
 
-TEST_F(ExplainerTest, AListTellsOfItsEntriesAndEachLeafInALine) {
-  EXPECT_THAT(
-      explainer_.explain("/lacp/interfaces/interface[name='a']"),
-      AllOf(HasSubstr("\nAn entry of it is read back from an entry of\n"
-                      "  /Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration\n"
-                      "  /Talvo-Brin-QD-bundlemgr-oper:lacp-bundles/bundles/bundle\n"),
-            testing::ContainsRegex(
-                "\nconfig/interval +<-> /interface-configurations/interface-configuration/lacp/period\n"),
-            testing::ContainsRegex("\nconfig/name +with the key /lacp/interfaces/interface/name\n"),
-            testing::ContainsRegex("\nstate/interval +none\n"),
-            testing::ContainsRegex("\nstate/lacp-mode +<- /lacp-bundles/bundles/bundle/data/applied-lacp-mode\n")));
+TEST_F(ExplainerTest, AListTellsOfItsEntriesAndEachLeaf) {
+  EXPECT_THAT(explainer_.explain("/lacp/interfaces/interface[name='a']"),
+              AllOf(HasSubstr("\nAn entry of it is read back from an entry of\n"
+                              "  /Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration\n"
+                              "  /Talvo-Brin-QD-bundlemgr-oper:lacp-bundles/bundles/bundle\n"),
+                    HasSubstr("\n\nname\n  <-> /interface-configurations/interface-configuration/interface-name\n"
+                              "  -> /interface-configurations/interface-configuration/active\n"
+                              "  -> /interface-configurations/interface-configuration/interface-virtual\n"
+                              "  <- /lacp-bundles/bundles/bundle/bundle-interface\n"
+                              "config/name\n  with the key /lacp/interfaces/interface/name\n"
+                              "config/interval\n  <-> /interface-configurations/interface-configuration/lacp/period\n"),
+                    HasSubstr("\nstate/interval\n  none\nstate/lacp-mode\n  <- /lacp-bundles/bundles/bundle/data/"
+                              "applied-lacp-mode\n")));
   EXPECT_THAT(explainer_.explain("/lacp-bundles/bundles/bundle/members/member"),
               AllOf(HasSubstr("\nAn entry of it is read as an entry of\n"
                               "  /openconfig-lacp:lacp/interfaces/interface/members/member\n\n"),
-                    testing::ContainsRegex("\nlink-data/actor-port-id +-> /lacp/interfaces/interface/members/member/"
-                                           "state/port-num\n")));
+                    HasSubstr("\nlink-data/actor-port-id\n  -> /lacp/interfaces/interface/members/member/state/"
+                              "port-num\n")));
+}
+
+TEST_F(ExplainerTest, LinesOfAContainerAreNoWiderThanATerminalUnlessOnePathIs) {
+  for (const char* path : {"/lacp", "/lacp-bundles", "/interface-configurations"}) {
+    std::istringstream lines(explainer_.explain(path));
+    for (std::string line; std::getline(lines, line);) {
+      const size_t path_at = line.find('/');
+      EXPECT_TRUE(line.size() <= 80 || (path_at <= 6 && line.find(' ', path_at) == std::string::npos)) << line;
+    }
+  }
 }
 
 TEST_F(ExplainerTest, ANameOfBothSidesIsToldTwice) {
