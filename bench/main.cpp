@@ -263,8 +263,9 @@ void print_ratios(const Times& times) {
   for (const char* request : kRequests) {
     for (const char* what : {"floor", "host", "module"}) {
       const double base = times.of(what, request, kSizes[1]);
-      if (base == 0) continue;
-      std::printf("%-8s %-8s %8.1f times the time\n", request, what, times.of(what, request, kSizes[2]) / base);
+      const double ten_times = times.of(what, request, kSizes[2]);
+      if (base == 0 || ten_times == 0) continue;
+      std::printf("%-8s %-8s %8.1f times the time\n", request, what, ten_times / base);
     }
   }
 }
