@@ -1,6 +1,7 @@
 // Ten times the interfaces take about ten times as long.
 #include <algorithm>
 #include <chrono>
+#include <sstream>
 
 #include "tests/e2e/device_folder.h"
 #include "tests/e2e/program.h"
