@@ -51,8 +51,9 @@ void show(const host::Translator& translator, const Reading& now, const Reading*
   }
   const std::string table = host::answer_table(translator.openconfig_context(), now.answer.data.get(), table_layout(),
                                                earlier ? &*earlier : nullptr);
-  tell_left_out(now.answer);
   print(std::string(is_terminal() ? kClear : before == nullptr ? "" : "\n") + table);
+  // Behind the table, or a cleared terminal would not show it.
+  tell_left_out(now.answer);
 }
 
 // Nothing when it is refused, which is told.

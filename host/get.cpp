@@ -19,20 +19,13 @@ const lyd_node* find_top(const lyd_node* tops, std::string_view name) {
 
 // The device of a translation without one: it has LACP where the input has, and everywhere when the input is state
 // without the configuration of interfaces.
-class InputDevice final : public Device {
+class InputDevice final : public EmptyDevice {
  public:
-  explicit InputDevice(const lyd_node* input)
-      : input_(input), assumes_lacp_(lyd_child(find_top(input, "interface-configurations")) == nullptr) {}
+  explicit InputDevice(const lyd_node* input) : EmptyDevice(input) {}
 
-  [[nodiscard]] uint32_t router_type() const override { return EmptyDevice().router_type(); }
-  [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
-  [[nodiscard]] const lyd_node* running() const override { return input_; }
-  [[nodiscard]] bool assumes_lacp() const override { return assumes_lacp_; }
-
- private:
-  const lyd_node* input_;
-  bool assumes_lacp_;
-  std::vector<Interface> interfaces_;
+  [[nodiscard]] bool assumes_lacp() const override {
+    return lyd_child(find_top(running(), "interface-configurations")) == nullptr;
+  }
 };
 
 // What a path asks for, on both sides.

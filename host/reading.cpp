@@ -25,31 +25,6 @@ const yfw_datatree* find_parent_of_list(const yfw_datatree* node) {
 
 }  // namespace
 
-unsigned count_keys(const yfw_datatree& node) {
-  unsigned count = 0;
-  while (count < node.child_count && lysc_is_key(info_of(&node.children[count]).schema)) {
-    ++count;
-  }
-  return count;
-}
-
-void visit_alone(yfw_datatree& parent, const std::function<void(yfw_datatree& child)>& visit) {
-  const unsigned keys = count_keys(parent);
-  const unsigned count = parent.child_count;
-  yfw_datatree* const children = parent.children;
-  // Children stand side by side, so each is copied behind the keys.
-  std::vector<yfw_datatree> alone(children, children + keys);
-  alone.emplace_back();
-  parent.children = alone.data();
-  parent.child_count = keys + 1;
-  for (unsigned index = keys; index < count; ++index) {
-    alone.back() = children[index];
-    visit(alone.back());
-  }
-  parent.children = children;
-  parent.child_count = count;
-}
-
 WantedEntries wanted_entries(const yfw_datatree* request) {
   WantedEntries wanted;
   const yfw_datatree* above = find_parent_of_list(request);

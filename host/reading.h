@@ -1,7 +1,6 @@
 // Reading: native data becomes an OpenConfig answer.
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -66,11 +65,5 @@ class Reading {
   const RecordSinks& sinks_;
   AnswerTree answer_;
 };
-
-// Calls `visit` with each child of `parent` in turn being its only one beside its keys, and puts all of them back.
-void visit_alone(yfw_datatree& parent, const std::function<void(yfw_datatree& child)>& visit);
-
-// How many of a node's children, the first ones, are its keys.
-unsigned count_keys(const yfw_datatree& node);
 
 }  // namespace oclacp::host

@@ -1,11 +1,39 @@
 #include "host/unmapped.h"
 
+#include <functional>
+
 #include "host/framework/native_tree.h"
-#include "host/reading.h"
 #include "host/walk.h"
 
 namespace oclacp::host {
 namespace {
+
+// How many of a node's children, the first ones, are its keys.
+unsigned count_keys(const yfw_datatree& node) {
+  unsigned count = 0;
+  while (count < node.child_count && lysc_is_key(info_of(&node.children[count]).schema)) {
+    ++count;
+  }
+  return count;
+}
+
+// Calls `visit` with each child of `parent` in turn being its only one beside its keys, and puts all of them back.
+void visit_alone(yfw_datatree& parent, const std::function<void(yfw_datatree& child)>& visit) {
+  const unsigned keys = count_keys(parent);
+  const unsigned count = parent.child_count;
+  yfw_datatree* const children = parent.children;
+  // Children stand side by side, so each is copied behind the keys.
+  std::vector<yfw_datatree> alone(children, children + keys);
+  alone.emplace_back();
+  parent.children = alone.data();
+  parent.child_count = keys + 1;
+  for (unsigned index = keys; index < count; ++index) {
+    alone.back() = children[index];
+    visit(alone.back());
+  }
+  parent.children = children;
+  parent.child_count = count;
+}
 
 // Walks a tree and its parts.
 class Search {

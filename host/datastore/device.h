@@ -45,14 +45,18 @@ class OCLACP_HOST_API Device {
   }
 };
 
-// A device of which nothing is known: no interfaces, no configuration. It is of a platform type that mappings serve.
-class OCLACP_HOST_API EmptyDevice final : public Device {
+// A device of which nothing is known but, if at all, its configuration. It is of a platform type that mappings serve.
+class OCLACP_HOST_API EmptyDevice : public Device {
  public:
+  // `running`: what running() answers; outlives this.
+  explicit EmptyDevice(const lyd_node* running = nullptr) : running_(running) {}
+
   [[nodiscard]] uint32_t router_type() const override { return 7; }
   [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
-  [[nodiscard]] const lyd_node* running() const override { return nullptr; }
+  [[nodiscard]] const lyd_node* running() const override { return running_; }
 
  private:
+  const lyd_node* running_;
   std::vector<Interface> interfaces_;
 };
 

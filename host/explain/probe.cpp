@@ -163,7 +163,7 @@ ProbeResult Probe::native(const lysc_node* node, const std::string& value) {
 
 ProbeResult Probe::native_alone(const lysc_node* node, const std::string& value) {
   const TreePtr data = native_data(schemas_.native(), node, value);
-  return run_native(data.get(), SampleDevice(data.get()));
+  return run_native(data.get(), EmptyDevice(data.get()));
 }
 
 ProbeResult Probe::run_native(const lyd_node* data, const Device& device) {

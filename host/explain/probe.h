@@ -47,19 +47,6 @@ class Probe {
   ProbeResult native_alone(const lysc_node* node, const std::string& value);
 
  private:
-  class SampleDevice final : public Device {
-   public:
-    // `running`: outlives this.
-    explicit SampleDevice(const lyd_node* running) : running_(running) {}
-    [[nodiscard]] uint32_t router_type() const override { return EmptyDevice().router_type(); }
-    [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
-    [[nodiscard]] const lyd_node* running() const override { return running_; }
-
-   private:
-    std::vector<Interface> interfaces_;
-    const lyd_node* running_;
-  };
-
   // `about`: only what is added for this leaf counts; null for all.
   ProbeResult run_request(const std::string& path, uint32_t operation, const lysc_node* about);
   ProbeResult run_native(const lyd_node* data, const Device& device);
@@ -69,7 +56,7 @@ class Probe {
   NativePaths& openconfig_;
   NativePaths& native_;
   TreePtr configuration_;  // LACP on the sample interface
-  SampleDevice device_;
+  EmptyDevice device_;
 };
 
 }  // namespace oclacp::host

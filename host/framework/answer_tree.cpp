@@ -1,7 +1,6 @@
 #include "host/framework/answer_tree.h"
 
 #include <cstdlib>
-#include <cstring>
 #include <memory>
 
 #include "host/framework/identity.h"

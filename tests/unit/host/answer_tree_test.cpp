@@ -32,6 +32,12 @@ class AnswerTreeTest : public testing::Test {
         YFW_OK);
   }
 
+  // What another walk says of the interface "a" begins so.
+  static void name_a(EditScript& script) {
+    EXPECT_EQ(script.add(kInterface, kOpenconfig, nullptr, nullptr, true), YFW_OK);
+    EXPECT_EQ(script.add("/lacp/interfaces/interface/name", kOpenconfig, "a", nullptr, false), YFW_OK);
+  }
+
   std::string answer() {
     tree_.add(script_);
     return squeezed_json(tree_.take());
@@ -118,8 +124,7 @@ TEST_F(AnswerTreeTest, WalksAddToEachOther) {
   add("/config/interval", "FAST");
   tree_.add(script_);
   EditScript second(paths_, false);
-  EXPECT_EQ(second.add(kInterface, kOpenconfig, nullptr, nullptr, true), YFW_OK);
-  EXPECT_EQ(second.add("/lacp/interfaces/interface/name", kOpenconfig, "a", nullptr, false), YFW_OK);
+  name_a(second);
   EXPECT_EQ(second.add("/lacp/interfaces/interface/state/interval", kOpenconfig, "SLOW", nullptr, false), YFW_OK);
   EXPECT_EQ(second.add("/lacp/config/system-priority", kOpenconfig, "5", nullptr, false), YFW_OK);
   tree_.add(second);
@@ -159,8 +164,7 @@ TEST_F(AnswerTreeTest, AWalkThatFailsTakesNothingFromAnEarlierOneAndLeavesNothin
   add("/config/interval", "FAST");
   tree_.add(script_);
   EditScript second(paths_, false);
-  EXPECT_EQ(second.add(kInterface, kOpenconfig, nullptr, nullptr, true), YFW_OK);
-  EXPECT_EQ(second.add("/lacp/interfaces/interface/name", kOpenconfig, "a", nullptr, false), YFW_OK);
+  name_a(second);
   EXPECT_EQ(second.add("/lacp/interfaces/interface/state/system-id-mac", kOpenconfig, "nonsense", nullptr, false),
             YFW_OK);
   EXPECT_EQ(second.add("/lacp/interfaces/interface/state/interval", kOpenconfig, "SLOW", nullptr, false), YFW_OK);
