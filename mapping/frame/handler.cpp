@@ -17,11 +17,11 @@ template <typename... Texts>
 void write_record(const Handler& handler, yfw_map_ctx ctx, const Message& message, Texts... texts) {
   if (yfw_debug_should_log(&ctx->debug_log_filter, message.level) != 0) {
     yfw_log_stream* const stream = message.level == YFW_LOG_ERROR ? ctx->error_log : ctx->trace_log;
-    dt_log_filter_adv(stream, 0, 0, 0, 0, 0, &handler.words[message.site], message.debug_log, static_cast<void*>(ctx),
-                      texts...);
+    dt_log_filter_adv(stream, 0, 0, 0, 0, 0, &handler.call_site_ids[message.call_site], message.debug_log,
+                      static_cast<void*>(ctx), texts...);
   }
   if (ctx->trace_enabled != 0) {
-    const int line = handler.line * 100 + static_cast<int>(message.site);
+    const int line = handler.line * 100 + static_cast<int>(message.call_site);
     char text[YFW_TRACE_CAPACITY];
     // A longer text is cut, which is meant.
     static_cast<void>(std::snprintf(text, sizeof text, message.trace, ret_nc_yfw_trace_index_incr(), handler.name, line,

@@ -19,16 +19,16 @@ namespace ymap {
 using NodeHandler = cerrno(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 using ContainerHandler = cerrno(yfw_map_ctx ctx, const yfw_datatree* in, unsigned int child_count, yfw_datatree* out);
 
-// The log facility's words, one for each place that emits a debug-log line. They start as all ones; the module only
-// hands out their addresses.
-struct SiteWords {
-  std::uint32_t word[kSites];
+// The log facility's ids of call sites, one for each place that emits a debug-log line. They start as all ones; the
+// module only hands out their addresses.
+struct CallSiteIds {
+  std::uint32_t ids[kCallSites];
 };
 
-consteval SiteWords unset_words() {
-  SiteWords words{};
-  for (std::uint32_t& word : words.word) word = 0xFFFFFFFF;
-  return words;
+consteval CallSiteIds unset_call_site_ids() {
+  CallSiteIds made{};
+  for (std::uint32_t& id : made.ids) id = 0xFFFFFFFF;
+  return made;
 }
 
 // The identity of a handler, under which it records.
@@ -37,13 +37,14 @@ struct Handler {
   const char* file;
   int line;  // where the handler's row or function stands
   const char* prototype;
-  std::uint32_t* words;  // indexed by Message::site
+  std::uint32_t* call_site_ids;  // indexed by Message::call_site
 };
 
 // Ends the process through __assert_fail() when the context is null: that is a programming error of the framework.
 void assert_context(const Handler& handler, yfw_map_ctx ctx);
 
-// Writes one record. The line number that it carries is that of the handler's row and the message's site as two digits,
+// Writes one record. The line number that it carries is that of the handler's row and the message's call site as two
+// digits,
 // so that Start, each error and End differ, and the row is found by dropping the last two.
 void record(const Handler& handler, yfw_map_ctx ctx, MessageWith<0> message);
 void record(const Handler& handler, yfw_map_ctx ctx, MessageWith<1> message, const char* text);
@@ -103,19 +104,19 @@ cerrno run_in_frame(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree*
 }  // namespace ymap
 
 // Defines the identity of the function it stands in, as the local `handler`.
-#define YMAP_HANDLER_IDENTITY(NAME, PROTOTYPE)                                                          \
-  static constinit auto site_words = ymap::unset_words();                                               \
-  static constexpr ymap::Handler handler {                                                              \
-    .name = #NAME, .file = __FILE__, .line = __LINE__, .prototype = PROTOTYPE, .words = site_words.word \
+#define YMAP_HANDLER_IDENTITY(NAME, PROTOTYPE)                                                                    \
+  static constinit auto call_site_ids = ymap::unset_call_site_ids();                                              \
+  static constexpr ymap::Handler handler {                                                                        \
+    .name = #NAME, .file = __FILE__, .line = __LINE__, .prototype = PROTOTYPE, .call_site_ids = call_site_ids.ids \
   }
 
 #define YMAP_NODE_PROTOTYPE(NAME) "cerrno " #NAME "(yfw_map_ctx, const yfw_datatree *, yfw_datatree *)"
 #define YMAP_CONTAINER_PROTOTYPE(NAME) \
   "cerrno " #NAME "(yfw_map_ctx, const yfw_datatree *, unsigned int, yfw_datatree *)"
 
-// Stamps an exported function out of a row: its body is one call of an engine function with the row as data. The row is
-// what stands behind the engine function's name.
-#define YMAP_STAMP_NODE(NAME, RUN, ...)                                     \
+// Defines an exported function by a row: its body is one call of an engine function with the row as data. The row is
+// what follows the engine function's name.
+#define YMAP_DEFINE_HANDLER(NAME, RUN, ...)                                 \
   cerrno NAME(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) { \
     YMAP_HANDLER_IDENTITY(NAME, YMAP_NODE_PROTOTYPE(NAME));                 \
     static constexpr auto row = __VA_ARGS__;                                \
@@ -123,13 +124,13 @@ cerrno run_in_frame(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree*
   }
 
 // The same for a function that needs no row.
-#define YMAP_STAMP_PLAIN_NODE(NAME, RUN)                                    \
+#define YMAP_DEFINE_SIMPLE_HANDLER(NAME, RUN)                               \
   cerrno NAME(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) { \
     YMAP_HANDLER_IDENTITY(NAME, YMAP_NODE_PROTOTYPE(NAME));                 \
     return RUN(handler, ctx, in, out);                                      \
   }
 
-#define YMAP_STAMP_CONTAINER(NAME, RUN)                                                                     \
+#define YMAP_DEFINE_CONTAINER_HANDLER(NAME, RUN)                                                            \
   cerrno NAME(yfw_map_ctx ctx, const yfw_datatree* in, unsigned int /* child_count */, yfw_datatree* out) { \
     YMAP_HANDLER_IDENTITY(NAME, YMAP_CONTAINER_PROTOTYPE(NAME));                                            \
     return RUN(handler, ctx, in, out);                                                                      \

@@ -9,19 +9,19 @@
 namespace ymap {
 
 struct Message {
-  std::size_t site;  // which of a handler's site words belongs to it
+  std::size_t call_site;  // which of a handler's call-site ids belongs to it
   std::uint32_t level;
   const char* debug_log;
   const char* trace;
-  std::size_t texts;  // how many texts it takes
+  std::size_t arguments;  // how many texts it takes
 };
 
-// A handler has a site word for each message that it could record. The frame's messages come first, a module's follow
-// from kFirstModuleSite.
-inline constexpr std::size_t kFirstModuleSite = 20;
-inline constexpr std::size_t kSites = 30;
+// A handler has a call-site id for each message that it could record. The frame's messages come first, a module's
+// follow from kFirstModuleCallSite.
+inline constexpr std::size_t kFirstModuleCallSite = 20;
+inline constexpr std::size_t kCallSites = 30;
 
-consteval std::size_t count_texts(const char* format) {
+consteval std::size_t count_arguments(const char* format) {
   std::size_t count = 0;
   for (const char* at = format; *at != '\0'; ++at) {
     if (at[0] == '%' && at[1] == 's') ++count;
@@ -30,28 +30,28 @@ consteval std::size_t count_texts(const char* format) {
 }
 
 // NOLINTBEGIN(bugprone-macro-parentheses): the texts are joined as literals
-#define YMAP_ERROR_MESSAGE(SITE, TEXT)                                           \
-  ymap::Message {                                                                \
-    .site = SITE, .level = YFW_LOG_ERROR, .debug_log = "ERR: YFW: ctx=%p," TEXT, \
-    .trace = "#%u: ERR: %s:%d ctx=%p," TEXT, .texts = ymap::count_texts(TEXT)    \
+#define YMAP_ERROR_MESSAGE(CALL_SITE, TEXT)                                                \
+  ymap::Message {                                                                          \
+    .call_site = CALL_SITE, .level = YFW_LOG_ERROR, .debug_log = "ERR: YFW: ctx=%p," TEXT, \
+    .trace = "#%u: ERR: %s:%d ctx=%p," TEXT, .arguments = ymap::count_arguments(TEXT)      \
   }
-#define YMAP_TRACE_MESSAGE(SITE, TEXT)                                           \
-  ymap::Message {                                                                \
-    .site = SITE, .level = YFW_LOG_TRACE, .debug_log = "TRC: YFW: ctx=%p," TEXT, \
-    .trace = "#%u: TRC: %s:%d ctx=%p," TEXT, .texts = ymap::count_texts(TEXT)    \
+#define YMAP_TRACE_MESSAGE(CALL_SITE, TEXT)                                                \
+  ymap::Message {                                                                          \
+    .call_site = CALL_SITE, .level = YFW_LOG_TRACE, .debug_log = "TRC: YFW: ctx=%p," TEXT, \
+    .trace = "#%u: TRC: %s:%d ctx=%p," TEXT, .arguments = ymap::count_arguments(TEXT)      \
   }
 // NOLINTEND(bugprone-macro-parentheses)
 
 // Named in the compiler's error when a record is given another number of texts than its message takes.
-void message_takes_another_number_of_texts();
+void message_takes_another_number_of_arguments();
 
-// A message that takes `Texts` texts.
-template <std::size_t Texts>
+// A message that takes `Arguments` texts.
+template <std::size_t Arguments>
 class MessageWith {
  public:
   // NOLINTNEXTLINE(google-explicit-constructor): stands for the message in every call
   consteval MessageWith(const Message& message) : message_(message) {
-    if (message.texts != Texts) message_takes_another_number_of_texts();
+    if (message.arguments != Arguments) message_takes_another_number_of_arguments();
   }
 
   [[nodiscard]] constexpr const Message& get() const { return message_; }
@@ -90,6 +90,6 @@ inline constexpr Message kCompareFailed      = YMAP_TRACE_MESSAGE(18, " %s yfw_s
 // clang-format on
 }  // namespace message
 
-static_assert(message::kCompareFailed.site < kFirstModuleSite);
+static_assert(message::kCompareFailed.call_site < kFirstModuleCallSite);
 
 }  // namespace ymap

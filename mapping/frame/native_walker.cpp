@@ -12,7 +12,7 @@ namespace {
 cerrno call_leaf(const NativeNode& node, const NativeChild& known, yfw_map_ctx ctx, const yfw_datatree& leaf,
                  yfw_datatree* out) {
   if (node.tree == NativeTree::kOperational) {
-    const HierarchyEntry entry(ctx, writable(&leaf), YFW_HIERARCHY_CONTAINER, YFW_NODE_LEAF);
+    const HierarchyEntry entry(ctx, mutable_node(&leaf), YFW_HIERARCHY_CONTAINER, YFW_NODE_LEAF);
     return known.walk(ctx, &leaf, out);
   }
   if ((leaf.flags & YFW_FLAG_TYPED_VALUE) != 0 && leaf.value_type == YFW_VALUE_TYPE_REPORTED) {
@@ -124,9 +124,10 @@ cerrno walk_native_container(const Handler& handler, const NativeContainer& row,
                              const yfw_datatree* in, yfw_datatree* out) {
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  const std::optional<unsigned int> count = named_children(*in);
+  const std::optional<unsigned int> count = child_count_of(*in);
   if (!count) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
-  std::optional<HierarchyEntry> entry(std::in_place, ctx, writable(in), YFW_HIERARCHY_CONTAINER, YFW_NODE_CONTAINER);
+  std::optional<HierarchyEntry> entry(std::in_place, ctx, mutable_node(in), YFW_HIERARCHY_CONTAINER,
+                                      YFW_NODE_CONTAINER);
   cerrno status = row.handler(ctx, in, *count, out);
   if (status == YFW_SKIP_SUBTREE) return YFW_OK;
   if (status == YFW_OK) status = dispatch_children(run, row.node, ctx, *in, *count, out);
@@ -138,11 +139,11 @@ cerrno walk_native_list_entry(const Handler& handler, const NativeList& row, yfw
                               yfw_datatree* out) {
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  const std::optional<unsigned int> count = named_children(*in);
+  const std::optional<unsigned int> count = child_count_of(*in);
   if (!count) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
   // In operational data an entry without children is told and walked all the same.
   if (*count == 0 && row.node.tree == NativeTree::kOperational) run.record(message::kKeysMissing);
-  ListEntryWalk walk(run, row, ctx, writable(in), out);
+  ListEntryWalk walk(run, row, ctx, mutable_node(in), out);
   const cerrno status = walk.walk(*count);
   return walk.left_at_skip() ? status : run.end(status);
 }
@@ -151,7 +152,7 @@ cerrno walk_native_augment(const Handler& handler, const NativeAugment& row, yfw
                            yfw_datatree* out) {
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  if (!named_children(*in)) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
+  if (!child_count_of(*in)) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
   if (in->tag == nullptr) return run.end_with(message::kTagMissing, YFW_MALFORMED_TREE);
   if (yfw_map_do_these_match(in->tag, row.tag) != 0) return run.end(row.walk(ctx, in, out));
   if (yfw_map_do_these_match(in->ns, row.ns) == 0) return run.end(row.parse_augments(ctx, in, out));

@@ -25,7 +25,7 @@ inline bool is_read(yfw_map_ctx ctx) {
 void store_error_tag(yfw_map_ctx ctx, const char* tag);
 
 // The one place where an input node becomes writable: walkers mark nodes, and hide and restore what they found.
-inline yfw_datatree& writable(const yfw_datatree* node) {
+inline yfw_datatree& mutable_node(const yfw_datatree* node) {
   return *const_cast<yfw_datatree*>(node);
 }
 
@@ -36,12 +36,12 @@ inline void change_operation(yfw_datatree& node, std::uint32_t operation) {
 }
 
 // Sets a mark of the request and puts back what it was.
-class MarkScope {
+class ScopedValue {
  public:
-  MarkScope(std::uint32_t& mark, std::uint32_t value) : mark_(mark), found_(mark) { mark = value; }
-  ~MarkScope() { mark_ = found_; }
-  MarkScope(const MarkScope&) = delete;
-  MarkScope& operator=(const MarkScope&) = delete;
+  ScopedValue(std::uint32_t& mark, std::uint32_t value) : mark_(mark), found_(mark) { mark = value; }
+  ~ScopedValue() { mark_ = found_; }
+  ScopedValue(const ScopedValue&) = delete;
+  ScopedValue& operator=(const ScopedValue&) = delete;
 
  private:
   std::uint32_t& mark_;
@@ -111,7 +111,7 @@ class HierarchyEntry {
 };
 
 // How many children a node names; nothing when it claims children that are not there.
-inline std::optional<unsigned int> named_children(const yfw_datatree& node) {
+inline std::optional<unsigned int> child_count_of(const yfw_datatree& node) {
   if ((node.flags & YFW_FLAG_SUBTREE) == 0) return 0;
   if (node.children == nullptr && node.child_count != 0) return std::nullopt;
   return node.child_count;

@@ -47,11 +47,11 @@ cerrno refuse_leaf(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* 
   });
 }
 
-cerrno accept_node(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
+cerrno no_op(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   return run_in_frame(handler, ctx, in, out, [](const Activation& /*run*/) -> cerrno { return YFW_OK; });
 }
 
-cerrno accept_unchecked(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* /*in*/, yfw_datatree* /*out*/) {
+cerrno no_op_unchecked(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* /*in*/, yfw_datatree* /*out*/) {
   return Activation(handler, ctx).end(YFW_OK);
 }
 

@@ -53,10 +53,10 @@ cerrno handle_converted_leaf(const Handler& handler, const ConvertedLeaf& row, y
 cerrno refuse_leaf(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
 // A node whose handler has nothing to do: checks the arguments and answers 0.
-cerrno accept_node(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+cerrno no_op(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
 // The same without a look at the arguments.
-cerrno accept_unchecked(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
+cerrno no_op_unchecked(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
 // A node that another module adds by augmentation: refused when the request adds it, ignored otherwise.
 cerrno refuse_added_augment(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);

@@ -46,8 +46,8 @@ class Replace {
   yfw_datatree& node_;
   OperationScope operation_;
   HiddenChildren children_;
-  MarkScope flags_;
-  MarkScope restore_;
+  ScopedValue flags_;
+  ScopedValue restore_;
 };
 
 // What the walks of a container and of a list entry share.
@@ -71,30 +71,30 @@ class Walk {
     if (is_read(ctx_)) request_.filter_bits &= YFW_FILTER_ENTRY_MASK;
   }
 
-  // The children that this walk visits. While a container is expanded because of its content matches, the node still
-  // names children, but they are the container's and not this walk's.
-  [[nodiscard]] unsigned int visited(unsigned int named) const {
-    return expanding() && (request_.filter_bits & YFW_FILTER_EXPAND) != 0 ? 0 : named;
+  // How many children this walk dispatches. While a container is expanded because of its content matches, the node
+  // still names children, but they are the container's and not this walk's.
+  [[nodiscard]] unsigned int walked_child_count(unsigned int child_count) const {
+    return expanding() && (request_.filter_bits & YFW_FILTER_EXPAND) != 0 ? 0 : child_count;
   }
 
   // A handler's "skip" ends the walk at once, except in a replace, which goes on to the end of its pass.
-  void note_skip() { left_at_skip_ = !replace_is_running(request_); }
+  void handle_skip() { left_at_skip_ = !replace_is_running(request_); }
 
-  // Runs `pass(count)` over the children that the node names: once, or for a replace twice, first without them.
-  template <typename Pass>
-  cerrno run_passes(unsigned int count, Pass pass) {
-    if (node_.operation != YFW_OPERATION_REPLACE) return pass(count);
+  // Runs `walk_once(count)` over the children that the node names: once, or for a replace twice, first without them.
+  template <typename WalkOnce>
+  cerrno walk_with_replace(unsigned int count, WalkOnce walk_once) {
+    if (node_.operation != YFW_OPERATION_REPLACE) return walk_once(count);
     Replace replace(request_, node_);
-    if (const cerrno status = pass(0); status != YFW_OK) return status;
+    if (const cerrno status = walk_once(0); status != YFW_OK) return status;
     replace.begin_second_pass();
-    return pass(count);
+    return walk_once(count);
   }
 
   // Whether the request asks for, or deletes, all of the node.
-  [[nodiscard]] bool takes_whole_node() const { return is_read(ctx_) || yfw_map_is_request_delete(&node_) != 0; }
+  [[nodiscard]] bool selects_subtree() const { return is_read(ctx_) || yfw_map_is_request_delete(&node_) != 0; }
 
-  [[nodiscard]] bool passes(Gate gate) const {
-    return gate == Gate::kAlways || operation_of(ctx_) == YFW_REQUEST_READ_STATE;
+  [[nodiscard]] bool is_available(const RequestChild& known) const {
+    return known.availability == Availability::kAlways || operation_of(ctx_) == YFW_REQUEST_READ_STATE;
   }
 
   cerrno dispatch(const yfw_datatree& child) const {
@@ -103,7 +103,7 @@ class Walk {
       return YFW_MALFORMED_TREE;
     }
     for (const RequestChild& known : table_.children) {
-      if (yfw_map_do_these_match(child.tag, known.tag) != 0 && passes(known.gate)) {
+      if (yfw_map_do_these_match(child.tag, known.tag) != 0 && is_available(known)) {
         return known.walk(ctx_, &child, out_);
       }
     }
@@ -122,7 +122,7 @@ class Walk {
   // Calls every child walker on the node itself, whatever they answer.
   void walk_every_child() const {
     for (const RequestChild& known : table_.children) {
-      if (passes(known.gate)) known.walk(ctx_, &node_, out_);
+      if (is_available(known)) known.walk(ctx_, &node_, out_);
     }
     table_.parse_augments(ctx_, &node_, out_);
   }
@@ -145,31 +145,32 @@ class ContainerWalk : public Walk {
       : Walk(run, row.node, ctx, node, out), row_(row) {}
 
   // Refuses a delete that names what it deletes.
-  [[nodiscard]] cerrno check(unsigned int named) const {
-    if (!row_.refuses_delete_with_subtree || named == 0 || expanding() || key_is_pending()) return YFW_OK;
+  [[nodiscard]] cerrno check(unsigned int child_count) const {
+    if (!row_.refuses_delete_with_subtree || child_count == 0 || expanding() || key_is_pending()) return YFW_OK;
     if (yfw_map_is_request_delete(&node_) == 0) return YFW_OK;
     run_.record(message::kDeleteWithSubtree);
     return YFW_INVALID_ARGUMENTS;
   }
 
-  cerrno walk(unsigned int named) {
+  cerrno walk(unsigned int child_count) {
     std::optional<HierarchyEntry> entry;
     enter(entry, node_, YFW_HIERARCHY_CONTAINER, YFW_NODE_CONTAINER);
-    return run_passes(visited(named), [this](unsigned int count) { return pass(count); });
+    return walk_with_replace(walked_child_count(child_count),
+                             [this](unsigned int walked) { return walk_once(walked); });
   }
 
  private:
-  cerrno pass(unsigned int count) {
+  cerrno walk_once(unsigned int count) {
     cerrno status = row_.handler(ctx_, &node_, count, out_);
     if (status == YFW_SKIP_SUBTREE) {
-      note_skip();
+      handle_skip();
       return YFW_OK;
     }
     if (status != YFW_OK) return status;
     for (unsigned int i = 0; i < count && status == YFW_OK; ++i) status = dispatch(node_.children[i]);
     expand_on_content_matches();
     if (count == 0 || (request_.filter_bits & YFW_FILTER_EXPAND) != 0) {
-      if (takes_whole_node()) expand();
+      if (selects_subtree()) expand();
     }
     return status;
   }
@@ -182,7 +183,7 @@ class ContainerWalk : public Walk {
 
   void expand() const {
     {
-      const MarkScope whole(request_.whole_subtree, 1);
+      const ScopedValue whole(request_.whole_subtree, 1);
       const OperationScope operation(node_);
       if (node_.operation == YFW_OPERATION_DELETE) node_.operation = YFW_OPERATION_REMOVE;
       walk_every_child();
@@ -199,19 +200,19 @@ class ListWalk : public Walk {
       : Walk(run, row.node, ctx, node, out), row_(row) {}
 
   // Refuses an entry without children where its key would be checked.
-  [[nodiscard]] cerrno check(unsigned int named) const {
-    if (named != 0 || expanding() || key_is_pending() || !checks_keys(operation_of(ctx_))) return YFW_OK;
+  [[nodiscard]] cerrno check(unsigned int child_count) const {
+    if (child_count != 0 || expanding() || key_is_pending() || !checks_keys(operation_of(ctx_))) return YFW_OK;
     run_.record(message::kKeysMissing);
     return YFW_MALFORMED_TREE;
   }
 
-  cerrno walk(unsigned int named) {
+  cerrno walk(unsigned int child_count) {
     std::optional<HierarchyEntry> entry;
     enter(entry, node_, YFW_HIERARCHY_LIST, YFW_NODE_LIST_ENTRY);
     if (const cerrno status = yfw_map_update_current_list_node(ctx_, row_.path); status != YFW_OK) return status;
-    const unsigned int count = visited(named);
+    const unsigned int count = walked_child_count(child_count);
     if (const cerrno status = scan_keys(count); status != YFW_OK) return status;
-    return run_passes(count, [this](unsigned int passed) { return pass(passed); });
+    return walk_with_replace(count, [this](unsigned int walked) { return walk_once(walked); });
   }
 
  private:
@@ -254,11 +255,11 @@ class ListWalk : public Walk {
     return keys_.leaves <= 1 && keys_.valued <= 1 && (operation != 8 || keys_.valued >= 1);
   }
 
-  cerrno pass(unsigned int count) {
+  cerrno walk_once(unsigned int count) {
     const std::uint16_t depth = yfw_map_util_itree_stack_size(ctx_);
     const cerrno answer = call_handler(count);
     const bool skips = answer == YFW_SKIP_SUBTREE;
-    if (skips) note_skip();
+    if (skips) handle_skip();
     cerrno status = skips ? YFW_OK : answer;
     if (answer == YFW_OK) status = dispatch_children(node_, count);
     if (answer == YFW_OK && status == YFW_OK) status = walk_further_entries(depth);
@@ -270,7 +271,7 @@ class ListWalk : public Walk {
   }
 
   cerrno call_handler(unsigned int count) const {
-    const MarkScope pending(request_.key_pending, key_pending(count));
+    const ScopedValue pending(request_.key_pending, key_pending(count));
     return row_.handler(ctx_, &node_, out_);
   }
 
@@ -315,7 +316,7 @@ class ListWalk : public Walk {
   }
 
   cerrno walk_further_entry(yfw_datatree& further, yfw_itree_callback callback) const {
-    const std::optional<unsigned int> count = named_children(further);
+    const std::optional<unsigned int> count = child_count_of(further);
     if (!count) {
       run_.record(message::kSubtreesMissing);
       return YFW_MALFORMED_TREE;
@@ -332,11 +333,11 @@ class ListWalk : public Walk {
   // because an outer node is expanded.
   [[nodiscard]] bool is_expanded(unsigned int count) const {
     if (count == 0 && expanding()) return true;
-    return keys_.alone() && keys_.valued == keys_.leaves && takes_whole_node();
+    return keys_.alone() && keys_.valued == keys_.leaves && selects_subtree();
   }
 
   void expand() const {
-    const MarkScope whole(request_.whole_subtree, 1);
+    const ScopedValue whole(request_.whole_subtree, 1);
     yfw_map_util_itree_stack_push(ctx_, node_.children, node_.child_count, nullptr);
     {
       const HiddenChildren hidden(node_);
@@ -355,11 +356,11 @@ template <typename NodeWalk, typename Row>
 cerrno walk_node(const Handler& handler, const Row& row, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  const std::optional<unsigned int> named = named_children(*in);
-  if (!named) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
-  NodeWalk walk(run, row, ctx, writable(in), out);
-  if (const cerrno status = walk.check(*named); status != YFW_OK) return run.end(status);
-  const cerrno status = walk.walk(*named);
+  const std::optional<unsigned int> child_count = child_count_of(*in);
+  if (!child_count) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
+  NodeWalk walk(run, row, ctx, mutable_node(in), out);
+  if (const cerrno status = walk.check(*child_count); status != YFW_OK) return run.end(status);
+  const cerrno status = walk.walk(*child_count);
   return walk.left_at_skip() ? status : run.end(status);
 }
 
@@ -381,7 +382,7 @@ cerrno walk_leaf(const Handler& handler, const RequestLeaf& row, yfw_map_ctx ctx
     const cerrno status = row.handler(ctx, in, out);
     yfw_request_state& request = *ctx->request;
     if (request.whole_subtree == 1 || request.key_pending != YFW_KEY_PENDING_NONE) return status;
-    yfw_datatree& leaf = writable(in);
+    yfw_datatree& leaf = mutable_node(in);
     leaf.node_kind = YFW_NODE_LEAF;
     leaf.hierarchy_flags |= YFW_HIERARCHY_ENTERED;
     if (!is_read(ctx)) return status;

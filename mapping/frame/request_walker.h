@@ -9,7 +9,7 @@
 namespace ymap {
 
 // When a known child is walked.
-enum class Gate : std::uint8_t {
+enum class Availability : std::uint8_t {
   kAlways,
   kStateRead,  // only in a read of operational state; otherwise the tag counts as unknown
 };
@@ -18,7 +18,7 @@ enum class Gate : std::uint8_t {
 struct RequestChild {
   const char* tag;
   NodeHandler* walk;
-  Gate gate = Gate::kAlways;
+  Availability availability = Availability::kAlways;
 };
 
 // What every inner node has: the namespace of its module, its known children in the order in which tags are tested, and

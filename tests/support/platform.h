@@ -50,14 +50,14 @@ struct Record {
   enum class Sink { kDebugLog, kTraceBuffer };
 
   Sink sink;
-  std::string level;                       // "ERR" or "TRC"
-  std::string text;                        // behind the prefix
-  std::size_t length = 0;                  // of the whole record
-  const std::uint32_t* site = nullptr;     // debug log: the emitting site's word
-  const yfw_log_stream* stream = nullptr;  // debug log: where it went
-  std::uint32_t sequence = 0;              // trace buffer
-  std::string handler;                     // trace buffer
-  int line = 0;                            // trace buffer
+  std::string level;                            // "ERR" or "TRC"
+  std::string text;                             // behind the prefix
+  std::size_t length = 0;                       // of the whole record
+  const std::uint32_t* call_site_id = nullptr;  // debug log
+  const yfw_log_stream* stream = nullptr;       // debug log: where it went
+  std::uint32_t sequence = 0;                   // trace buffer
+  std::string handler;                          // trace buffer
+  int line = 0;                                 // trace buffer
 };
 
 // One path that was added to the output, or one list entry that was found there or created.
@@ -106,7 +106,7 @@ struct Seen {
   std::vector<Addition> additions;
 
   // Uses of the contract that no module may make: freeing what was not given, leaving a node that was not entered, a
-  // changed site word, a null output, and so on. Empty at the end of every test.
+  // changed call-site id, a null output, and so on. Empty at the end of every test.
   std::vector<std::string> misuses;
 
   // What a balanced walk takes back: each is empty at its end.

@@ -84,8 +84,8 @@ int yfw_debug_should_log(const uintptr_t* filter, uint32_t level) {
   return call.number([&] { return call.logging() ? 1 : 0; });
 }
 
-void dt_log_filter_adv(yfw_log_stream* stream, int zero1, int zero2, int zero3, int zero4, int zero5, uint32_t* site,
-                       const char* format, ...) {
+void dt_log_filter_adv(yfw_log_stream* stream, int zero1, int zero2, int zero3, int zero4, int zero5,
+                       uint32_t* call_site_id, const char* format, ...) {
   Invocation call("dt_log_filter_adv");
   const yfw_map_ctx_record& context = *call.platform().ctx();
   va_list arguments;
@@ -95,14 +95,18 @@ void dt_log_filter_adv(yfw_log_stream* stream, int zero1, int zero2, int zero3, 
   const int length = std::vsnprintf(line, sizeof line, format, arguments);
   va_end(arguments);
 
-  Record record{
-      .sink = Record::Sink::kDebugLog, .level = {}, .text = {}, .site = site, .stream = stream, .handler = {}};
+  Record record{.sink = Record::Sink::kDebugLog,
+                .level = {},
+                .text = {},
+                .call_site_id = call_site_id,
+                .stream = stream,
+                .handler = {}};
   const bool well_formed = support::parse_debug_line(line, support::pointer_text(&context), record);
   call.arguments({record.level, support::shown(record.text.c_str())});
   call.require(well_formed && length > 0 && length < int{sizeof line}, "malformed line");
   call.require(stream == (record.level == "ERR" ? context.error_log : context.trace_log), "wrong stream");
   call.require(zero1 == 0 && zero2 == 0 && zero3 == 0 && zero4 == 0 && zero5 == 0, "an argument is not zero");
-  call.require(site != nullptr && *site == 0xFFFFFFFF, "the site's word is not all ones");
+  call.require(call_site_id != nullptr && *call_site_id == 0xFFFFFFFF, "the call-site id is not all ones");
   record.length = std::string_view(line).size();
   call.seen().records.push_back(std::move(record));
   call.done();

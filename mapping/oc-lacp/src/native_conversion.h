@@ -11,7 +11,7 @@
 namespace oclacp {
 
 // Whether an interface is shown under /lacp/interfaces: LACP is configured on it and it is no sub-interface.
-inline bool is_shown(const char* interface_name) {
+inline bool is_mapped(const char* interface_name) {
   return interface_name != nullptr && yfw_is_oc_subinterface(interface_name) == 0 &&
          get_intf_type_if_lacp_configured(interface_name) != 0;
 }

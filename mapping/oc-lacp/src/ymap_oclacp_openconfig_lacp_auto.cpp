@@ -13,32 +13,32 @@ using ymap::StateLeaf;
 // clang-format off
 
 // Containers and lists: nothing to add
-YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp, ymap::accept_node)
-YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_config, ymap::accept_node)
-YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state, ymap::accept_node)
-YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interfaces, ymap::accept_node)
-YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interfaces_interface, ymap::accept_node)
-YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_config, ymap::accept_node)
-YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_state, ymap::accept_node)
-YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_members, ymap::accept_node)
-YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_members_member, ymap::accept_node)
-YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_member_state, ymap::accept_node)
-YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state_counters, ymap::accept_node)
+YMAP_DEFINE_CONTAINER_HANDLER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp, ymap::no_op)
+YMAP_DEFINE_CONTAINER_HANDLER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_config, ymap::no_op)
+YMAP_DEFINE_CONTAINER_HANDLER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state, ymap::no_op)
+YMAP_DEFINE_CONTAINER_HANDLER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interfaces, ymap::no_op)
+YMAP_DEFINE_CONTAINER_HANDLER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interfaces_interface, ymap::no_op)
+YMAP_DEFINE_CONTAINER_HANDLER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_config, ymap::no_op)
+YMAP_DEFINE_CONTAINER_HANDLER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_state, ymap::no_op)
+YMAP_DEFINE_CONTAINER_HANDLER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_members, ymap::no_op)
+YMAP_DEFINE_CONTAINER_HANDLER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_members_member, ymap::no_op)
+YMAP_DEFINE_CONTAINER_HANDLER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_member_state, ymap::no_op)
+YMAP_DEFINE_CONTAINER_HANDLER(ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state_counters, ymap::no_op)
 
 // Nodes that the mapping does not translate
-YMAP_STAMP_CONTAINER(ymap_oq_oclacp_openconfiglacp_duck_map_container, ymap::accept_node)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_duck_map_list, ymap::accept_unchecked)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_duck_map_leaf, ymap::refuse_leaf)
+YMAP_DEFINE_CONTAINER_HANDLER(ymap_oq_oclacp_openconfiglacp_duck_map_container, ymap::no_op)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_duck_map_list, ymap::no_op_unchecked)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_duck_map_leaf, ymap::refuse_leaf)
 
 // clang-format on
 
 // Leaf handlers
 #define OCLACP_CONFIG_LEAF(NODE, WALKER, HANDLER, TARGET, NS) \
-  YMAP_STAMP_NODE(HANDLER, ymap::handle_config_leaf, ConfigLeaf{.target = TARGET, .ns = NS, .last_flag = 0})
+  YMAP_DEFINE_HANDLER(HANDLER, ymap::handle_config_leaf, ConfigLeaf{.target = TARGET, .ns = NS, .last_flag = 0})
 #define OCLACP_STATE_LEAF(NODE, WALKER, HANDLER, TARGET, NS) \
-  YMAP_STAMP_NODE(HANDLER, ymap::handle_state_leaf, StateLeaf{.target = TARGET, .ns = NS})
+  YMAP_DEFINE_HANDLER(HANDLER, ymap::handle_state_leaf, StateLeaf{.target = TARGET, .ns = NS})
 #define OCLACP_CONVERTED_LEAF(NODE, WALKER, HANDLER, CONVERTER, TARGET, NS) \
-  YMAP_STAMP_NODE(HANDLER, ymap::handle_converted_leaf, ConvertedLeaf{.converter = CONVERTER})
-#define OCLACP_UNSUPPORTED_LEAF(NODE, WALKER, HANDLER) YMAP_STAMP_PLAIN_NODE(HANDLER, ymap::refuse_leaf)
+  YMAP_DEFINE_HANDLER(HANDLER, ymap::handle_converted_leaf, ConvertedLeaf{.converter = CONVERTER})
+#define OCLACP_UNSUPPORTED_LEAF(NODE, WALKER, HANDLER) YMAP_DEFINE_SIMPLE_HANDLER(HANDLER, ymap::refuse_leaf)
 #define OCLACP_KEY_LEAF(NODE, WALKER, HANDLER, TARGET, NS)
 #include "ymap_oclacp_openconfig_lacp_leaves.inc"

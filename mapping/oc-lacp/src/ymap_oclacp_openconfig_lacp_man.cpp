@@ -153,28 +153,28 @@ cerrno ignore_name(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* 
 
 // clang-format off
 
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_interfaces_interface, map_interface_entry)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_members_member, map_member_entry)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_interface_name, map_interface_key)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_interfaces_interface, map_interface_entry)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_list_lvla_lacp_members_member, map_member_entry)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_interface_name, map_interface_key)
 
-YMAP_STAMP_NODE(oc2qd_cfglacpmode, ymap::handle_config_leaf,
+YMAP_DEFINE_HANDLER(oc2qd_cfglacpmode, ymap::handle_config_leaf,
     ConfigLeaf{.target = oclacp::kInterfaceLacpMode, .ns = kBundlemgrCfg, .last_flag = 1, .convert = native_mode})
-YMAP_STAMP_NODE(oc2qd_cfginterval, ymap::handle_config_leaf,
+YMAP_DEFINE_HANDLER(oc2qd_cfginterval, ymap::handle_config_leaf,
     ConfigLeaf{.target = oclacp::kInterfaceLacpPeriod, .ns = kBundlemgrCfg, .last_flag = 1, .convert = native_period})
-YMAP_STAMP_NODE(oc2qd_cfgsystemidmac, ymap::handle_config_leaf,
+YMAP_DEFINE_HANDLER(oc2qd_cfgsystemidmac, ymap::handle_config_leaf,
     ConfigLeaf{.target = oclacp::kInterfaceLacpSystemMac, .ns = kBundlemgrCfg, .last_flag = 1})
-YMAP_STAMP_NODE(oc2qd_intfcfgsystempriority, ymap::handle_config_leaf,
+YMAP_DEFINE_HANDLER(oc2qd_intfcfgsystempriority, ymap::handle_config_leaf,
     ConfigLeaf{.target = oclacp::kInterfaceLacpSystemPriority, .ns = kBundlemgrCfg, .last_flag = 1})
-YMAP_STAMP_PLAIN_NODE(oc2qd_config_name_ignore, ignore_name)
+YMAP_DEFINE_SIMPLE_HANDLER(oc2qd_config_name_ignore, ignore_name)
 
-YMAP_STAMP_NODE(oc2qd_appliedlacpmode, ymap::handle_state_leaf,
+YMAP_DEFINE_HANDLER(oc2qd_appliedlacpmode, ymap::handle_state_leaf,
     StateLeaf{.target = oclacp::kBundleAppliedLacpMode, .ns = kBundlemgrOper, .last_flag = 1, .asks_in_edits = true})
-YMAP_STAMP_NODE(oc2qd_statesystemidmac, ymap::handle_state_leaf,
+YMAP_DEFINE_HANDLER(oc2qd_statesystemidmac, ymap::handle_state_leaf,
     StateLeaf{.target = oclacp::kBundleSystemMac, .ns = kBundlemgrOper})
-YMAP_STAMP_NODE(oc2qd_intfstatesystempriority, ymap::handle_state_leaf,
+YMAP_DEFINE_HANDLER(oc2qd_intfstatesystempriority, ymap::handle_state_leaf,
     StateLeaf{.target = oclacp::kBundleSystemPriority, .ns = kBundlemgrOper})
 // All six leaves of a member's port state are bits of the one native leaf.
-YMAP_STAMP_NODE(oc2qd_actorportstate, ymap::handle_state_leaf,
+YMAP_DEFINE_HANDLER(oc2qd_actorportstate, ymap::handle_state_leaf,
     StateLeaf{.target = oclacp::kMemberActorPortState, .ns = kBundlemgrOper})
 
 // clang-format on

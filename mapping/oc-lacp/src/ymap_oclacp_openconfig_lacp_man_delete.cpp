@@ -116,7 +116,7 @@ class Deletion {
   // which is meant. A delete of all of /lacp takes every interface.
   bool takes(const char* data_store_name) {
     if (!one_entry_) return true;
-    const bool has_key = ymap::named_children(node_).value_or(0) != 0;
+    const bool has_key = ymap::child_count_of(node_).value_or(0) != 0;
     const char* const entry_name = has_key ? node_.children[0].value : nullptr;
     found_ = entry_name != nullptr && std::strstr(entry_name, data_store_name) != nullptr;
     return found_;
@@ -162,7 +162,7 @@ class Deletion {
 cerrno delete_interface_lacp(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  return Deletion(run, ctx, ymap::writable(in), out).carry_out();
+  return Deletion(run, ctx, ymap::mutable_node(in), out).carry_out();
 }
 
 cerrno delete_global(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
@@ -181,6 +181,6 @@ cerrno delete_all(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* i
 
 }  // namespace
 
-YMAP_STAMP_PLAIN_NODE(oc_to_qd_all_lacp_cfg_delete, delete_all)
-YMAP_STAMP_PLAIN_NODE(delete_global_lacp, delete_global)
-YMAP_STAMP_PLAIN_NODE(oclacp_to_qd_bundle_lacp_config_delete, delete_interface_lacp)
+YMAP_DEFINE_SIMPLE_HANDLER(oc_to_qd_all_lacp_cfg_delete, delete_all)
+YMAP_DEFINE_SIMPLE_HANDLER(delete_global_lacp, delete_global)
+YMAP_DEFINE_SIMPLE_HANDLER(oclacp_to_qd_bundle_lacp_config_delete, delete_interface_lacp)

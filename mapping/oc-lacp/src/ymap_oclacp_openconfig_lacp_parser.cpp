@@ -1,5 +1,5 @@
 // The walkers of openconfig-lacp. Each inner node has its table of children, in the order in which their tags are
-// tested, and a row that stamps its walker; the leaf walkers come out of the rows of the leaves.
+// tested, and a row that defines its walker; the leaf walkers come out of the rows of the leaves.
 #include <span>
 
 #include "frame/request_handlers.h"
@@ -9,7 +9,7 @@
 #include "oclacp/openconfig_lacp.h"
 
 using oclacp::kOpenconfigLacp;
-using ymap::Gate;
+using ymap::Availability;
 using ymap::RequestChild;
 using ymap::RequestContainer;
 using ymap::RequestLeaf;
@@ -20,10 +20,10 @@ using ymap::RequestList;
 // /lacp
 static constexpr RequestChild kLacpChildren[] = {
     {.tag = "config", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_config},
-    {.tag = "state", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state, .gate = Gate::kStateRead},
+    {.tag = "state", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state, .availability = Availability::kStateRead},
     {.tag = "interfaces", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp, ymap::walk_container, RequestContainer{
+YMAP_DEFINE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp,
     .refuses_delete_with_subtree = true})
@@ -32,7 +32,7 @@ YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp, ymap::walk_container, R
 static constexpr RequestChild kLacpConfigChildren[] = {
     {.tag = "system-priority", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_systempriority},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_config, ymap::walk_container, RequestContainer{
+YMAP_DEFINE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_config, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpConfigChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_config,
     .refuses_delete_with_subtree = true})
@@ -41,7 +41,7 @@ YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_config, ymap::walk_conta
 static constexpr RequestChild kLacpStateChildren[] = {
     {.tag = "system-priority", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_systempriority},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state, ymap::walk_container, RequestContainer{
+YMAP_DEFINE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpStateChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state})
 
@@ -49,7 +49,7 @@ YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state, ymap::walk_contai
 static constexpr RequestChild kLacpInterfacesChildren[] = {
     {.tag = "interface", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces, ymap::walk_container, RequestContainer{
+YMAP_DEFINE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpInterfacesChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interfaces,
     .refuses_delete_with_subtree = true})
@@ -57,10 +57,10 @@ YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces, ymap::walk_c
 // /lacp/interfaces/interface
 static constexpr RequestChild kLacpInterfacesInterfaceChildren[] = {
     {.tag = "config", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_config},
-    {.tag = "state", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state, .gate = Gate::kStateRead},
-    {.tag = "members", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members, .gate = Gate::kStateRead},
+    {.tag = "state", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state, .availability = Availability::kStateRead},
+    {.tag = "members", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members, .availability = Availability::kStateRead},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface, ymap::walk_list_entry, RequestList{
+YMAP_DEFINE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface, ymap::walk_list_entry, RequestList{
     .node = {.ns = kOpenconfigLacp, .children = kLacpInterfacesInterfaceChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface_parse_augments},
     .path = "/lacp/interfaces/interface",
     .key = "name",
@@ -75,7 +75,7 @@ static constexpr RequestChild kLacpInterfaceConfigChildren[] = {
     {.tag = "system-id-mac", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_systemidmac},
     {.tag = "system-priority", .walk = ymap_oq_oclacp_openconfiglacp_lvlb_lacp_config_systempriority},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_config, ymap::walk_container, RequestContainer{
+YMAP_DEFINE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_config, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpInterfaceConfigChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_config_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_config,
     .refuses_delete_with_subtree = true})
@@ -88,7 +88,7 @@ static constexpr RequestChild kLacpInterfaceStateChildren[] = {
     {.tag = "system-id-mac", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_systemidmac},
     {.tag = "system-priority", .walk = ymap_oq_oclacp_openconfiglacp_lvlb_lacp_state_systempriority},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state, ymap::walk_container, RequestContainer{
+YMAP_DEFINE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpInterfaceStateChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_state})
 
@@ -96,15 +96,15 @@ YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state, ymap::w
 static constexpr RequestChild kLacpInterfaceMembersChildren[] = {
     {.tag = "member", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_members_member},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members, ymap::walk_container, RequestContainer{
+YMAP_DEFINE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpInterfaceMembersChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_interface_members})
 
 // /lacp/interfaces/interface/members/member
 static constexpr RequestChild kLacpMembersMemberChildren[] = {
-    {.tag = "state", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state, .gate = Gate::kStateRead},
+    {.tag = "state", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state, .availability = Availability::kStateRead},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_members_member, ymap::walk_list_entry, RequestList{
+YMAP_DEFINE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_members_member, ymap::walk_list_entry, RequestList{
     .node = {.ns = kOpenconfigLacp, .children = kLacpMembersMemberChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_members_member_parse_augments},
     .path = "/lacp/interfaces/interface/members/member",
     .key = "interface",
@@ -129,7 +129,7 @@ static constexpr RequestChild kLacpMemberStateChildren[] = {
     {.tag = "last-change", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_lastchange},
     {.tag = "counters", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state, ymap::walk_container, RequestContainer{
+YMAP_DEFINE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpMemberStateChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_member_state})
 
@@ -143,27 +143,28 @@ static constexpr RequestChild kLacpStateCountersChildren[] = {
     {.tag = "lacp-errors", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_counters_lacperrors},
     {.tag = "lacp-timeout-transitions", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_counters_lacptimeouttransitions},
 };
-YMAP_STAMP_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters, ymap::walk_container, RequestContainer{
+YMAP_DEFINE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters, ymap::walk_container, RequestContainer{
     .node = {.ns = kOpenconfigLacp, .children = kLacpStateCountersChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters_parse_augments},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_state_counters})
 
 // Children of foreign namespaces
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_config_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_members_member_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_config_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_state_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_interface_members_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_members_member_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters_parse_augments, ymap::refuse_added_augment)
 
 // clang-format on
 
 // Leaf walkers
-#define OCLACP_LEAF_WALKER(WALKER, HANDLER) YMAP_STAMP_NODE(WALKER, ymap::walk_leaf, RequestLeaf{.handler = HANDLER})
+#define OCLACP_LEAF_WALKER(WALKER, HANDLER) \
+  YMAP_DEFINE_HANDLER(WALKER, ymap::walk_leaf, RequestLeaf{.handler = HANDLER})
 #define OCLACP_CONFIG_LEAF(NODE, WALKER, HANDLER, TARGET, NS) OCLACP_LEAF_WALKER(WALKER, HANDLER)
 #define OCLACP_STATE_LEAF(NODE, WALKER, HANDLER, TARGET, NS) OCLACP_LEAF_WALKER(WALKER, HANDLER)
 #define OCLACP_CONVERTED_LEAF(NODE, WALKER, HANDLER, CONVERTER, TARGET, NS) OCLACP_LEAF_WALKER(WALKER, HANDLER)

@@ -39,7 +39,7 @@ cerrno copy_leaf(const Handler& handler, const CopiedLeaf& row, yfw_map_ctx ctx,
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
   const char* name = nullptr;
   if (const cerrno status = interface_of(run, ctx, name); status != YFW_OK) return status;
-  if (!oclacp::is_shown(name)) return run.end(YFW_OK);
+  if (!oclacp::is_mapped(name)) return run.end(YFW_OK);
   return run.end(ymap::report(ctx, out, row.target, kOpenconfigLacp, in->value));
 }
 
@@ -66,7 +66,7 @@ cerrno convert_mode(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree*
   ymap::ShortText text;
   const char* const mode = is_active ? "ACTIVE" : "PASSIVE";
   if (const cerrno status = ymap::copy(run, text, mode, ymap::message::kCopyFailed); status != YFW_OK) return status;
-  if (!oclacp::is_shown(name)) return run.end(YFW_OK);
+  if (!oclacp::is_mapped(name)) return run.end(YFW_OK);
   return run.end(report_converted(ctx, out, "/lacp/interfaces/interface/config/lacp-mode", text.text));
 }
 
@@ -92,7 +92,7 @@ cerrno convert_period(const Handler& handler, yfw_map_ctx ctx, const yfw_datatre
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
   const char* name = nullptr;
   if (const cerrno status = interface_of(run, ctx, name); status != YFW_OK) return status;
-  if (!oclacp::is_shown(name)) return run.end(YFW_OK);
+  if (!oclacp::is_mapped(name)) return run.end(YFW_OK);
   bool equal = false;
   if (const cerrno status = ymap::compare(run, in->value, "true", equal); status != YFW_OK) return status;
   const char* const interval = equal ? "FAST" : interval_of_milliseconds(run, in->value);
@@ -113,12 +113,12 @@ cerrno report_global_priority(const Handler& handler, yfw_map_ctx ctx, const yfw
 
 // clang-format off
 
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_lacp_systempriority, report_global_priority)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_man_leaf_lvla_bundlemember_id_portactivity, ymap::accept_node)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_lacp_systempriority, report_global_priority)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_man_leaf_lvla_bundlemember_id_portactivity, ymap::no_op)
 
-YMAP_STAMP_PLAIN_NODE(qd2oc_cfglacpmode, convert_mode)
-YMAP_STAMP_PLAIN_NODE(qd2oc_cfginterval, convert_period)
-YMAP_STAMP_NODE(qd2oc_intfcfgsystempriority, copy_leaf, CopiedLeaf{.target = "/lacp/interfaces/interface/config/system-priority"})
-YMAP_STAMP_NODE(qd2oc_cfgsystemidmac, copy_leaf, CopiedLeaf{.target = "/lacp/interfaces/interface/config/system-id-mac"})
+YMAP_DEFINE_SIMPLE_HANDLER(qd2oc_cfglacpmode, convert_mode)
+YMAP_DEFINE_SIMPLE_HANDLER(qd2oc_cfginterval, convert_period)
+YMAP_DEFINE_HANDLER(qd2oc_intfcfgsystempriority, copy_leaf, CopiedLeaf{.target = "/lacp/interfaces/interface/config/system-priority"})
+YMAP_DEFINE_HANDLER(qd2oc_cfgsystemidmac, copy_leaf, CopiedLeaf{.target = "/lacp/interfaces/interface/config/system-id-mac"})
 
 // clang-format on

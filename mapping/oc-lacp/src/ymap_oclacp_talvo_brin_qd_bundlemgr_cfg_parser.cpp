@@ -19,7 +19,7 @@ using ymap::NativeTree;
 static constexpr NativeChild kLacpChildren[] = {
     {.tag = "system-priority", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_lacp_systempriority, .is_leaf = true},
 };
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp, ymap::walk_native_container, NativeContainer{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kLacpChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_lacp})
 
@@ -27,17 +27,17 @@ YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp, ymap::walk_nat
 static constexpr NativeChild kBundleChildren[] = {
     {.tag = "lacp-delay", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_bundle_lacpdelay, .is_leaf = true},
 };
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle, ymap::walk_native_container, NativeContainer{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kBundleChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
 // /interface-configurations/interface-configuration/lacp/talvo-extensions
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_talvoextensions, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_talvoextensions, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_talvoextensions_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
 // /interface-configurations/interface-configuration/lacp/timeout
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_timeout, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_timeout, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_timeout_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
@@ -50,12 +50,12 @@ static constexpr NativeChild kBLacpChildren[] = {
     {.tag = "talvo-extensions", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_talvoextensions},
     {.tag = "timeout", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp_timeout},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_lacp, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_lacp, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kBLacpChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_lacp_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvlb_lacp})
 
 // /interface-configurations/interface-configuration/bundle/minimum-active/bandwidth
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_minimumactive_bandwidth, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_minimumactive_bandwidth, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_minimumactive_bandwidth_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
@@ -63,12 +63,12 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_minimu
 static constexpr NativeChild kBundleMinimumactiveChildren[] = {
     {.tag = "bandwidth", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_minimumactive_bandwidth},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_minimumactive, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_minimumactive, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kBundleMinimumactiveChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_minimumactive_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
 // /interface-configurations/interface-configuration/bundle/maximum-active/links
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_maximumactive_links, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_maximumactive_links, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_maximumactive_links_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
@@ -76,12 +76,12 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_maximu
 static constexpr NativeChild kBundleMaximumactiveChildren[] = {
     {.tag = "links", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_maximumactive_links},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_maximumactive, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_maximumactive, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kBundleMaximumactiveChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_maximumactive_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
 // /interface-configurations/interface-configuration/bundle/bundle-load-balancing/hash-function
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_bundleloadbalancing_hashfunction, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_bundleloadbalancing_hashfunction, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_bundleloadbalancing_hashfunction_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
@@ -89,7 +89,7 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_bundle
 static constexpr NativeChild kBundleBundleloadbalancingChildren[] = {
     {.tag = "hash-function", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_bundleloadbalancing_hashfunction},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_bundleloadbalancing, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_bundleloadbalancing, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kBundleBundleloadbalancingChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_bundleloadbalancing_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
@@ -99,12 +99,12 @@ static constexpr NativeChild kBBundleChildren[] = {
     {.tag = "maximum-active", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_maximumactive},
     {.tag = "bundle-load-balancing", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundle_bundleloadbalancing},
 };
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_bundle, ymap::walk_native_container, NativeContainer{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_bundle, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kBBundleChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_bundle_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
 // /interface-configurations/interface-configuration/bundle-member/id
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundlemember_id, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundlemember_id, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundlemember_id_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
@@ -112,17 +112,17 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundlemember_
 static constexpr NativeChild kBundlememberChildren[] = {
     {.tag = "id", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundlemember_id},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundlemember, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundlemember, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kBundlememberChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundlemember_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
 // /interface-configurations/interface-configuration/bfd/address-family/ipv4/echo
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv4_echo, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv4_echo, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv4_echo_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
 // /interface-configurations/interface-configuration/bfd/address-family/ipv4/timers
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv4_timers, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv4_timers, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv4_timers_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
@@ -131,12 +131,12 @@ static constexpr NativeChild kBfdAddressfamilyIpv4Children[] = {
     {.tag = "echo", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv4_echo},
     {.tag = "timers", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv4_timers},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily_ipv4, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily_ipv4, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kBfdAddressfamilyIpv4Children, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily_ipv4_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
 // /interface-configurations/interface-configuration/bfd/address-family/ipv6/ipv6-timers
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv6_ipv6timers, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv6_ipv6timers, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv6_ipv6timers_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
@@ -144,7 +144,7 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv6_ipv6
 static constexpr NativeChild kBfdAddressfamilyIpv6Children[] = {
     {.tag = "ipv6-timers", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_ipv6_ipv6timers},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily_ipv6, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily_ipv6, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kBfdAddressfamilyIpv6Children, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily_ipv6_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
@@ -153,7 +153,7 @@ static constexpr NativeChild kBfdAddressfamilyChildren[] = {
     {.tag = "ipv4", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily_ipv4},
     {.tag = "ipv6", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily_ipv6},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kBfdAddressfamilyChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
@@ -161,12 +161,12 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfa
 static constexpr NativeChild kBfdChildren[] = {
     {.tag = "address-family", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_addressfamily},
 };
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd, ymap::walk_native_container, NativeContainer{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kBfdChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
 // /interface-configurations/interface-configuration/mlacp/maximize
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_mlacp_maximize, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_mlacp_maximize, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_mlacp_maximize_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
@@ -174,33 +174,33 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_mlacp_maximiz
 static constexpr NativeChild kMlacpChildren[] = {
     {.tag = "maximize", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_mlacp_maximize},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_mlacp, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_mlacp, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = kMlacpChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_mlacp_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
 // mlacp under the group node of another model: nothing leads here
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_mlacp, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_mlacp, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_mlacp_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_duck_map_container})
 
 // The nodes that augment an interface's configuration: the one tag that each walker expects. bfd, mlacp and the group's
 // mlacp are never reached.
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvla_interface_configuration, ymap::walk_native_augment, NativeAugment{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvla_interface_configuration, ymap::walk_native_augment, NativeAugment{
     .ns = oclacp::kBundlemgrCfg, .tag = "bfd", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd,
     .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_interface_configuration_parse_augments})
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvlb_interface_configuration, ymap::walk_native_augment, NativeAugment{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvlb_interface_configuration, ymap::walk_native_augment, NativeAugment{
     .ns = oclacp::kBundlemgrCfg, .tag = "bundle", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_bundle,
     .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_interface_configuration_parse_augments})
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvlc_interface_configuration, ymap::walk_native_augment, NativeAugment{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvlc_interface_configuration, ymap::walk_native_augment, NativeAugment{
     .ns = oclacp::kBundlemgrCfg, .tag = "lacp", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_lacp,
     .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlc_interface_configuration_parse_augments})
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvld_interface_configuration, ymap::walk_native_augment, NativeAugment{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvld_interface_configuration, ymap::walk_native_augment, NativeAugment{
     .ns = oclacp::kBundlemgrCfg, .tag = "bundle-member", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bundlemember,
     .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvld_interface_configuration_parse_augments})
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvle_interface_configuration, ymap::walk_native_augment, NativeAugment{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvle_interface_configuration, ymap::walk_native_augment, NativeAugment{
     .ns = oclacp::kBundlemgrCfg, .tag = "mlacp", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_mlacp,
     .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvle_interface_configuration_parse_augments})
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvla_iccp_group, ymap::walk_native_augment, NativeAugment{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvla_iccp_group, ymap::walk_native_augment, NativeAugment{
     .ns = oclacp::kBundlemgrCfg, .tag = "mlacp", .walk = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvlb_mlacp,
     .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_iccp_group_parse_augments})
 

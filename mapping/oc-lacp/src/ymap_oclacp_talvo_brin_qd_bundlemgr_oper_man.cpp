@@ -73,7 +73,7 @@ cerrno report_bundle_leaf(const Handler& handler, const BundleLeaf& row, yfw_map
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
   const char* name = nullptr;
   if (const cerrno status = bundle_of(run, ctx, name); status != YFW_OK) return status;
-  if (!oclacp::is_shown(name)) return run.end(YFW_OK);
+  if (!oclacp::is_mapped(name)) return run.end(YFW_OK);
   return run.end(ymap::report(ctx, out, row.target, kOpenconfigLacp, in->value));
 }
 
@@ -95,11 +95,11 @@ cerrno report_applied_mode(const Handler& handler, yfw_map_ctx ctx, const yfw_da
   }
   const char* name = nullptr;
   if (const cerrno status = bundle_of(run, ctx, name); status != YFW_OK) return status;
-  if (ymap::operation_of(ctx) != YFW_REQUEST_READ_STATE || !oclacp::is_shown(name)) return run.end(YFW_OK);
+  if (ymap::operation_of(ctx) != YFW_REQUEST_READ_STATE || !oclacp::is_mapped(name)) return run.end(YFW_OK);
   return run.end(ymap::report(ctx, out, "/lacp/interfaces/interface/state/lacp-mode", kOpenconfigLacp, text.text));
 }
 
-cerrno show_bundle(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
+cerrno map_bundle_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) -> cerrno {
     const char* name = nullptr;
     const cerrno status = get_bundle_name_from_oper_tree(ctx, &name);
@@ -109,7 +109,7 @@ cerrno show_bundle(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* 
   });
 }
 
-cerrno show_member(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
+cerrno map_member_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) {
     const yfw_datatree* const deleted = yfw_map_is_request_delete(in) != 0 ? in : nullptr;
     return yfw_map_datatree_add_path_flagged(ctx, out, oclacp::kOcMember, kOpenconfigLacp, nullptr, deleted, 0, 1, 0);
@@ -120,11 +120,11 @@ cerrno show_member(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* 
 
 // clang-format off
 
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle, show_bundle)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_members_member, show_member)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actorportstate, report_port_state)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle, map_bundle_entry)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_members_member, map_member_entry)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actorportstate, report_port_state)
 // The member's name is the key of its entry, and a leaf of its state.
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_member_memberinterface, ymap::report_leaf, NativeLeaf{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_member_memberinterface, ymap::report_leaf, NativeLeaf{
     .target = "/lacp/interfaces/interface/members/member/state/interface",
     .ns = kOpenconfigLacp,
     .also = "/lacp/interfaces/interface/members/member/interface",
@@ -132,14 +132,14 @@ YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_me
     .last_flag = 1})
 
 // A tree of bundle members that no walker visits
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_data_actorportstate, ymap::accept_node)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_man_leaf_lvla_lacpbundlemembers_member_memberinterface, ymap::accept_node)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_member_memberinterface, ymap::accept_node)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_data_actorportstate, ymap::no_op)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_man_leaf_lvla_lacpbundlemembers_member_memberinterface, ymap::no_op)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_member_memberinterface, ymap::no_op)
 
-YMAP_STAMP_PLAIN_NODE(qd2oc_actorportstate, report_port_state)
-YMAP_STAMP_PLAIN_NODE(qd2oc_lacpmode, report_applied_mode)
-YMAP_STAMP_NODE(qd2oc_statesystemidmac, report_bundle_leaf, BundleLeaf{.target = "/lacp/interfaces/interface/state/system-id-mac"})
-YMAP_STAMP_NODE(qd2oc_intfstatesystempriority, report_bundle_leaf, BundleLeaf{.target = "/lacp/interfaces/interface/state/system-priority"})
+YMAP_DEFINE_SIMPLE_HANDLER(qd2oc_actorportstate, report_port_state)
+YMAP_DEFINE_SIMPLE_HANDLER(qd2oc_lacpmode, report_applied_mode)
+YMAP_DEFINE_HANDLER(qd2oc_statesystemidmac, report_bundle_leaf, BundleLeaf{.target = "/lacp/interfaces/interface/state/system-id-mac"})
+YMAP_DEFINE_HANDLER(qd2oc_intfstatesystempriority, report_bundle_leaf, BundleLeaf{.target = "/lacp/interfaces/interface/state/system-priority"})
 
 // clang-format on
 

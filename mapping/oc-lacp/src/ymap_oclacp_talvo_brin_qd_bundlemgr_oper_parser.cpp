@@ -19,7 +19,7 @@ using ymap::NativeTree;
 static constexpr NativeChild kLacpbundlesBundlesystemidSystemmacaddrChildren[] = {
     {.tag = "macaddr", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_systemmacaddr_macaddr, .is_leaf = true},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundlesystemid_systemmacaddr, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundlesystemid_systemmacaddr, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesBundlesystemidSystemmacaddrChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundlesystemid_systemmacaddr_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundlesystemid_systemmacaddr})
 
@@ -28,7 +28,7 @@ static constexpr NativeChild kLacpbundlesDataBundlesystemidChildren[] = {
     {.tag = "system-mac-addr", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundlesystemid_systemmacaddr},
     {.tag = "system-prio", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_bundlesystemid_systemprio, .is_leaf = true},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_data_bundlesystemid, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_data_bundlesystemid, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesDataBundlesystemidChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_data_bundlesystemid_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_data_bundlesystemid})
 
@@ -37,7 +37,7 @@ static constexpr NativeChild kLacpbundlesBundleDataChildren[] = {
     {.tag = "bundle-system-id", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_data_bundlesystemid},
     {.tag = "applied-lacp-mode", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_data_appliedlacpmode, .is_leaf = true},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_data, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_data, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesBundleDataChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_data_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundle_data})
 
@@ -50,7 +50,7 @@ static constexpr NativeChild kLacpbundlesMemberCountersChildren[] = {
     {.tag = "last-change", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_counters_lastchange, .is_leaf = true},
     {.tag = "lacp-timeout-transitions", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_counters_lacptimeouttransitions, .is_leaf = true},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_counters, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_counters, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesMemberCountersChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_counters_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_member_counters})
 
@@ -64,7 +64,7 @@ static constexpr NativeChild kLacpbundlesMemberLinkdataChildren[] = {
     {.tag = "partner-port-id", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_partnerportid, .is_leaf = true},
     {.tag = "actor-port-state", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actorportstate, .is_leaf = true},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_linkdata, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_linkdata, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesMemberLinkdataChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_linkdata_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_member_linkdata})
 
@@ -75,7 +75,7 @@ static constexpr NativeChild kLacpbundlesMembersMemberChildren[] = {
     {.tag = "link-data", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_linkdata},
 };
 static constexpr const char* kLacpbundlesMembersMemberKeys[] = {"member-interface"};
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_members_member, ymap::walk_native_list_entry, NativeList{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_members_member, ymap::walk_native_list_entry, NativeList{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesMembersMemberChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_members_member_parse_augments},
     .path = "/lacp-bundles/bundles/bundle/members/member",
     .keys = kLacpbundlesMembersMemberKeys,
@@ -85,7 +85,7 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_
 static constexpr NativeChild kLacpbundlesBundleMembersChildren[] = {
     {.tag = "member", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_members_member},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_members, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_members, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesBundleMembersChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_members_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundle_members})
 
@@ -96,7 +96,7 @@ static constexpr NativeChild kLacpbundlesBundlesBundleChildren[] = {
     {.tag = "bundle-interface", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_bundle_bundleinterface, .is_leaf = true},
 };
 static constexpr const char* kLacpbundlesBundlesBundleKeys[] = {"bundle-interface"};
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_bundle, ymap::walk_native_list_entry, NativeList{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_bundle, ymap::walk_native_list_entry, NativeList{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesBundlesBundleChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_bundle_parse_augments},
     .path = "/lacp-bundles/bundles/bundle",
     .keys = kLacpbundlesBundlesBundleKeys,
@@ -106,7 +106,7 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_
 static constexpr NativeChild kLacpbundlesBundlesChildren[] = {
     {.tag = "bundle", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_bundle},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesBundlesChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundles})
 
@@ -114,7 +114,7 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_
 static constexpr NativeChild kLacpbundlesChildren[] = {
     {.tag = "bundles", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles},
 };
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles, ymap::walk_native_container, NativeContainer{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles})
 
@@ -122,7 +122,7 @@ YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles, ymap::
 static constexpr NativeChild kLacpdataSystemidSystemmacaddrChildren[] = {
     {.tag = "macaddr", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpdata_systemmacaddr_macaddr, .is_leaf = true},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemmacaddr, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemmacaddr, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpdataSystemidSystemmacaddrChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemmacaddr_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_systemid_systemmacaddr})
 
@@ -131,7 +131,7 @@ static constexpr NativeChild kLacpdataSystemidSystemidChildren[] = {
     {.tag = "system-mac-addr", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemmacaddr},
     {.tag = "system-prio", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpdata_systemid_systemprio, .is_leaf = true},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemid, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemid, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpdataSystemidSystemidChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemid_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_systemid_systemid})
 
@@ -139,7 +139,7 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_sys
 static constexpr NativeChild kLacpdataGlobalSystemidChildren[] = {
     {.tag = "system-id", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemid},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_systemid, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_systemid, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpdataGlobalSystemidChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_systemid_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_global_systemid})
 
@@ -147,7 +147,7 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_glo
 static constexpr NativeChild kLacpdataGlobalChildren[] = {
     {.tag = "system-id", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_systemid},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpdataGlobalChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_global})
 
@@ -155,25 +155,25 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_glo
 static constexpr NativeChild kLacpdataChildren[] = {
     {.tag = "global", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global},
 };
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata, ymap::walk_native_container, NativeContainer{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpdataChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata})
 
 // Children of foreign namespaces
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundlesystemid_systemmacaddr_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_data_bundlesystemid_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_data_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_counters_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_linkdata_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_members_member_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_members_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_bundle_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemmacaddr_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemid_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_systemid_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_parse_augments, ymap::refuse_added_augment)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundlesystemid_systemmacaddr_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_data_bundlesystemid_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_data_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_counters_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_linkdata_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_members_member_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_members_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_bundle_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemmacaddr_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemid_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_systemid_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_parse_augments, ymap::refuse_added_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_parse_augments, ymap::refuse_added_augment)
 
 // clang-format on

@@ -26,19 +26,19 @@ void keep_interface_name(yfw_map_ctx ctx, const char* name) {
 
 // The first child is the configuration class, which the native tree lists first; "pre" is pre-configuration.
 bool is_preconfigured(const yfw_datatree& entry) {
-  if (ymap::named_children(entry).value_or(0) == 0) return false;
+  if (ymap::child_count_of(entry).value_or(0) == 0) return false;
   const char* const configuration_class = entry.children[0].value;
   return configuration_class != nullptr && std::strcmp(configuration_class, "pre") == 0;
 }
 
-cerrno show_interface(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
+cerrno map_interface_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) -> cerrno {
     if (is_preconfigured(*in)) return YFW_SKIP_SUBTREE;
     const char* name = nullptr;
     const cerrno looked_up = get_intf_name_from_tree(ctx, &name);
     if (name == nullptr) return YFW_UNSUPPORTED_NODE;
     if (looked_up != YFW_OK) return looked_up;
-    if (!oclacp::is_shown(name)) return YFW_OK;
+    if (!oclacp::is_mapped(name)) return YFW_OK;
     if (yfw_map_is_request_delete(in) != 0) {
       const cerrno status = yfw_map_datatree_add_path_flagged(ctx, out, oclacp::kOcInterface, kOpenconfigLacp, nullptr,
                                                               in, oclacp::list_slot(ctx), 1, 0);
@@ -51,7 +51,7 @@ cerrno show_interface(const Handler& handler, yfw_map_ctx ctx, const yfw_datatre
   });
 }
 
-cerrno show_interface_name(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
+cerrno map_interface_name(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> cerrno {
     const char* const name = in->value;
     if (name == nullptr) {
@@ -59,7 +59,7 @@ cerrno show_interface_name(const Handler& handler, yfw_map_ctx ctx, const yfw_da
       return YFW_MALFORMED_TREE;
     }
     keep_interface_name(ctx, name);
-    if (!oclacp::is_shown(name)) return YFW_OK;
+    if (!oclacp::is_mapped(name)) return YFW_OK;
     const cerrno status = ymap::report(ctx, out, oclacp::kOcInterfaceName, kOpenconfigLacp, name);
     if (ymap::operation_of(ctx) != YFW_REQUEST_READ_STATE) return status;
     return ymap::report(ctx, out, oclacp::kOcInterfaceStateName, kOpenconfigLacp, name);
@@ -85,14 +85,14 @@ cerrno hand_to_augment(const Handler& handler, yfw_map_ctx ctx, const yfw_datatr
 
 // clang-format off
 
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfigurations_interfaceconfiguration, show_interface)
-YMAP_STAMP_PLAIN_NODE(qd_to_oc_interface_name_leaf_cb, show_interface_name)
-YMAP_STAMP_PLAIN_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments, hand_to_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfigurations_interfaceconfiguration, map_interface_entry)
+YMAP_DEFINE_SIMPLE_HANDLER(qd_to_oc_interface_name_leaf_cb, map_interface_name)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments, hand_to_augment)
 
 // clang-format on
 
 // Leaf handlers
-#define OCLACP_NATIVE_INTERFACE_NAME(NODE, HANDLER, ...) YMAP_STAMP_PLAIN_NODE(HANDLER, show_interface_name)
+#define OCLACP_NATIVE_INTERFACE_NAME(NODE, HANDLER, ...) YMAP_DEFINE_SIMPLE_HANDLER(HANDLER, map_interface_name)
 #include "ymap_oclacp_talvo_brin_qd_ifmgr_cfg_leaves.inc"
 
 cerrno get_intf_name_from_tree(yfw_map_ctx ctx, const char** name) {

@@ -16,13 +16,13 @@ using ymap::NativeTree;
 // clang-format off
 
 // /interface-configurations/interface-configuration/dampening
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_dampening, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_dampening, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kIfmgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_dampening_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdifmgrcfg_duck_map_container})
 
 // /interface-configurations/interface-configuration/mtus/mtu
 static constexpr const char* kInterfaceconfigurationsMtusMtuKeys[] = {"owner"};
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_mtus_mtu, ymap::walk_native_list_entry, NativeList{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_mtus_mtu, ymap::walk_native_list_entry, NativeList{
     .node = {.ns = oclacp::kIfmgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_mtus_mtu_parse_augments},
     .path = "/interface-configurations/interface-configuration/mtus/mtu",
     .keys = kInterfaceconfigurationsMtusMtuKeys,
@@ -32,12 +32,12 @@ static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigur
 static constexpr NativeChild kInterfaceconfigurationsInterfaceconfigurationMtusChildren[] = {
     {.tag = "mtu", .walk = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_mtus_mtu},
 };
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_mtus, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_mtus, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kIfmgrCfg, .tree = NativeTree::kConfiguration, .children = kInterfaceconfigurationsInterfaceconfigurationMtusChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_mtus_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdifmgrcfg_duck_map_container})
 
 // /interface-configurations/interface-configuration/encapsulation
-static YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_encapsulation, ymap::walk_native_container, NativeContainer{
+static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_encapsulation, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kIfmgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_encapsulation_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdifmgrcfg_duck_map_container})
 
@@ -49,7 +49,7 @@ static constexpr NativeChild kInterfaceconfigurationsInterfaceconfigurationChild
     {.tag = "interface-name", .walk = ymap_qo_oclacp_talvobrinqdifmgrcfg_leaf_lvla_interfaceconfigurations_interfaceconfiguration_interfacename, .is_leaf = true},
 };
 static constexpr const char* kInterfaceconfigurationsInterfaceconfigurationKeys[] = {"active", "interface-name"};
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration, ymap::walk_native_list_entry, NativeList{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration, ymap::walk_native_list_entry, NativeList{
     .node = {.ns = oclacp::kIfmgrCfg, .tree = NativeTree::kConfiguration, .children = kInterfaceconfigurationsInterfaceconfigurationChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments},
     .path = "/interface-configurations/interface-configuration",
     .keys = kInterfaceconfigurationsInterfaceconfigurationKeys,
@@ -59,12 +59,12 @@ YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_
 static constexpr NativeChild kInterfaceconfigurationsChildren[] = {
     {.tag = "interface-configuration", .walk = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration},
 };
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations, ymap::walk_native_container, NativeContainer{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kIfmgrCfg, .tree = NativeTree::kConfiguration, .children = kInterfaceconfigurationsChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdifmgrcfg_cont_lvla_interfaceconfigurations})
 
 // /global-interface-configuration: no registration leads here
-YMAP_STAMP_NODE(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_globalinterfaceconfiguration, ymap::walk_native_container, NativeContainer{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_globalinterfaceconfiguration, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kIfmgrCfg, .tree = NativeTree::kConfiguration, .children = {}, .parse_augments = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_globalinterfaceconfiguration_parse_augments},
     .handler = ymap_qo_oclacp_talvobrinqdifmgrcfg_duck_map_container})
 

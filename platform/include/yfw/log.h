@@ -32,12 +32,12 @@ enum { YFW_LOG_ERROR = 0, YFW_LOG_TRACE = 3 };
 int yfw_debug_should_log(const uintptr_t* filter, uint32_t level);
 
 /*
- * Writes one debug-log line. `zero1` to `zero5` are always 0. `site` is the emitting call site's own word: it starts
- * as 0xFFFFFFFF, lives as long as the module, and is the log's to use; the module never reads or writes it. `format`
- * is a printf format whose arguments follow: the context first (%p), then the message's own.
+ * Writes one debug-log line. `zero1` to `zero5` are always 0. `call_site_id` is the emitting call site's own word: it
+ * starts as 0xFFFFFFFF, lives as long as the module, and is the log's to use; the module never reads or writes it.
+ * `format` is a printf format whose arguments follow: the context first (%p), then the message's own.
  */
-void dt_log_filter_adv(yfw_log_stream* stream, int zero1, int zero2, int zero3, int zero4, int zero5, uint32_t* site,
-                       const char* format, ...) __attribute__((format(printf, 8, 9)));
+void dt_log_filter_adv(yfw_log_stream* stream, int zero1, int zero2, int zero3, int zero4, int zero5,
+                       uint32_t* call_site_id, const char* format, ...) __attribute__((format(printf, 8, 9)));
 
 /* The next sequence number of the trace. Called once for each trace record, before it is formatted. */
 uint32_t ret_nc_yfw_trace_index_incr(void);

@@ -31,9 +31,9 @@ cerrno run_probe(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in
   });
 }
 
-YMAP_STAMP_PLAIN_NODE(probe_node, run_probe)
-YMAP_STAMP_PLAIN_NODE(other_node, run_probe)
-YMAP_STAMP_CONTAINER(probe_container, run_probe)
+YMAP_DEFINE_SIMPLE_HANDLER(probe_node, run_probe)
+YMAP_DEFINE_SIMPLE_HANDLER(other_node, run_probe)
+YMAP_DEFINE_CONTAINER_HANDLER(probe_container, run_probe)
 
 class HandlerFrame : public support::ModuleTest {
  protected:
@@ -176,13 +176,14 @@ TEST_F(HandlerFrame, EverySiteHasAWordOfItsOwnThatStaysTheSame) {
   other_node(platform.ctx(), request.root(), platform.output());
   const std::vector<Record> lines = debug_log();
   ASSERT_THAT(lines, SizeIs(9));
-  std::set<const std::uint32_t*> words;
+  std::set<const std::uint32_t*> ids;
   for (std::size_t i = 0; i < 3; ++i) {
-    EXPECT_EQ(lines[i].site, lines[i + 3].site) << "the word of \"" << lines[i].text << "\" changed";
-    words.insert(lines[i].site);
-    words.insert(lines[i + 6].site);
+    EXPECT_EQ(lines[i].call_site_id, lines[i + 3].call_site_id)
+        << "the call-site id of \"" << lines[i].text << "\" changed";
+    ids.insert(lines[i].call_site_id);
+    ids.insert(lines[i + 6].call_site_id);
   }
-  EXPECT_THAT(words, SizeIs(6)) << "two sites share a word";
+  EXPECT_THAT(ids, SizeIs(6)) << "two call sites share an id";
 }
 
 TEST_F(HandlerFrame, LineNumbersDifferFromRecordToRecordAndStayTheSame) {
@@ -218,9 +219,9 @@ TEST_F(HandlerFrame, AFailedCallIsToldWithTheHandlersNameAndTheTextOfItsCode) {
 
 TEST_F(HandlerFrame, ErrorThenEndWithTheStatusThatIsGiven) {
   const cerrno status = [&] {
-    static constinit auto words = ymap::unset_words();
+    static constinit auto call_site_ids = ymap::unset_call_site_ids();
     static constexpr Handler kHandler{
-        .name = "ends", .file = "file", .line = 1, .prototype = "cerrno ends()", .words = words.word};
+        .name = "ends", .file = "file", .line = 1, .prototype = "cerrno ends()", .call_site_ids = call_site_ids.ids};
     return Activation(kHandler, platform.ctx()).end_with(message::kTagMissing, YFW_MALFORMED_TREE);
   }();
   EXPECT_EQ(status, YFW_MALFORMED_TREE);
@@ -294,7 +295,7 @@ constexpr Wording kWordings[] = {
 };
 
 TEST_F(HandlerFrame, WritesEveryMessageWithTheSameTextAndLevelInBothSinks) {
-  std::set<int> sites;
+  std::set<int> call_sites;
   for (const Wording& wording : kWordings) {
     SCOPED_TRACE(wording.text);
     run(wording.record);
@@ -305,9 +306,9 @@ TEST_F(HandlerFrame, WritesEveryMessageWithTheSameTextAndLevelInBothSinks) {
     EXPECT_EQ(record.level, wording.level);
     EXPECT_EQ(record.text, wording.text);
     EXPECT_EQ(record.handler, "probe_node");
-    sites.insert(record.line % 100);
+    call_sites.insert(record.line % 100);
   }
-  EXPECT_THAT(sites, SizeIs(std::size(kWordings))) << "each message has a site of its own";
+  EXPECT_THAT(call_sites, SizeIs(std::size(kWordings))) << "each message has a call site of its own";
 }
 
 }  // namespace

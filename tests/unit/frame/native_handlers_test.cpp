@@ -12,9 +12,9 @@ constexpr char kTarget[] = "/oc/target";
 constexpr char kAlso[] = "/oc/also";
 constexpr char kNs[] = "urn:oc";
 
-YMAP_STAMP_NODE(plain_leaf, ymap::report_leaf, ymap::NativeLeaf{.target = kTarget, .ns = kNs})
-YMAP_STAMP_NODE(double_leaf, ymap::report_leaf,
-                ymap::NativeLeaf{.target = kTarget, .ns = kNs, .also = kAlso, .list_flag = 1, .last_flag = 1})
+YMAP_DEFINE_HANDLER(plain_leaf, ymap::report_leaf, ymap::NativeLeaf{.target = kTarget, .ns = kNs})
+YMAP_DEFINE_HANDLER(double_leaf, ymap::report_leaf,
+                    ymap::NativeLeaf{.target = kTarget, .ns = kNs, .also = kAlso, .list_flag = 1, .last_flag = 1})
 
 class NativeHandlers : public support::ModuleTest {
  protected:

@@ -13,7 +13,7 @@ using testing::IsEmpty;
 
 constexpr ymap::NativeAugment kAugment{
     .ns = model::kNs, .tag = "second", .walk = model::second, .parse_augments = model::augments};
-YMAP_STAMP_NODE(augment, ymap::walk_native_augment, kAugment)
+YMAP_DEFINE_HANDLER(augment, ymap::walk_native_augment, kAugment)
 
 class NativeAugmentWalker : public model::WalkerTest {
  protected:

@@ -13,8 +13,8 @@ using support::Request;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-YMAP_STAMP_NODE(config_top, ymap::walk_native_container, model::kConfigContainer)
-YMAP_STAMP_NODE(oper_top, ymap::walk_native_container, model::kOperContainer)
+YMAP_DEFINE_HANDLER(config_top, ymap::walk_native_container, model::kConfigContainer)
+YMAP_DEFINE_HANDLER(oper_top, ymap::walk_native_container, model::kOperContainer)
 
 Node node(std::vector<Node> children = {}) {
   return container("top", std::move(children)).in(model::kNs);

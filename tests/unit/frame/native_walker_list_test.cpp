@@ -15,8 +15,8 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-YMAP_STAMP_NODE(config_entry, ymap::walk_native_list_entry, model::kConfigList)
-YMAP_STAMP_NODE(oper_entry, ymap::walk_native_list_entry, model::kOperList)
+YMAP_DEFINE_HANDLER(config_entry, ymap::walk_native_list_entry, model::kConfigList)
+YMAP_DEFINE_HANDLER(oper_entry, ymap::walk_native_list_entry, model::kOperList)
 
 constexpr char kNoKeys[] = "No keys specified with a list node.";
 

@@ -33,21 +33,22 @@ cerrno converter(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   return yfw_map_datatree_add_path_flagged(ctx, out, "/converter/path", kNs, in->value, in, 0, 0, 1);
 }
 
-YMAP_STAMP_NODE(config_leaf, ymap::handle_config_leaf, ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 0})
-YMAP_STAMP_NODE(converting_leaf, ymap::handle_config_leaf,
-                ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 1, .convert = convert})
-YMAP_STAMP_NODE(refusing_leaf, ymap::handle_config_leaf,
-                ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 1, .convert = refuse})
-YMAP_STAMP_NODE(abandoning_leaf, ymap::handle_config_leaf,
-                ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 1, .convert = abandon})
-YMAP_STAMP_NODE(state_leaf, ymap::handle_state_leaf, ymap::StateLeaf{.target = kTarget, .ns = kNs, .last_flag = 1})
-YMAP_STAMP_NODE(asking_state_leaf, ymap::handle_state_leaf,
-                ymap::StateLeaf{.target = kTarget, .ns = kNs, .asks_in_edits = true})
-YMAP_STAMP_NODE(converted_leaf, ymap::handle_converted_leaf, ymap::ConvertedLeaf{.converter = converter})
-YMAP_STAMP_PLAIN_NODE(unsupported_leaf, ymap::refuse_leaf)
-YMAP_STAMP_PLAIN_NODE(accepted_node, ymap::accept_node)
-YMAP_STAMP_PLAIN_NODE(unchecked_node, ymap::accept_unchecked)
-YMAP_STAMP_PLAIN_NODE(foreign_node, ymap::refuse_added_augment)
+YMAP_DEFINE_HANDLER(config_leaf, ymap::handle_config_leaf,
+                    ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 0})
+YMAP_DEFINE_HANDLER(converting_leaf, ymap::handle_config_leaf,
+                    ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 1, .convert = convert})
+YMAP_DEFINE_HANDLER(refusing_leaf, ymap::handle_config_leaf,
+                    ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 1, .convert = refuse})
+YMAP_DEFINE_HANDLER(abandoning_leaf, ymap::handle_config_leaf,
+                    ymap::ConfigLeaf{.target = kTarget, .ns = kNs, .last_flag = 1, .convert = abandon})
+YMAP_DEFINE_HANDLER(state_leaf, ymap::handle_state_leaf, ymap::StateLeaf{.target = kTarget, .ns = kNs, .last_flag = 1})
+YMAP_DEFINE_HANDLER(asking_state_leaf, ymap::handle_state_leaf,
+                    ymap::StateLeaf{.target = kTarget, .ns = kNs, .asks_in_edits = true})
+YMAP_DEFINE_HANDLER(converted_leaf, ymap::handle_converted_leaf, ymap::ConvertedLeaf{.converter = converter})
+YMAP_DEFINE_SIMPLE_HANDLER(unsupported_leaf, ymap::refuse_leaf)
+YMAP_DEFINE_SIMPLE_HANDLER(accepted_node, ymap::no_op)
+YMAP_DEFINE_SIMPLE_HANDLER(unchecked_node, ymap::no_op_unchecked)
+YMAP_DEFINE_SIMPLE_HANDLER(foreign_node, ymap::refuse_added_augment)
 
 class RequestHandlers : public support::ModuleTest {
  protected:

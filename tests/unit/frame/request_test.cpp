@@ -59,10 +59,10 @@ TEST_F(RequestState, WithoutRequestStateNoErrorTagIsStored) {
   EXPECT_TRUE(platform.calls().empty());
 }
 
-TEST(MarkScope, SetsAMarkAndPutsBackWhatItWas) {
+TEST(ScopedValue, SetsAMarkAndPutsBackWhatItWas) {
   std::uint32_t mark = 7;
   {
-    const ymap::MarkScope scope(mark, 1);
+    const ymap::ScopedValue scope(mark, 1);
     EXPECT_EQ(mark, 1U);
     mark = 99;
   }
@@ -131,21 +131,21 @@ TEST_F(RequestState, HierarchyEntryMarksTheNodeAndTakesItOffAgain) {
 TEST(NamedChildren, CountsNothingWithoutTheSubtreeFlag) {
   Request request(container("node", {leaf("a")}));
   request.root()->flags = 0;
-  EXPECT_EQ(ymap::named_children(*request.root()), 0U);
+  EXPECT_EQ(ymap::child_count_of(*request.root()), 0U);
 }
 
 TEST(NamedChildren, CountsTheChildrenOfASubtree) {
   Request request(container("node", {leaf("a"), leaf("b")}));
-  EXPECT_EQ(ymap::named_children(*request.root()), 2U);
+  EXPECT_EQ(ymap::child_count_of(*request.root()), 2U);
 }
 
 TEST(NamedChildren, HasNoAnswerForChildrenThatAreAnnouncedAndMissing) {
   yfw_datatree node{};
   node.flags = YFW_FLAG_SUBTREE;
   node.child_count = 2;
-  EXPECT_EQ(ymap::named_children(node), std::nullopt);
+  EXPECT_EQ(ymap::child_count_of(node), std::nullopt);
   node.child_count = 0;
-  EXPECT_EQ(ymap::named_children(node), 0U);
+  EXPECT_EQ(ymap::child_count_of(node), 0U);
 }
 
 }  // namespace

@@ -12,8 +12,8 @@ using support::Request;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-YMAP_STAMP_NODE(top, ymap::walk_container, model::kContainer)
-YMAP_STAMP_NODE(strict_top, ymap::walk_container, model::kStrictContainer)
+YMAP_DEFINE_HANDLER(top, ymap::walk_container, model::kContainer)
+YMAP_DEFINE_HANDLER(strict_top, ymap::walk_container, model::kStrictContainer)
 
 Node node(std::vector<Node> children = {}) {
   return container("top", std::move(children)).in(model::kNs);

@@ -10,7 +10,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 constexpr ymap::RequestLeaf kLeaf{.handler = model::first};
-YMAP_STAMP_NODE(walk_one, ymap::walk_leaf, kLeaf)
+YMAP_DEFINE_HANDLER(walk_one, ymap::walk_leaf, kLeaf)
 
 class LeafWalker : public model::WalkerTest {
  protected:

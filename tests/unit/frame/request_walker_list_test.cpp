@@ -11,7 +11,7 @@ using support::Request;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-YMAP_STAMP_NODE(entry, ymap::walk_list_entry, model::kList)
+YMAP_DEFINE_HANDLER(entry, ymap::walk_list_entry, model::kList)
 
 Node node(std::vector<Node> children = {}) {
   return container("entry", std::move(children)).in(model::kNs);

@@ -10,8 +10,8 @@ using support::leaf;
 using support::Request;
 using testing::ElementsAre;
 
-YMAP_STAMP_NODE(top, ymap::walk_container, model::kContainer)
-YMAP_STAMP_NODE(entry, ymap::walk_list_entry, model::kList)
+YMAP_DEFINE_HANDLER(top, ymap::walk_container, model::kContainer)
+YMAP_DEFINE_HANDLER(entry, ymap::walk_list_entry, model::kList)
 
 constexpr std::uint32_t kPasses = YFW_REPLACE_FIRST_PASS | YFW_REPLACE_SECOND_PASS;
 

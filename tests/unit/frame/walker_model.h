@@ -69,7 +69,7 @@ inline cerrno list_handler(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree
 
 inline constexpr ymap::RequestChild kChildren[] = {
     {.tag = "first", .walk = first},
-    {.tag = "status", .walk = status, .gate = ymap::Gate::kStateRead},
+    {.tag = "status", .walk = status, .availability = ymap::Availability::kStateRead},
     {.tag = "second", .walk = second},
 };
 inline constexpr ymap::RequestContainer kContainer{

@@ -37,8 +37,8 @@ TEST_F(ExportedFunctions, RefuseANullOutputUnderTheirOwnName) {
   expect_refusals_of_null_output(nodes::node_functions(), nodes::container_functions());
 }
 
-TEST_F(ExportedFunctions, HaveSiteWordsOfTheirOwn) {
-  expect_own_site_words(nodes::node_functions());
+TEST_F(ExportedFunctions, HaveCallSiteIdsOfTheirOwn) {
+  expect_own_call_site_ids(nodes::node_functions());
 }
 
 }  // namespace

@@ -69,7 +69,7 @@ class FunctionTest : public support::ModuleTest {
 
   // That no two places that write to the debug log share a word of the log filter.
   template <typename Functions>
-  void expect_own_site_words(const Functions& functions) {
+  void expect_own_call_site_ids(const Functions& functions) {
     std::map<const std::uint32_t*, std::string> owners;
     for (const Named<NodeFunction>& one : functions) {
       const std::size_t before = platform.seen().records.size();
@@ -77,7 +77,7 @@ class FunctionTest : public support::ModuleTest {
       for (std::size_t i = before; i < platform.seen().records.size(); ++i) {
         const support::Record& record = platform.seen().records[i];
         if (record.sink != support::Record::Sink::kDebugLog) continue;
-        const auto [owner, fresh] = owners.emplace(record.site, one.name);
+        const auto [owner, fresh] = owners.emplace(record.call_site_id, one.name);
         EXPECT_TRUE(fresh) << one.name << " shares the word of \"" << record.text << "\" with " << owner->second;
       }
     }

@@ -11,23 +11,23 @@ class Shown : public support::ModuleTest {};
 
 TEST_F(Shown, AreInterfacesWithLacpThatAreNoSubInterfaces) {
   platform.lacp_interfaces = {"Bundle-Ether1", "Bundle-Ether1.100", "GigabitEthernet0/0/0/0"};
-  EXPECT_TRUE(oclacp::is_shown("Bundle-Ether1"));
-  EXPECT_TRUE(oclacp::is_shown("GigabitEthernet0/0/0/0"));
-  EXPECT_FALSE(oclacp::is_shown("Bundle-Ether2"));
-  EXPECT_FALSE(oclacp::is_shown("Bundle-Ether1.100"));
-  EXPECT_FALSE(oclacp::is_shown(nullptr));
+  EXPECT_TRUE(oclacp::is_mapped("Bundle-Ether1"));
+  EXPECT_TRUE(oclacp::is_mapped("GigabitEthernet0/0/0/0"));
+  EXPECT_FALSE(oclacp::is_mapped("Bundle-Ether2"));
+  EXPECT_FALSE(oclacp::is_mapped("Bundle-Ether1.100"));
+  EXPECT_FALSE(oclacp::is_mapped(nullptr));
 }
 
 TEST_F(Shown, AsksThePlatformWithTheNameAsItIsAndForNoSubInterface) {
-  EXPECT_FALSE(oclacp::is_shown("GigabitEthernet0/0/0/0"));
-  EXPECT_FALSE(oclacp::is_shown("Bundle-Ether1.100"));
+  EXPECT_FALSE(oclacp::is_mapped("GigabitEthernet0/0/0/0"));
+  EXPECT_FALSE(oclacp::is_mapped("Bundle-Ether1.100"));
   EXPECT_EQ(platform.count("get_intf_type_if_lacp_configured"), 1U);
   EXPECT_EQ(platform.count("get_intf_type_if_lacp_configured", "\"GigabitEthernet0/0/0/0\""), 1U);
 }
 
 TEST_F(Shown, TakesAnyAnswerButZeroForYes) {
   platform.script("get_intf_type_if_lacp_configured", 0, 0x80000000);
-  EXPECT_TRUE(oclacp::is_shown("Bundle-Ether1"));
+  EXPECT_TRUE(oclacp::is_mapped("Bundle-Ether1"));
 }
 
 // A byte of the request descriptor and its bits that are tested.

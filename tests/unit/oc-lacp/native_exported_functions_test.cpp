@@ -113,8 +113,8 @@ TEST_F(NativeFunctions, HooksOfOperationalDataRefuseWhatIsAddedAndIgnoreTheRest)
   EXPECT_EQ(platform.count("yfw_oc_error_path"), std::size(nodes::kOperHooks));
 }
 
-TEST_F(NativeFunctions, HaveSiteWordsOfTheirOwn) {
-  expect_own_site_words(nodes::native_functions());
+TEST_F(NativeFunctions, HaveCallSiteIdsOfTheirOwn) {
+  expect_own_call_site_ids(nodes::native_functions());
 }
 
 }  // namespace
