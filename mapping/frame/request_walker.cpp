@@ -121,7 +121,7 @@ class Walk {
 
   // Calls every child walker on the node itself, whatever they answer.
   void walk_every_child() const {
-    for (const RequestChild& known : table_.children) {
+    for (const RequestChild& known : table_.expansion) {
       if (is_available(known)) known.walk(ctx_, &node_, out_);
     }
     table_.parse_augments(ctx_, &node_, out_);

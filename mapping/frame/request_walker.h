@@ -22,11 +22,13 @@ struct RequestChild {
 };
 
 // What every inner node has: the namespace of its module, its known children in the order in which tags are tested, and
-// the parser that gets children of other namespaces.
+// the parser that gets children of other namespaces. A whole-subtree expansion calls the children in that order too,
+// unless the model states another.
 struct RequestNode {
   const char* ns;
   std::span<const RequestChild> children;
   NodeHandler* parse_augments;
+  std::span<const RequestChild> expansion = children;
 };
 
 struct RequestContainer {

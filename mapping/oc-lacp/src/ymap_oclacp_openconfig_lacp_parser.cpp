@@ -1,5 +1,5 @@
 // The walkers of openconfig-lacp. Each inner node has its table of children, in the order in which their tags are
-// tested, and a row that defines its walker; the leaf walkers come out of the rows of the leaves.
+// tested, and a row that stamps its walker; the leaf walkers come out of the rows of the leaves.
 #include <span>
 
 #include "frame/request_handlers.h"
@@ -17,14 +17,14 @@ using ymap::RequestList;
 
 // clang-format off
 
-// /lacp
-static constexpr RequestChild kLacpChildren[] = {
-    {.tag = "config", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_config},
-    {.tag = "state", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state, .availability = Availability::kStateRead},
-    {.tag = "interfaces", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces},
-};
+// /lacp: an expansion asks for the interfaces before the state
+static constexpr RequestChild kLacpConfig{.tag = "config", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_config};
+static constexpr RequestChild kLacpState{.tag = "state", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_state, .availability = Availability::kStateRead};
+static constexpr RequestChild kLacpInterfaces{.tag = "interfaces", .walk = ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces};
+static constexpr RequestChild kLacpChildren[] = {kLacpConfig, kLacpState, kLacpInterfaces};
+static constexpr RequestChild kLacpExpansion[] = {kLacpConfig, kLacpInterfaces, kLacpState};
 YMAP_DEFINE_HANDLER(ymap_oq_oclacp_openconfiglacp_lvla_lacp, ymap::walk_container, RequestContainer{
-    .node = {.ns = kOpenconfigLacp, .children = kLacpChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_parse_augments},
+    .node = {.ns = kOpenconfigLacp, .children = kLacpChildren, .parse_augments = ymap_oq_oclacp_openconfiglacp_lvla_lacp_parse_augments, .expansion = kLacpExpansion},
     .handler = ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp,
     .refuses_delete_with_subtree = true})
 

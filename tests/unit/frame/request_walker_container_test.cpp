@@ -13,6 +13,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 YMAP_DEFINE_HANDLER(top, ymap::walk_container, model::kContainer)
+YMAP_DEFINE_HANDLER(top_expanded_in_order, ymap::walk_container, model::kContainerExpandedInOrder)
 YMAP_DEFINE_HANDLER(strict_top, ymap::walk_container, model::kStrictContainer)
 
 Node node(std::vector<Node> children = {}) {
@@ -361,6 +362,22 @@ TEST_F(ContainerWalker, ReadOfAContainerByNameExpandsIntoEveryChildInTheOrderOfT
   EXPECT_THAT(visited(), ElementsAre("handler", "first", "status", "second", "augments"));
   for (const model::Visit& visit : log.visits) EXPECT_EQ(visit.node, request.root());
   expect_nothing_left(request);
+}
+
+TEST_F(ContainerWalker, ExpansionInAnOrderOfItsOwn_CallsTheChildrenInThatOrder) {
+  Request request(node());
+  platform.set_operation(YFW_REQUEST_READ_STATE);
+  EXPECT_EQ(top_expanded_in_order(platform.ctx(), request.root(), platform.output()), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "second", "first", "status", "augments"));
+}
+
+TEST_F(ContainerWalker, ExpansionInAnOrderOfItsOwn_DoesNotChangeTheOrderOfTheTests) {
+  Request request(node({leaf("status")}));
+  platform.set_operation(YFW_REQUEST_READ_STATE);
+  EXPECT_EQ(top_expanded_in_order(platform.ctx(), request.root(), platform.output()), YFW_OK);
+  EXPECT_LT(position("yfw_map_do_these_match", "\"status\" \"first\""),
+            position("yfw_map_do_these_match", "\"status\" \"status\""));
+  EXPECT_EQ(platform.count("yfw_map_do_these_match", "\"status\" \"second\""), 0U);
 }
 
 TEST_F(ContainerWalker, ExpansionLeavesOperationalStateOutOfAReadOfConfiguration) {

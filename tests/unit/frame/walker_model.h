@@ -74,6 +74,10 @@ inline constexpr ymap::RequestChild kChildren[] = {
 };
 inline constexpr ymap::RequestContainer kContainer{
     .node = {.ns = kNs, .children = kChildren, .parse_augments = augments}, .handler = handler};
+inline constexpr ymap::RequestChild kExpansion[] = {kChildren[2], kChildren[0], kChildren[1]};
+inline constexpr ymap::RequestContainer kContainerExpandedInOrder{
+    .node = {.ns = kNs, .children = kChildren, .parse_augments = augments, .expansion = kExpansion},
+    .handler = handler};
 inline constexpr ymap::RequestContainer kStrictContainer{
     .node = {.ns = kNs, .children = kChildren, .parse_augments = augments},
     .handler = handler,
