@@ -21,9 +21,9 @@
 
 #include "counted_module.h"
 #include "documents.h"
-#include "host/datastore/device.h"
-#include "host/translator.h"
-#include "host/yang/libyang.h"
+#include "host/devices/device.h"
+#include "host/translation/translator.h"
+#include "host/yang/libyang_ptr.h"
 
 namespace bench {
 namespace {

@@ -5,15 +5,15 @@
 #include <iostream>
 
 #include "cli/locations.h"
-#include "host/log/trace_tree.h"
+#include "host/present/trace_tree.h"
 
 namespace oclacp::cli {
 namespace {
 
-const Words<host::DefaultOperation> kOperations = {{"merge", host::DefaultOperation::kMerge},
-                                                   {"replace", host::DefaultOperation::kReplace},
-                                                   {"delete", host::DefaultOperation::kDelete}};
-const Words<host::Format> kFormats = {{"json", host::Format::kJson}, {"xml", host::Format::kXml}};
+const Choices<host::DefaultOperation> kOperations = {{"merge", host::DefaultOperation::kMerge},
+                                                     {"replace", host::DefaultOperation::kReplace},
+                                                     {"delete", host::DefaultOperation::kDelete}};
+const Choices<host::Format> kFormats = {{"json", host::Format::kJson}, {"xml", host::Format::kXml}};
 
 }  // namespace
 
@@ -47,7 +47,7 @@ void add_locations(CLI::App& command, std::string& published_schemas, std::strin
   command.add_option("--module", module, "The mapping module")->type_name("FILE");
 }
 
-void add_workings(CLI::App& command, TranslationArguments& arguments) {
+void add_debug_options(CLI::App& command, TranslationArguments& arguments) {
   command.add_flag("--trace", arguments.shows_trace, "Show the handlers that ran, on the standard error");
   command.add_flag("-v", arguments.shows_log, "Show the debug log, on the standard error");
   add_locations(command, arguments.published_schemas, arguments.module);
@@ -71,13 +71,13 @@ Records::~Records() {
   }
 }
 
-void tell_dropped(size_t entries) {
+void warn_unkeyed_entries(size_t entries) {
   if (entries != 0) {
     std::cerr << "oclacp: left out " << entries << " native list entries that have no keys\n";
   }
 }
 
-void tell_left_out(const host::Answer& answer) {
+void warn_omitted_leaves(const host::Answer& answer) {
   if (answer.dropped_leaves != 0) {
     std::cerr << "oclacp: left out " << answer.dropped_leaves << (answer.dropped_leaves == 1 ? " leaf" : " leaves")
               << " of native entries that come to no OpenConfig entry, as bundles that are sub-interfaces\n";
@@ -93,7 +93,7 @@ void tell_left_out(const host::Answer& answer) {
 
 void print(const std::string& text) {
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
-    throw host::Refusal("the result cannot be written to the standard output");
+    throw host::Error("the result cannot be written to the standard output");
   }
 }
 

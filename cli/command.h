@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "host/translator.h"
+#include "host/translation/translator.h"
 
 namespace oclacp::cli {
 
@@ -21,21 +21,21 @@ struct TranslationArguments {
   host::TranslateOptions options;
 };
 
-// What the words of a choice mean.
+// What the choices of a choice mean.
 template <typename Value>
-using Words = std::map<std::string, Value>;
+using Choices = std::map<std::string, Value>;
 
-// The option takes one of the words, which are also what its help shows.
+// The option takes one of the choices, which are also what its help shows.
 template <typename Value>
-CLI::Option* add_choice(CLI::App& command, const std::string& name, Value& value, const Words<Value>& words,
+CLI::Option* add_choice(CLI::App& command, const std::string& name, Value& value, const Choices<Value>& choices,
                         const std::string& help) {
   std::string list;
-  for (const auto& [word, meaning] : words) {
+  for (const auto& [word, meaning] : choices) {
     list += (list.empty() ? "" : "|") + word;
   }
-  const auto choose = [&value, words, name, list](const std::string& word) {
-    const auto found = words.find(word);
-    if (found == words.end()) {
+  const auto choose = [&value, choices, name, list](const std::string& word) {
+    const auto found = choices.find(word);
+    if (found == choices.end()) {
       throw CLI::ValidationError(name, "'" + word + "' is none of " + list);
     }
     value = found->second;
@@ -52,7 +52,7 @@ CLI::Option* add_device(CLI::App& command, TranslationArguments& arguments);
 // Where the schemas and the module are.
 void add_locations(CLI::App& command, std::string& published_schemas, std::string& module);
 // --trace, -v, and the locations.
-void add_workings(CLI::App& command, TranslationArguments& arguments);
+void add_debug_options(CLI::App& command, TranslationArguments& arguments);
 
 std::unique_ptr<host::Translator> make_translator(const TranslationArguments& arguments);
 
@@ -72,12 +72,12 @@ class Records {
 };
 
 // Tells, on the standard error, which leaves were left out of an answer.
-void tell_left_out(const host::Answer& answer);
+void warn_omitted_leaves(const host::Answer& answer);
 
 // Tells, on the standard error, of native list entries that were left out.
-void tell_dropped(size_t entries);
+void warn_unkeyed_entries(size_t entries);
 
-// Write a result to the standard output. Nothing that a program reads is lost without a word: throws host::Refusal.
+// Write a result to the standard output. Nothing that a program reads is lost without a word: throws host::Error.
 void print(const std::string& text);
 void print(const host::Translator& translator, const host::Answer& answer, LYD_FORMAT format);
 

@@ -5,10 +5,10 @@
 #include <string>
 
 #include "cli/command.h"
-#include "host/datastore/directory_device.h"
-#include "host/datastore/editable_directory.h"
-#include "host/text_file.h"
-#include "host/yang/request_text.h"
+#include "host/devices/directory_device.h"
+#include "host/devices/editable_directory.h"
+#include "host/files/read_file.h"
+#include "host/yang/document_check.h"
 
 namespace oclacp::cli {
 namespace {
@@ -31,14 +31,14 @@ void add_edit_options(CLI::App& command, EditArguments& arguments) {
   add_format(command, arguments, "The format of what --dry-run prints; that of the request by default")->needs(dry_run);
   add_strict(command, arguments);
   add_device(command, arguments)->required();
-  add_workings(command, arguments);
+  add_debug_options(command, arguments);
 }
 
 host::EditPlan plan(host::Translator& translator, const host::Device& device, EditArguments& arguments) {
   const Records records(arguments);
   host::EditPlan plan = arguments.request ? translator.plan_edit(*arguments.request, device, arguments.options)
                                           : translator.plan_delete(arguments.path, device, arguments.options);
-  tell_dropped(plan.dropped_entries);
+  warn_unkeyed_entries(plan.dropped_entries);
   return plan;
 }
 
@@ -56,7 +56,7 @@ void edit(host::Translator& translator, EditArguments& arguments) {
   if (arguments.options.is_dry_run) {
     print(planned.native_edit + planned.difference);
   } else if (planned.changes_something()) {
-    throw host::Refusal(arguments.device + ": the edit would change " + planned.first_change);
+    throw host::Error(arguments.device + ": the edit would change " + planned.first_change);
   }
 }
 

@@ -10,10 +10,10 @@
 namespace oclacp::cli {
 namespace {
 
-const Words<host::CoverageFormat> kFormats = {{"json", host::CoverageFormat::kJson},
-                                              {"markdown", host::CoverageFormat::kMarkdown},
-                                              {"table", host::CoverageFormat::kTable},
-                                              {"yang", host::CoverageFormat::kYang}};
+const Choices<host::CoverageFormat> kFormats = {{"json", host::CoverageFormat::kJson},
+                                                {"markdown", host::CoverageFormat::kMarkdown},
+                                                {"table", host::CoverageFormat::kTable},
+                                                {"yang", host::CoverageFormat::kYang}};
 
 struct ExplainArguments {
   std::string module = default_module();

@@ -9,15 +9,15 @@
 #include "cli/command.h"
 #include "cli/terminal.h"
 #include "cli/watch.h"
-#include "host/datastore/directory_device.h"
-#include "host/yang/answer_table.h"
+#include "host/devices/directory_device.h"
+#include "host/present/answer_table.h"
 
 namespace oclacp::cli {
 namespace {
 
 enum class AnswerFormat { kJson, kXml, kTable };
 
-const Words<AnswerFormat> kFormats = {
+const Choices<AnswerFormat> kFormats = {
     {"json", AnswerFormat::kJson}, {"xml", AnswerFormat::kXml}, {"table", AnswerFormat::kTable}};
 
 struct GetArguments : TranslationArguments {
@@ -57,13 +57,13 @@ void show(const host::Translator& translator, const host::Answer& answer, Answer
 
 void get(host::Translator& translator, GetArguments& arguments) {
   const host::Answer answer = read(translator, arguments);
-  tell_left_out(answer);
+  warn_omitted_leaves(answer);
   show(translator, answer, arguments.format);
   for (const std::string& failure : answer.failures) {
     std::cerr << "oclacp: " << failure << '\n';
   }
   if (!answer.failures.empty()) {
-    throw host::Refusal(arguments.device + ": " + std::to_string(answer.failures.size()) + " left out of the answer");
+    throw host::Error(arguments.device + ": " + std::to_string(answer.failures.size()) + " left out of the answer");
   }
 }
 
@@ -109,7 +109,7 @@ void define_get(CLI::App& app) {
                         "List what OpenConfig has no form for of the native configuration of interfaces with LACP");
   unmapped->excludes(format)->excludes(keep_going)->excludes(all);
   add_device(*command, *arguments)->required();
-  add_workings(*command, *arguments);
+  add_debug_options(*command, *arguments);
   unmapped->excludes(command->get_option("--trace"))->excludes(command->get_option("-v"));
   command->callback([arguments] { run(*arguments); });
 }

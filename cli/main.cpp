@@ -12,7 +12,7 @@
 #include "cli/get.h"
 #include "cli/records_command.h"
 #include "cli/translate.h"
-#include "host/translator.h"
+#include "host/translation/translator.h"
 
 namespace oclacp::cli {
 namespace {

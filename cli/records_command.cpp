@@ -5,10 +5,10 @@
 
 #include "cli/command.h"
 #include "cli/locations.h"
-#include "host/datastore/directory_device.h"
+#include "host/devices/directory_device.h"
+#include "host/files/read_file.h"
 #include "host/records/record_printer.h"
-#include "host/text_file.h"
-#include "host/translator.h"
+#include "host/translation/translator.h"
 
 namespace oclacp::cli {
 namespace {
@@ -16,7 +16,7 @@ namespace {
 const host::Bag& bag_named(const host::RecordRegistry& registry, const std::string& name) {
   const host::Bag* bag = registry.find(name);
   if (bag == nullptr) {
-    throw host::Refusal(name + ": no such bag; `oclacp records list` shows all");
+    throw host::Error(name + ": no such bag; `oclacp records list` shows all");
   }
   return *bag;
 }
@@ -28,7 +28,7 @@ class RecordsCommand {
 
   CLI::App* app() { return command_; }
 
-  // Does what the parsed command line says, and answers what is to be printed. Throws host::Refusal.
+  // Does what the parsed command line says, and answers what is to be printed. Throws host::Error.
   [[nodiscard]] std::string run() const;
 
  private:

@@ -1,7 +1,7 @@
 // The terminal that the standard output may be.
 #pragma once
 
-#include "host/text_table.h"
+#include "host/present/text_table.h"
 
 namespace oclacp::cli {
 

@@ -4,22 +4,22 @@
 #include <string>
 
 #include "cli/command.h"
-#include "host/datastore/directory_device.h"
-#include "host/text_file.h"
-#include "host/yang/request_text.h"
+#include "host/devices/directory_device.h"
+#include "host/files/read_file.h"
+#include "host/yang/document_check.h"
 
 namespace oclacp::cli {
 namespace {
 
-const Words<host::RequestKind> kReads = {{"config", host::RequestKind::kReadConfig},
-                                         {"all", host::RequestKind::kReadState}};
+const Choices<host::RequestKind> kReads = {{"config", host::RequestKind::kReadConfig},
+                                           {"all", host::RequestKind::kReadState}};
 
 struct TranslateArguments : TranslationArguments {
   std::string file;
   bool goes_to_openconfig = false;
 };
 
-const Words<bool> kTargets = {{"native", false}, {"openconfig", true}};
+const Choices<bool> kTargets = {{"native", false}, {"openconfig", true}};
 
 // Null without one.
 std::unique_ptr<host::Device> open_device(const host::Translator& translator, const TranslateArguments& arguments) {
@@ -42,7 +42,7 @@ void translate_to_openconfig(host::Translator& translator, const host::Device* d
     options.trace = arguments.options.trace;
     answer = translator.to_openconfig(native, device, options);
   }
-  tell_left_out(answer);
+  warn_omitted_leaves(answer);
   print(translator, answer, host::libyang_format(arguments.options.format, answer.input_format));
 }
 
@@ -61,7 +61,7 @@ void translate(TranslateArguments& arguments) {
     const Records records(arguments);
     translation = translator->translate(request, asked, arguments.options);
   }
-  tell_dropped(translation.dropped_entries);
+  warn_unkeyed_entries(translation.dropped_entries);
   print(translation.text);
 }
 
@@ -85,7 +85,7 @@ void define_translate(CLI::App& app) {
       ->excludes(format)
       ->excludes(strict);
   add_device(*command, *arguments);
-  add_workings(*command, *arguments);
+  add_debug_options(*command, *arguments);
   command->callback([arguments, operation, strict] {
     for (const CLI::Option* of_edits : {operation, strict}) {
       if (arguments->goes_to_openconfig && of_edits->count() != 0) {

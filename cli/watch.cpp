@@ -9,7 +9,7 @@
 
 #include "cli/command.h"
 #include "cli/terminal.h"
-#include "host/yang/answer_table.h"
+#include "host/present/answer_table.h"
 
 namespace oclacp::cli {
 namespace {
@@ -17,7 +17,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 
 // An answer and when it was read.
-struct Reading {
+struct Sample {
   host::Answer answer;
   Clock::time_point time;
 };
@@ -43,7 +43,7 @@ class EndSignals {
   sigset_t signals_{};
 };
 
-void show(const host::Translator& translator, const Reading& now, const Reading* before) {
+void show(const host::Translator& translator, const Sample& now, const Sample* before) {
   constexpr const char* kClear = "\x1b[H\x1b[2J";
   std::optional<host::EarlierAnswer> earlier;
   if (before != nullptr) {
@@ -53,15 +53,15 @@ void show(const host::Translator& translator, const Reading& now, const Reading*
                                                earlier ? &*earlier : nullptr);
   print(std::string(is_terminal() ? kClear : before == nullptr ? "" : "\n") + table);
   // Behind the table, or a cleared terminal would not show it.
-  tell_left_out(now.answer);
+  warn_omitted_leaves(now.answer);
 }
 
 // Nothing when it is refused, which is told.
-std::optional<Reading> try_again(const std::function<host::Answer()>& read) {
+std::optional<Sample> try_again(const std::function<host::Answer()>& read) {
   try {
-    return Reading{read(), Clock::now()};
-  } catch (const host::Refusal& refusal) {
-    std::cerr << "oclacp: " << refusal.what() << '\n';
+    return Sample{read(), Clock::now()};
+  } catch (const host::Error& error) {
+    std::cerr << "oclacp: " << error.what() << '\n';
     return std::nullopt;
   }
 }
@@ -70,10 +70,10 @@ std::optional<Reading> try_again(const std::function<host::Answer()>& read) {
 
 void watch(const host::Translator& translator, double seconds, const std::function<host::Answer()>& read) {
   const EndSignals signals;
-  Reading shown = {read(), Clock::now()};
+  Sample shown = {read(), Clock::now()};
   show(translator, shown, nullptr);
   while (!signals.come_within(seconds)) {
-    if (std::optional<Reading> now = try_again(read)) {
+    if (std::optional<Sample> now = try_again(read)) {
       show(translator, *now, &shown);
       shown = std::move(*now);
     }

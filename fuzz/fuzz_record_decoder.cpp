@@ -12,9 +12,9 @@ namespace {
 
 using oclacp::host::Bag;
 using oclacp::host::DecodedField;
+using oclacp::host::Error;
 using oclacp::host::RecordRegistry;
 using oclacp::host::RecordSchema;
-using oclacp::host::Refusal;
 
 const RecordRegistry& registry() {
   static const bool kRegistered = bag_register_all_bundlemgr_distrib_bags() == YFW_OK;
@@ -43,7 +43,7 @@ void decode_by_own_schema(const std::string& input) {
     const Bag bag{"fuzzed", "owner", text, "", RecordSchema(text, RecordSchema::Form::kFull)};
     oclacp::host::show_bag(bag);
     decode(bag, newline == std::string::npos ? std::string() : input.substr(newline + 1));
-  } catch (const Refusal&) {
+  } catch (const Error&) {
     // Most texts are no schema.
   }
 }

@@ -1,17 +1,17 @@
 #include "host/explain/coverage.h"
 
-#include "host/explain/schema_path.h"
+#include "host/yang/schema_nodes.h"
 
 namespace oclacp::host {
 namespace {
 
-CoveredLeaf cover(const LeafTables& tables, Probe& probe, Flows& flows, const lysc_node* leaf) {
+CoveredLeaf cover(const LeafTables& tables, Probe& probe, LeafMappingFinder& mappings, const lysc_node* leaf) {
   CoveredLeaf covered{leaf, tables.find(leaf) != nullptr, false, false, {}, std::nullopt};
-  for (const Flow& flow : flows.to(leaf)) {
-    covered.sources.push_back(flow.from);
+  for (const LeafMapping& mapping : mappings.to(leaf)) {
+    covered.sources.push_back(mapping.from);
   }
-  const Outgoing& outgoing = flows.from(leaf);
-  covered.in_edits = !outgoing.flows.empty();
+  const LeafMappings& outgoing = mappings.from(leaf);
+  covered.in_edits = !outgoing.mappings.empty();
   const ProbeResult asked = probe.read(leaf);
   covered.in_reads = !asked.leaves.empty() && !covered.sources.empty();
   if (outgoing.refusal) {
@@ -21,10 +21,10 @@ CoveredLeaf cover(const LeafTables& tables, Probe& probe, Flows& flows, const ly
     return covered;
   }
   // Natively the name of an entry is kept once, as its key.
-  covered.key = flows.key_referring_to(leaf);
+  covered.key = mappings.key_referring_to(leaf);
   if (covered.key != nullptr) {
-    covered.in_edits = !outgoing.refusal && !flows.from(covered.key).flows.empty();
-    covered.in_reads = !flows.to(covered.key).empty();
+    covered.in_edits = !outgoing.refusal && !mappings.from(covered.key).mappings.empty();
+    covered.in_reads = !mappings.to(covered.key).empty();
   }
   return covered;
 }
@@ -38,11 +38,11 @@ std::string reason_of(const CoveredLeaf& leaf) {
   return std::string(leaf.refusal ? "refused" : "comes to nothing") + (leaf.sources.empty() ? ", has no source" : "");
 }
 
-Coverage find_coverage(const LeafTables& tables, const Schemas& schemas, Probe& probe, Flows& flows) {
+Coverage find_coverage(const LeafTables& tables, const Schemas& schemas, Probe& probe, LeafMappingFinder& mappings) {
   Coverage coverage{ly_ctx_get_module_implemented(schemas.request(), "openconfig-lacp"), {}};
   for (const lysc_node* top = coverage.module->compiled->data; top != nullptr; top = top->next) {
     for (const lysc_node* leaf : leaves_of(top)) {
-      coverage.leaves.push_back(cover(tables, probe, flows, leaf));
+      coverage.leaves.push_back(cover(tables, probe, mappings, leaf));
     }
   }
   return coverage;

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/explain/flows.h"
+#include "host/explain/leaf_mapping_finder.h"
 
 namespace oclacp::host {
 
@@ -32,6 +32,6 @@ struct Coverage {
 };
 
 // Every leaf's edit and read is tried.
-Coverage find_coverage(const LeafTables& tables, const Schemas& schemas, Probe& probe, Flows& flows);
+Coverage find_coverage(const LeafTables& tables, const Schemas& schemas, Probe& probe, LeafMappingFinder& mappings);
 
 }  // namespace oclacp::host

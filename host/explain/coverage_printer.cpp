@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "host/explain/schema_path.h"
-#include "host/text_table.h"
+#include "host/present/text_table.h"
+#include "host/yang/schema_nodes.h"
 
 namespace oclacp::host {
 namespace {

@@ -4,7 +4,7 @@
 #include <set>
 #include <unordered_set>
 
-#include "host/explain/schema_path.h"
+#include "host/yang/schema_nodes.h"
 
 namespace oclacp::host {
 namespace {

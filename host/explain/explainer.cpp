@@ -3,18 +3,18 @@
 #include "host/explain/coverage_printer.h"
 #include "host/explain/deviations.h"
 #include "host/explain/explanation.h"
-#include "host/explain/schema_path.h"
+#include "host/yang/schema_nodes.h"
 
 namespace oclacp::host {
 
 struct Explainer::Parts {
   Schemas schemas;
-  NativePaths openconfig;
-  NativePaths native;
-  Module module;
+  SchemaIndex openconfig;
+  SchemaIndex native;
+  MappingModule module;
   LeafTables tables;
   Probe probe;
-  Flows flows;
+  LeafMappingFinder mappings;
 
   Parts(const SchemaDirectories& directories, const std::string& module_file)
       : schemas(directories),
@@ -23,7 +23,7 @@ struct Explainer::Parts {
         module(module_file),
         tables(module, openconfig, native),
         probe(module, schemas, openconfig, native),
-        flows(tables, schemas, probe) {}
+        mappings(tables, schemas, probe) {}
 };
 
 Explainer::Explainer(const SchemaDirectories& schemas, const std::string& module_file)
@@ -32,16 +32,16 @@ Explainer::Explainer(const SchemaDirectories& schemas, const std::string& module
 Explainer::~Explainer() = default;
 
 std::string Explainer::explain(const std::string& path) {
-  Explanation explanation(parts_->tables, parts_->schemas, parts_->probe, parts_->flows);
+  Explanation explanation(parts_->tables, parts_->schemas, parts_->probe, parts_->mappings);
   std::string text;
   for (const lysc_node* node : find_nodes(parts_->schemas, path)) {
-    text += (text.empty() ? "" : "\n") + explanation.of(node);
+    text += (text.empty() ? "" : "\n") + explanation.describe(node);
   }
   return text;
 }
 
 std::string Explainer::coverage(CoverageFormat format) {
-  const Coverage coverage = find_coverage(parts_->tables, parts_->schemas, parts_->probe, parts_->flows);
+  const Coverage coverage = find_coverage(parts_->tables, parts_->schemas, parts_->probe, parts_->mappings);
   switch (format) {
     case CoverageFormat::kJson:
       return coverage_json(coverage);

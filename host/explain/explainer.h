@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "host/export.h"
+#include "host/base/export.h"
 #include "host/yang/schemas.h"
 
 namespace oclacp::host {
@@ -19,7 +19,7 @@ enum class CoverageFormat {
 // A loaded module with its tables and the schemas on both sides. No device is asked. Used by one thread at a time.
 class OCLACP_HOST_API Explainer {
  public:
-  // `module_file`: the mapping module's shared library. Throws Refusal.
+  // `module_file`: the mapping module's shared library. Throws Error.
   Explainer(const SchemaDirectories& schemas, const std::string& module_file);
   ~Explainer();
   Explainer(const Explainer&) = delete;
@@ -28,7 +28,7 @@ class OCLACP_HOST_API Explainer {
   Explainer& operator=(Explainer&&) = delete;
 
   // What the mapping does with a node of openconfig-lacp or of a native model. `path` is absolute; prefixes and
-  // predicates may be there or not, and predicates make no difference. Throws Refusal when there is no such node.
+  // predicates may be there or not, and predicates make no difference. Throws Error when there is no such node.
   std::string explain(const std::string& path);
 
   // What of openconfig-lacp, as loaded, the mapping serves.

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/explain/schema_path.h"
+#include "host/yang/schema_nodes.h"
 
 namespace oclacp::host {
 namespace {
@@ -24,19 +24,19 @@ std::string functions_of(const LeafRow& row) {
   return row.leaf->converter == nullptr ? handler : handler + ", converter " + row.leaf->converter;
 }
 
-std::string conversion_of(const Flow& flow) {
+std::string conversion_of(const LeafMapping& mapping) {
   std::string text;
-  for (const std::string& words : describe(flow)) {
+  for (const std::string& words : describe(mapping)) {
     text += line(kDeepIndent, words);
   }
   return text;
 }
 
 // Where the values of a leaf go, and what becomes of them.
-std::string targets_of(const Outgoing& outgoing) {
+std::string targets_of(const LeafMappings& outgoing) {
   std::string text;
-  for (const Flow& flow : outgoing.flows) {
-    text += line(kIndent, schema_path(flow.to)) + conversion_of(flow);
+  for (const LeafMapping& mapping : outgoing.mappings) {
+    text += line(kIndent, schema_path(mapping.to)) + conversion_of(mapping);
   }
   return text;
 }
@@ -57,26 +57,26 @@ std::string listed(const std::vector<const lysc_node*>& nodes) {
 
 }  // namespace
 
-std::string Explanation::of(const lysc_node* node) {
-  return schema_path(node) + "\n" + (is_leaf(node) ? of_leaf(node) : of_inner_node(node));
+std::string Explanation::describe(const lysc_node* node) {
+  return schema_path(node) + "\n" + (is_leaf(node) ? describe_leaf(node) : describe_inner_node(node));
 }
 
-std::string Explanation::of_leaf(const lysc_node* leaf) {
-  std::string text = of_served(leaf);
+std::string Explanation::describe_leaf(const lysc_node* leaf) {
+  std::string text = describe_served(leaf);
   if (is_openconfig(leaf)) {
-    text += of_edits(leaf) + of_reads(leaf) + of_incoming(leaf, "It is read back from");
-    if (flows_.to(leaf).empty()) {
-      const lysc_node* key = flows_.key_referring_to(leaf);
+    text += describe_edits(leaf) + describe_reads(leaf) + describe_incoming(leaf, "It is read back from");
+    if (mappings_.to(leaf).empty()) {
+      const lysc_node* key = mappings_.key_referring_to(leaf);
       text += key == nullptr
                   ? "\nIt has no source: nothing native is read back as it.\n"
                   : "\nThe list key that refers to it carries its value,\n" + line(kIndent, schema_path(key));
     }
     return text;
   }
-  return text + of_reports(leaf) + of_incoming(leaf, "An edit sets it from") + of_askers(leaf);
+  return text + describe_reports(leaf) + describe_incoming(leaf, "An edit sets it from") + describe_askers(leaf);
 }
 
-std::string Explanation::of_served(const lysc_node* leaf) {
+std::string Explanation::describe_served(const lysc_node* leaf) {
   const LeafRow* row = tables_.find(leaf);
   if (row == nullptr) {
     return "\nNo handler serves it.\n";
@@ -92,8 +92,8 @@ std::string Explanation::of_served(const lysc_node* leaf) {
   return paragraph("It is served by", text);
 }
 
-std::string Explanation::of_edits(const lysc_node* leaf) {
-  const Outgoing& outgoing = flows_.from(leaf);
+std::string Explanation::describe_edits(const lysc_node* leaf) {
+  const LeafMappings& outgoing = mappings_.from(leaf);
   if (outgoing.refusal) {
     return "\nAn edit of it is refused: " + *outgoing.refusal + "\n";
   }
@@ -101,7 +101,7 @@ std::string Explanation::of_edits(const lysc_node* leaf) {
   return text.empty() ? "\nAn edit of it sets nothing.\n" : paragraph("An edit of it sets", text);
 }
 
-std::string Explanation::of_reads(const lysc_node* leaf) {
+std::string Explanation::describe_reads(const lysc_node* leaf) {
   const ProbeResult asked = probe_.read(leaf);
   if (asked.refusal) {
     return "\nA read of it is refused: " + *asked.refusal + "\n";
@@ -113,21 +113,21 @@ std::string Explanation::of_reads(const lysc_node* leaf) {
   return nodes.empty() ? "\nA read of it asks for nothing.\n" : paragraph("A read of it asks for", listed(nodes));
 }
 
-std::string Explanation::of_reports(const lysc_node* leaf) {
-  const std::string text = targets_of(flows_.from(leaf));
+std::string Explanation::describe_reports(const lysc_node* leaf) {
+  const std::string text = targets_of(mappings_.from(leaf));
   return text.empty() ? "\nNothing in openconfig-lacp is made of it.\n" : paragraph("It is read as", text);
 }
 
-std::string Explanation::of_incoming(const lysc_node* leaf, const std::string& heading) {
+std::string Explanation::describe_incoming(const lysc_node* leaf, const std::string& heading) {
   std::string text;
-  for (const Flow& flow : flows_.to(leaf)) {
-    text += line(kIndent, schema_path(flow.from)) + line(kDeepIndent, functions_of(*tables_.find(flow.from))) +
-            conversion_of(flow);
+  for (const LeafMapping& mapping : mappings_.to(leaf)) {
+    text += line(kIndent, schema_path(mapping.from)) + line(kDeepIndent, functions_of(*tables_.find(mapping.from))) +
+            conversion_of(mapping);
   }
   return paragraph(heading, text);
 }
 
-std::string Explanation::of_askers(const lysc_node* leaf) {
+std::string Explanation::describe_askers(const lysc_node* leaf) {
   std::vector<const lysc_node*> askers;
   for (const LeafRow& row : tables_.openconfig()) {
     for (const ProbeResult::Leaf& asked : probe_.read(row.schema).leaves) {
@@ -155,7 +155,7 @@ std::vector<const lysc_node*> Explanation::entries_named_by(const lysc_node* lis
   return named;
 }
 
-std::string Explanation::of_entries(const lysc_node* list) {
+std::string Explanation::describe_entries(const lysc_node* list) {
   if (!is_openconfig(list)) {
     return paragraph("An entry of it is read as an entry of", listed(entries_named_by(list)));
   }
@@ -174,8 +174,8 @@ std::string Explanation::of_entries(const lysc_node* list) {
          paragraph("An entry of it is read back from an entry of", listed(sources));
 }
 
-std::string Explanation::of_inner_node(const lysc_node* node) {
-  std::string text = node->nodetype == LYS_LIST ? of_entries(node) : "";
+std::string Explanation::describe_inner_node(const lysc_node* node) {
+  std::string text = node->nodetype == LYS_LIST ? describe_entries(node) : "";
   const size_t own = bare_path(node).size() + 1;
   text += "\n";
   for (const lysc_node* leaf : leaves_of(node)) {
@@ -189,11 +189,11 @@ std::string Explanation::of_inner_node(const lysc_node* node) {
 std::string Explanation::ways_of(const lysc_node* leaf) {
   std::vector<const lysc_node*> to;
   std::vector<const lysc_node*> from;
-  for (const Flow& flow : flows_.from(leaf).flows) {
-    append_distinct(to, flow.to);
+  for (const LeafMapping& mapping : mappings_.from(leaf).mappings) {
+    append_distinct(to, mapping.to);
   }
-  for (const Flow& flow : flows_.to(leaf)) {
-    append_distinct(from, flow.from);
+  for (const LeafMapping& mapping : mappings_.to(leaf)) {
+    append_distinct(from, mapping.from);
   }
   std::string text;
   const auto append = [&](const char* way, const lysc_node* other) {
@@ -205,7 +205,7 @@ std::string Explanation::ways_of(const lysc_node* leaf) {
   for (const lysc_node* other : from) {
     append("<-", other);
   }
-  const lysc_node* key = text.empty() && is_openconfig(leaf) ? flows_.key_referring_to(leaf) : nullptr;
+  const lysc_node* key = text.empty() && is_openconfig(leaf) ? mappings_.key_referring_to(leaf) : nullptr;
   if (key != nullptr) {
     return line(kIndent, "with the key " + bare_path(key));
   }

@@ -6,12 +6,12 @@
 namespace oclacp::host {
 namespace {
 
-const lysc_node* find_node(NativePaths& paths, const char* path, const char* ns) {
+const lysc_node* find_node(SchemaIndex& paths, const char* path, const char* ns) {
   const Target* found = paths.find(path, ns);
   return found == nullptr ? nullptr : found->schema;
 }
 
-void append(std::vector<LeafRow>& rows, const oclacp_leaf_table& table, NativePaths& own, NativePaths& other) {
+void append(std::vector<LeafRow>& rows, const oclacp_leaf_table& table, SchemaIndex& own, SchemaIndex& other) {
   for (const oclacp_leaf& leaf : std::span(table.leaves, table.count)) {
     LeafRow row{&leaf, find_node(own, leaf.node, leaf.ns), {}};
     if (row.schema == nullptr) {
@@ -28,8 +28,8 @@ void append(std::vector<LeafRow>& rows, const oclacp_leaf_table& table, NativePa
 
 }  // namespace
 
-LeafTables::LeafTables(const Module& module, NativePaths& openconfig, NativePaths& native) {
-  const Module::LeafTables tables = module.leaf_tables();
+LeafTables::LeafTables(const MappingModule& module, SchemaIndex& openconfig, SchemaIndex& native) {
+  const MappingModule::LeafTables tables = module.leaf_tables();
   append(openconfig_, tables.openconfig, openconfig, native);
   append(native_, tables.native_configuration, native, openconfig);
   append(native_, tables.native_operational, native, openconfig);

@@ -5,8 +5,8 @@
 
 #include <vector>
 
-#include "host/framework/native_paths.h"
-#include "host/module.h"
+#include "host/translation/mapping_module.h"
+#include "host/trees/schema_index.h"
 
 namespace oclacp::host {
 
@@ -20,8 +20,8 @@ struct LeafRow {
 // Rows and targets whose nodes the loaded schemas do not have are left out.
 class LeafTables {
  public:
-  // `module` outlives this, and so do the schemas of the paths. Throws Refusal when the module has no tables.
-  LeafTables(const Module& module, NativePaths& openconfig, NativePaths& native);
+  // `module` outlives this, and so do the schemas of the paths. Throws Error when the module has no tables.
+  LeafTables(const MappingModule& module, SchemaIndex& openconfig, SchemaIndex& native);
 
   [[nodiscard]] const std::vector<LeafRow>& openconfig() const { return openconfig_; }
   [[nodiscard]] const std::vector<LeafRow>& native() const { return native_; }

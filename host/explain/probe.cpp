@@ -3,16 +3,16 @@
 #include <algorithm>
 #include <cstring>
 
-#include "host/datastore/installed_device.h"
-#include "host/explain/samples.h"
-#include "host/explain/schema_path.h"
-#include "host/framework/answer_tree.h"
-#include "host/framework/edit_script.h"
-#include "host/framework/native_tree.h"
-#include "host/framework/path_text.h"
-#include "host/refusal.h"
-#include "host/walk.h"
-#include "host/yang/request_path.h"
+#include "host/base/error.h"
+#include "host/explain/sample_values.h"
+#include "host/services/current_device.h"
+#include "host/translation/run_walker.h"
+#include "host/trees/answer_tree.h"
+#include "host/trees/native_tree.h"
+#include "host/trees/output_log.h"
+#include "host/trees/path_request.h"
+#include "host/yang/path_text.h"
+#include "host/yang/schema_nodes.h"
 
 namespace oclacp::host {
 namespace {
@@ -25,7 +25,7 @@ std::string sample_key(const lysc_node* key) {
   if (std::strcmp(key->name, "active") == 0) {
     return "act";
   }
-  const Samples samples = samples_of(key);
+  const SampleValues samples = sample_values(key);
   return samples.values.empty() ? "" : samples.values.front();
 }
 
@@ -61,14 +61,14 @@ ProbeResult refused(const std::string& refusal) {
   return {{}, {}, reason_of(refusal)};
 }
 
-void add_step(ProbeResult& result, const EditScript::Step& step) {
-  if (step.target->is_list()) {
-    result.lists.push_back(step.target->schema);
+void add_addition(ProbeResult& result, const OutputLog::Addition& addition) {
+  if (addition.target->is_list()) {
+    result.lists.push_back(addition.target->schema);
     return;
   }
-  if (step.target->is_leaf()) {
+  if (addition.target->is_leaf()) {
     result.leaves.push_back(
-        {step.target->schema, step.has_value ? std::optional<std::string>(step.value) : std::nullopt});
+        {addition.target->schema, addition.has_value ? std::optional<std::string>(addition.value) : std::nullopt});
   }
 }
 
@@ -78,16 +78,16 @@ bool is_about(const lysc_node* leaf, const yfw_datatree* source) {
   return schema == leaf || (lysc_is_key(leaf) && schema == leaf->parent);
 }
 
-bool has_step(const EditScript& script, const lysc_node* schema) {
-  return std::any_of(script.steps().begin(), script.steps().end(),
-                     [&](const EditScript::Step& step) { return step.target->schema == schema; });
+bool has_addition(const OutputLog& log, const lysc_node* schema) {
+  return std::any_of(log.additions().begin(), log.additions().end(),
+                     [&](const OutputLog::Addition& addition) { return addition.target->schema == schema; });
 }
 
 // The answer has a leaf more than the module added: the one that a key refers to.
-void add_leaves(ProbeResult& result, const EditScript& script, const lyd_node* top) {
+void add_leaves(ProbeResult& result, const OutputLog& log, const lyd_node* top) {
   const lyd_node* node = nullptr;
   LYD_TREE_DFS_BEGIN(top, node) {
-    if (is_leaf(node->schema) && has_step(script, node->schema)) {
+    if (is_leaf(node->schema) && has_addition(log, node->schema)) {
       result.leaves.push_back({node->schema, lyd_get_value(node)});
     }
     LYD_TREE_DFS_END(top, node);
@@ -97,7 +97,7 @@ void add_leaves(ProbeResult& result, const EditScript& script, const lyd_node* t
 TreePtr make_tree(const ly_ctx* context, const std::string& path, const char* value) {
   lyd_node* top = nullptr;
   if (lyd_new_path(nullptr, context, path.c_str(), value, 0, &top) != LY_SUCCESS) {
-    throw Refusal(last_complaint(context, path));
+    throw Error(last_complaint(context, path));
   }
   return TreePtr(top);
 }
@@ -119,7 +119,7 @@ std::optional<std::string> ProbeResult::value_of(const lysc_node* leaf) const {
   return found == leaves.rend() ? std::nullopt : found->value;
 }
 
-Probe::Probe(const Module& module, const Schemas& schemas, NativePaths& openconfig, NativePaths& native)
+Probe::Probe(const MappingModule& module, const Schemas& schemas, SchemaIndex& openconfig, SchemaIndex& native)
     : module_(module),
       schemas_(schemas),
       openconfig_(openconfig),
@@ -140,18 +140,18 @@ ProbeResult Probe::read(const lysc_node* node) {
 }
 
 ProbeResult Probe::run_request(const std::string& path, uint32_t operation, const lysc_node* about) {
-  const InstalledDevice installed(device_);
-  EditScript script(native_, operation == YFW_REQUEST_EDIT);
+  const CurrentDevice installed(device_);
+  OutputLog log(native_, operation == YFW_REQUEST_EDIT);
   RequestTree request = parse_path(schemas_.request(), path);
   try {
-    walk_request(module_.request_walker(), request, operation, script, {});
-  } catch (const Refusal& refusal) {
-    return refused(refusal.what());
+    walk_request(module_.request_walker(), request, operation, log, {});
+  } catch (const Error& error) {
+    return refused(error.what());
   }
   ProbeResult result;
-  for (const EditScript::Step& step : script.steps()) {
-    if (about == nullptr || is_about(about, step.source)) {
-      add_step(result, step);
+  for (const OutputLog::Addition& addition : log.additions()) {
+    if (about == nullptr || is_about(about, addition.source)) {
+      add_addition(result, addition);
     }
   }
   return result;
@@ -172,25 +172,25 @@ ProbeResult Probe::run_native(const lyd_node* data, const Device& device) {
   if (walker == nullptr) {
     return {};
   }
-  const InstalledDevice installed(device);
-  EditScript script(openconfig_, false);
+  const CurrentDevice installed(device);
+  OutputLog log(openconfig_, false);
   NativeTree tree(data, nullptr);
-  if (const auto failure = walk_native(walker, tree.top(), YFW_REQUEST_READ_STATE, script, {}); failure) {
+  if (const auto failure = walk_native(walker, tree.top(), YFW_REQUEST_READ_STATE, log, {}); failure) {
     return refused(*failure);
   }
   ProbeResult result;
   AnswerTree answer(openconfig_.context());
   try {
-    answer.add(script);
-  } catch (const Refusal& refusal) {
-    return refused(refusal.what());
+    answer.add(log);
+  } catch (const Error& error) {
+    return refused(error.what());
   }
-  for (const EditScript::Entry& entry : script.entries()) {
+  for (const OutputLog::Entry& entry : log.entries()) {
     result.lists.push_back(entry.list);
   }
   const TreePtr made = answer.take();
   if (made != nullptr) {
-    add_leaves(result, script, made.get());
+    add_leaves(result, log, made.get());
   }
   return result;
 }

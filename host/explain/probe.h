@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "host/datastore/device.h"
-#include "host/framework/native_paths.h"
-#include "host/module.h"
+#include "host/devices/device.h"
+#include "host/translation/mapping_module.h"
+#include "host/trees/schema_index.h"
 #include "host/yang/schemas.h"
 
 namespace oclacp::host {
@@ -31,7 +31,7 @@ struct ProbeResult {
 class Probe {
  public:
   // All outlive this. `openconfig` and `native` are the paths of the two sides of `schemas`.
-  Probe(const Module& module, const Schemas& schemas, NativePaths& openconfig, NativePaths& native);
+  Probe(const MappingModule& module, const Schemas& schemas, SchemaIndex& openconfig, SchemaIndex& native);
 
   // What an edit that sets a leaf of openconfig-lacp to `value` writes for this leaf.
   ProbeResult edit(const lysc_node* leaf, const std::string& value);
@@ -51,10 +51,10 @@ class Probe {
   ProbeResult run_request(const std::string& path, uint32_t operation, const lysc_node* about);
   ProbeResult run_native(const lyd_node* data, const Device& device);
 
-  const Module& module_;
+  const MappingModule& module_;
   const Schemas& schemas_;
-  NativePaths& openconfig_;
-  NativePaths& native_;
+  SchemaIndex& openconfig_;
+  SchemaIndex& native_;
   TreePtr configuration_;  // LACP on the sample interface
   EmptyDevice device_;
 };

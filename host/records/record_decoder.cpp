@@ -196,8 +196,8 @@ InterfaceNames interface_names(const Device& device) {
 DecodedField decode_record(const Bag& bag, std::string_view bytes, const InterfaceNames& interfaces) {
   const RecordType& top = bag.schema.top();
   if (bytes.size() != top.size) {
-    throw Refusal(bag.name + ": a record has " + std::to_string(top.size) + " bytes, not " +
-                  (bytes.size() < top.size ? std::to_string(bytes.size()) : "more"));
+    throw Error(bag.name + ": a record has " + std::to_string(top.size) + " bytes, not " +
+                (bytes.size() < top.size ? std::to_string(bytes.size()) : "more"));
   }
   return Decoder(bag.schema, bytes, interfaces).record(top, 0);
 }

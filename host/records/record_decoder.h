@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/datastore/device.h"
-#include "host/export.h"
+#include "host/base/export.h"
+#include "host/devices/device.h"
 #include "host/records/record_registry.h"
 
 namespace oclacp::host {
@@ -43,7 +43,7 @@ OCLACP_HOST_API InterfaceNames interface_names(const Device& device);
 
 // Decodes one record of a bag. The bytes are as in the memory of the machine that runs this: numbers in its byte order,
 // addresses (MAC, IPv4, IPv6) in network order. Of a union, the arm that its discriminator chooses is decoded; none
-// when there is no such arm. Throws Refusal when `bytes` are not exactly one record.
+// when there is no such arm. Throws Error when `bytes` are not exactly one record.
 OCLACP_HOST_API DecodedField decode_record(const Bag& bag, std::string_view bytes, const InterfaceNames& interfaces);
 
 }  // namespace oclacp::host

@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/text_table.h"
+#include "host/present/text_table.h"
 
 namespace oclacp::host {
 namespace {

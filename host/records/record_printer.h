@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/export.h"
+#include "host/base/export.h"
 #include "host/records/record_decoder.h"
 #include "host/records/record_registry.h"
 

@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/contract.h"
-#include "host/export.h"
+#include "host/base/contract.h"
+#include "host/base/export.h"
 #include "host/records/record_schema.h"
 
 namespace oclacp::host {
@@ -60,7 +60,7 @@ class OCLACP_HOST_API RecordRegistry {
 };
 
 // Loads a mapping module, has it register its records with the registry of the process, and unloads it. Answers that
-// registry. Throws Refusal when the module cannot be loaded, has no records, or one of them is refused.
+// registry. Throws Error when the module cannot be loaded, has no records, or one of them is refused.
 OCLACP_HOST_API const RecordRegistry& register_records_of(const std::string& module_file);
 
 }  // namespace oclacp::host

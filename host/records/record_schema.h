@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/export.h"
-#include "host/refusal.h"
+#include "host/base/error.h"
+#include "host/base/export.h"
 
 namespace oclacp::host {
 
@@ -64,7 +64,7 @@ class OCLACP_HOST_API RecordSchema {
  public:
   enum class Form { kFull, kCompact };
 
-  // Throws Refusal when the text breaks the language, uses a type that it does not define, defines one that is not
+  // Throws Error when the text breaks the language, uses a type that it does not define, defines one that is not
   // used, or embeds records without end.
   RecordSchema(std::string_view text, Form form);
 

@@ -6,8 +6,8 @@
 #include <cstring>
 #include <memory>
 
-#include "host/interfaces/names.h"
-#include "host/refusal.h"
+#include "host/base/error.h"
+#include "host/base/interface_names.h"
 
 namespace oclacp::host {
 namespace {
@@ -16,7 +16,7 @@ constexpr std::string_view kPlatformModule = "oclacp-platform";
 
 [[noreturn]] void refuse(const lyd_node* node, const std::string& where, const std::string& reason) {
   const std::unique_ptr<char, decltype(&std::free)> path(lyd_path(node, LYD_PATH_STD, nullptr, 0), &std::free);
-  throw Refusal(where + path.get() + ": " + reason);
+  throw Error(where + path.get() + ": " + reason);
 }
 
 bool names_interface(const lyd_node* node) {

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/yang/libyang.h"
+#include "host/yang/libyang_ptr.h"
 
 namespace oclacp::host {
 
@@ -16,7 +16,7 @@ enum class DataKind {
 
 // Refuses attributes, as what an edit deletes would be taken for data; nodes of models of the other kind; and interface
 // names that the interface manager's buffers do not hold, since a model counts characters and a buffer bytes. `top` is
-// the first of the top nodes, or null. `where` stands in front of the node's path. Throws Refusal.
+// the first of the top nodes, or null. `where` stands in front of the node's path. Throws Error.
 void check_data(const lyd_node* top, DataKind kind, const std::string& where);
 
 }  // namespace oclacp::host

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/yang/libyang.h"
+#include "host/yang/libyang_ptr.h"
 
 namespace oclacp::host {
 
@@ -12,7 +12,7 @@ struct ParsedNative {
   TreePtr data;  // the first of the top nodes, among them empty containers that stand for nothing; may be null
 };
 
-// Reads valid data of the native models in JSON (RFC 7951) or XML; configuration alone, or state too. Throws Refusal.
+// Reads valid data of the native models in JSON (RFC 7951) or XML; configuration alone, or state too. Throws Error.
 ParsedNative parse_native(const ly_ctx* context, const std::string& text, bool takes_state);
 
 }  // namespace oclacp::host

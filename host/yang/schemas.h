@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "host/yang/libyang.h"
+#include "host/yang/libyang_ptr.h"
 
 namespace oclacp::host {
 
@@ -17,7 +17,7 @@ struct SchemaDirectories {
 // know the NETCONF `operation` attribute. Not copied; used by one thread at a time.
 class Schemas {
  public:
-  // Throws Refusal when a schema cannot be loaded.
+  // Throws Error when a schema cannot be loaded.
   explicit Schemas(const SchemaDirectories& directories);
 
   // What a request is read against: openconfig-lacp.

@@ -12,9 +12,9 @@
 #include <string>
 #include <utility>
 
-#include "host/refusal.h"
-#include "host/yang/libyang.h"
-#include "host/yang/request_parser.h"
+#include "host/base/error.h"
+#include "host/trees/request_parser.h"
+#include "host/yang/libyang_ptr.h"
 #include "host/yang/schemas.h"
 
 namespace oclacp::host {
@@ -73,8 +73,8 @@ template <typename Action>
 std::string refusal_of(Action&& action) {
   try {
     std::forward<Action>(action)();
-  } catch (const Refusal& refusal) {
-    return refusal.what();
+  } catch (const Error& error) {
+    return error.what();
   }
   return "accepted";
 }

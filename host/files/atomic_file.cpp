@@ -1,0 +1,112 @@
+#include "host/files/atomic_file.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+
+#include "host/base/error.h"
+#include "host/files/file_descriptor.h"
+
+namespace oclacp::host {
+namespace {
+
+// Takes what a crash left at the place of the new content. It is not written to: it may be the file itself under a
+// second name. Throws when something else stands there than such a file.
+std::string cleared_place(const std::string& file) {
+  std::string name = file + ".new";
+  struct stat left {};
+  if (lstat(name.c_str(), &left) == 0) {
+    if (!S_ISREG(left.st_mode)) {
+      throw Error(name + ": is no regular file, and in the way of the new content of " + file +
+                  ", which stays as it is");
+    }
+    // A failure shows when the name is taken.
+    static_cast<void>(unlink(name.c_str()));
+  }
+  return name;
+}
+
+// The new content beside the file; goes when it does not become the file.
+class Aside {
+ public:
+  explicit Aside(const std::string& file)
+      : file_(file),
+        name_(cleared_place(file)),
+        descriptor_(open(name_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR)) {
+    check(descriptor_.is_open());
+  }
+  ~Aside() {
+    if (descriptor_.is_open() && !is_in_place_) {
+      static_cast<void>(unlink(name_.c_str()));
+    }
+  }
+  Aside(const Aside&) = delete;
+  Aside& operator=(const Aside&) = delete;
+  Aside(Aside&&) = delete;
+  Aside& operator=(Aside&&) = delete;
+
+  void take_mode_and_owner() {
+    struct stat old {};
+    check(stat(file_.c_str(), &old) == 0);
+    // Only root gives files away; a file of another user's becomes the writer's own. To keep the group it is enough to
+    // be of it, so that the one is not lost with the other.
+    constexpr auto kAsItIs = static_cast<uid_t>(-1);
+    check(fchown(descriptor_.number(), kAsItIs, old.st_gid) == 0 || errno == EPERM);
+    check(fchown(descriptor_.number(), old.st_uid, kAsItIs) == 0 || errno == EPERM);
+    check(fchmod(descriptor_.number(), old.st_mode & ALLPERMS) == 0);
+  }
+
+  void write(std::string_view content) {
+    while (!content.empty()) {
+      const ssize_t count = ::write(descriptor_.number(), content.data(), content.size());
+      check(count >= 0 || errno == EINTR);
+      content.remove_prefix(count < 0 ? 0 : static_cast<size_t>(count));
+    }
+    check(fsync(descriptor_.number()) == 0);
+  }
+
+  void put_in_place() {
+    check(std::rename(name_.c_str(), file_.c_str()) == 0);
+    is_in_place_ = true;
+  }
+
+ private:
+  void check(bool went_well) const {
+    if (!went_well) {
+      throw Error(file_ + ": cannot be replaced and stays as it is: " + std::strerror(errno));
+    }
+  }
+
+  const std::string& file_;
+  std::string name_;
+  FileDescriptor descriptor_;
+  bool is_in_place_ = false;
+};
+
+// A name is on the disk when its folder is.
+void make_names_durable(const std::string& file) {
+  const std::filesystem::path folder = std::filesystem::path(file).parent_path();
+  const FileDescriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (!descriptor.is_open() || fsync(descriptor.number()) != 0) {
+    throw Error(file + ": is replaced, but may be the old one again if the power fails: " + std::strerror(errno));
+  }
+}
+
+}  // namespace
+
+void replace_file(const std::string& file, std::string_view content) {
+  {
+    Aside aside(file);
+    aside.take_mode_and_owner();
+    aside.write(content);
+    aside.put_in_place();
+  }
+  make_names_durable(file);
+}
+
+}  // namespace oclacp::host

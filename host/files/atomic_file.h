@@ -1,0 +1,17 @@
+// Files that outlive a crash.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace oclacp::host {
+
+// Gives an existing file a new content, such that whoever reads it finds the old or the new one whole, after a crash of
+// the program or the machine too: the content is written aside, beside the file, and brought to the disk before it
+// takes the file's name. The mode stays; the group stays when the caller is of it, the owner when the caller is the
+// owner or root. One caller at a time; a file that was left aside by a crash goes.
+//
+// Throws Error, naming the file. The file is then as it was, unless the sentence says otherwise.
+void replace_file(const std::string& file, std::string_view content);
+
+}  // namespace oclacp::host

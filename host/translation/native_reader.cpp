@@ -1,0 +1,121 @@
+#include "host/translation/native_reader.h"
+
+#include "host/base/error.h"
+
+namespace oclacp::host {
+namespace {
+
+// How many list entries are walked at a time.
+constexpr size_t kEntriesInPart = 256;
+
+// The first list on the way down, where the request names entries of one.
+const yfw_datatree* find_parent_of_list(const yfw_datatree* node) {
+  for (unsigned index = 0; index < node->child_count; ++index) {
+    const yfw_datatree* child = &node->children[index];
+    const uint16_t kind = info_of(child).schema->nodetype;
+    if (kind == LYS_LIST) {
+      return node;
+    }
+    if (const yfw_datatree* found = kind == LYS_CONTAINER ? find_parent_of_list(child) : nullptr; found != nullptr) {
+      return found;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+EntryFilter make_entry_filter(const yfw_datatree* request) {
+  EntryFilter wanted;
+  const yfw_datatree* above = find_parent_of_list(request);
+  for (unsigned index = 0; above != nullptr && index < above->child_count; ++index) {
+    const yfw_datatree& entry = above->children[index];
+    const yfw_datatree* key = entry.child_count == 0 ? nullptr : &entry.children[0];
+    if (key == nullptr || !lysc_is_key(info_of(key).schema) || key->value == nullptr) {
+      return {};
+    }
+    wanted.list = info_of(&entry).schema;
+    wanted.keys.insert(key->value);
+  }
+  return wanted;
+}
+
+// Whether a native list entry comes to entries of the wanted list, or to leaves of one that it does not name, and to
+// none that is wanted. The module tells by a walk of its keys alone.
+bool NativeReader::is_unwanted(const NativeParts& parts, size_t branch, yfw_map_walker walker) const {
+  if (parts.branches()[branch].data->schema->nodetype != LYS_LIST) {
+    return false;
+  }
+  NativeTree tree = parts.keys_of(branch);
+  OutputLog output(paths_, false);
+  if (walk_native(walker, tree.top(), operation_, output, {})) {
+    return false;
+  }
+  bool comes_to_others = false;
+  for (const OutputLog::Entry& entry : output.entries()) {
+    if (entry.list == wanted_.list) {
+      if (entry.has_keys() && wanted_.keys.count(entry.keys.front()) != 0) {
+        return false;
+      }
+      comes_to_others = true;
+    }
+  }
+  return comes_to_others;
+}
+
+// Nothing when it went well.
+std::optional<std::string> NativeReader::walk(yfw_map_walker walker, const yfw_datatree* top) {
+  OutputLog output(paths_, false);
+  if (std::optional<std::string> failure = walk_native(walker, top, operation_, output, sinks_)) {
+    return failure;
+  }
+  try {
+    answer_.add(output);
+  } catch (const Error& error) {
+    return error.what();
+  }
+  return std::nullopt;
+}
+
+// Answers why parts could not be translated.
+std::vector<std::string> NativeReader::read_parts(const lyd_node* data, const NativeSelection::Node* selected,
+                                                  size_t branches_in_part, bool stops_at_failure) {
+  const yfw_map_walker walker = module_.native_walker(data->schema->module->ns, data->schema->name);
+  if (walker == nullptr) {
+    return {};
+  }
+  NativeParts parts(data, selected);
+  if (wanted_.list != nullptr && parts.branches().size() > 1) {
+    parts.drop_if([&](size_t branch) { return is_unwanted(parts, branch, walker); });
+  }
+  std::vector<std::string> failures;
+  for (size_t first = 0; first == 0 || first < parts.branches().size(); first += branches_in_part) {
+    NativeTree tree = parts.part(first, branches_in_part);
+    if (std::optional<std::string> failure = walk(walker, tree.top())) {
+      failures.push_back(std::move(*failure));
+      if (stops_at_failure) {
+        break;
+      }
+    }
+  }
+  return failures;
+}
+
+void NativeReader::read(const lyd_node* data, const NativeSelection::Node* selected) {
+  const std::vector<std::string> failures = read_parts(data, selected, kEntriesInPart, true);
+  if (!failures.empty()) {
+    throw Error(failures.front());
+  }
+}
+
+std::vector<std::string> NativeReader::read_by_entry(const lyd_node* data, const NativeSelection::Node* selected) {
+  return read_parts(data, selected, 1, false);
+}
+
+void NativeReader::finish(Answer& answer) {
+  answer.dropped_leaves = answer_.dropped_leaves();
+  answer.valueless = answer_.valueless();
+  answer.data = answer_.take();
+}
+
+}  // namespace oclacp::host

@@ -1,0 +1,30 @@
+// Running a module's walkers.
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/base/contract.h"
+#include "host/trees/output_log.h"
+#include "host/trees/request_tree.h"
+
+namespace oclacp::host {
+
+// Where the module's records go; null for nowhere.
+struct RecordSinks {
+  std::ostream* debug_log = nullptr;
+  std::vector<std::string>* trace = nullptr;  // records are appended, also those of a walk that fails
+};
+
+// Walks a request under an operation code (YFW_REQUEST_*) into `output`. Throws Error when the request fails.
+void walk_request(yfw_map_walker walker, RequestTree& tree, uint32_t operation, OutputLog& output,
+                  const RecordSinks& sinks);
+
+// Walks native data, whose top node is `top`, under the operation code of a read into `output`. Answers why the walk
+// failed, in the form of a Error; nothing when it did not.
+std::optional<std::string> walk_native(yfw_map_walker walker, const yfw_datatree* top, uint32_t operation,
+                                       OutputLog& output, const RecordSinks& sinks);
+
+}  // namespace oclacp::host

@@ -1,0 +1,179 @@
+#include "host/translation/translator.h"
+
+#include <cstring>
+#include <optional>
+#include <utility>
+
+#include "host/base/error.h"
+#include "host/devices/apply_edit.h"
+#include "host/services/current_device.h"
+#include "host/translation/creation_check.h"
+#include "host/translation/loaded_mapping.h"
+#include "host/translation/run_walker.h"
+#include "host/trees/edit_printer.h"
+#include "host/trees/edit_tree.h"
+#include "host/trees/path_request.h"
+#include "host/trees/read_paths.h"
+#include "host/trees/request_parser.h"
+#include "host/trees/unvisited_nodes.h"
+
+namespace oclacp::host {
+namespace {
+
+// Whether a node names something below it, beyond the keys that say which entry it is.
+bool has_non_key_children(const yfw_datatree& node) {
+  for (unsigned index = 0; index < node.child_count; ++index) {
+    if (!lysc_is_key(info_of(&node.children[index]).schema)) {
+      return true;
+    }
+  }
+  return false;
+}
+
+void apply_default(DefaultOperation operation, RequestTree& tree) {
+  if (operation == DefaultOperation::kReplace && tree.top()->operation == YFW_OPERATION_NONE) {
+    tree.top()->operation = YFW_OPERATION_REPLACE;
+  }
+  if (operation != DefaultOperation::kDelete) {
+    return;
+  }
+  // Parents come before their children, so that one look upwards tells what is inside of something with an operation.
+  std::vector<bool> has_operation(tree.nodes().size());
+  for (size_t index = 0; index < tree.nodes().size(); ++index) {
+    yfw_datatree& node = tree.nodes()[index];
+    const yfw_datatree* parent = info_of(&node).parent;
+    const bool is_inside = parent != nullptr && has_operation[static_cast<size_t>(parent - tree.top())];
+    has_operation[index] = is_inside || node.operation != YFW_OPERATION_NONE;
+    if (has_operation[index] || has_non_key_children(node)) {
+      continue;
+    }
+    if (!is_key_or_key_target(&node)) {
+      node.operation = YFW_OPERATION_DELETE;
+    } else if (!lysc_is_key(info_of(&node).schema) && parent->child_count == 1) {
+      refuse_delete_of_name(&node);
+    }
+  }
+}
+
+// The module looks for the interface of a deleted entry among the elements of the data store, by a part of the entry's
+// name. It finds a name with slashes only when the name is in the form of an element, too.
+void use_entry_form_keys(RequestTree& tree, CurrentDevice& device) {
+  for (yfw_datatree& node : tree.nodes()) {
+    if (node.value != nullptr && lysc_is_key(info_of(&node).schema) && std::strchr(node.value, '/') != nullptr &&
+        yfw_map_is_request_delete(info_of(&node).parent) != 0 && device.configuration().has_lacp(node.value)) {
+      node.value = device.configuration().element_of(node.value);
+    }
+  }
+}
+
+void check_strictly(RequestTree& tree) {
+  const yfw_datatree* ignored = find_unvisited_node(tree);
+  if (ignored != nullptr) {
+    throw Error(node_path(ignored) + ": would be ignored");
+  }
+  for (const yfw_datatree& node : tree.nodes()) {
+    if (node.value == nullptr || is_key_or_key_target(&node) || yfw_map_is_request_delete(&node) != 0) {
+      continue;
+    }
+    const yfw_datatree* entry = info_of(info_of(&node).parent).parent;
+    if (entry != nullptr && key_value(entry) != nullptr && std::strchr(key_value(entry), '.') != nullptr) {
+      throw Error(node_path(entry) + ": is a sub-interface, whose LACP would not be read back");
+    }
+  }
+}
+
+void walk(const MappingModule& module, RequestTree& tree, OutputLog& log, const TranslateOptions& options) {
+  module.require_offer();
+  walk_request(module.request_walker(), tree, operation_code(options.kind), log, {options.debug_log, options.trace});
+  if (options.is_strict && options.kind == RequestKind::kEdit) {
+    check_strictly(tree);
+  }
+}
+
+}  // namespace
+
+Translator::Translator(const SchemaDirectories& schemas, const std::string& module_file)
+    : parts_(std::make_unique<Parts>(schemas, module_file)) {}
+
+Translator::~Translator() = default;
+
+const ly_ctx* Translator::native_context() const {
+  return parts_->schemas.native();
+}
+
+const ly_ctx* Translator::openconfig_context() const {
+  return parts_->schemas.request();
+}
+
+namespace {
+
+// An edit from its text to what it comes to natively; the later are made of the earlier.
+struct TranslatedEdit {
+  TranslatedEdit(ParsedRequest parsed, const MappingModule& module, SchemaIndex& paths, const Device& device,
+                 const TranslateOptions& options)
+      : request(std::move(parsed)), installed(device), log(paths, true) {
+    apply_default(options.operation, request.tree);
+    use_entry_form_keys(request.tree, installed);
+    walk(module, request.tree, log, options);
+    native.emplace(log);
+  }
+
+  ParsedRequest request;
+  CurrentDevice installed;  // some of the request's names are its
+  OutputLog log;
+  std::optional<EditTree> native;
+};
+
+}  // namespace
+
+Translation Translator::translate(const std::string& request, const Device& device, const TranslateOptions& options) {
+  Translation translation;
+  if (options.kind == RequestKind::kEdit) {
+    const TranslatedEdit edit(parse_request(parts_->schemas.request(), request), parts_->module, parts_->native_paths,
+                              device, options);
+    translation.dropped_entries = edit.native->dropped_entries();
+    translation.text = print_edit(native_context(), *edit.native, libyang_format(options.format, edit.request.format));
+    return translation;
+  }
+  ParsedRequest parsed = parse_request(parts_->schemas.request(), request);
+  if (parsed.tree.operations() != 0) {
+    throw Error(node_path(parsed.tree.top()) + ": a read carries no edit operations");
+  }
+  const CurrentDevice installed(device);
+  OutputLog log(parts_->native_paths, false);
+  walk(parts_->module, parsed.tree, log, options);
+  for (const std::string& path : list_read_paths(log)) {
+    translation.text.append(path).append("\n");
+  }
+  return translation;
+}
+
+EditPlan Translator::plan_edit(const std::string& request, const Device& device, const TranslateOptions& options) {
+  return plan(parse_request(parts_->schemas.request(), request), device, options);
+}
+
+EditPlan Translator::plan_delete(const std::string& path, const Device& device, const TranslateOptions& options) {
+  return plan(parse_delete_path(parts_->schemas.request(), path), device, options);
+}
+
+EditPlan Translator::plan(ParsedRequest request, const Device& device, const TranslateOptions& options) {
+  TranslatedEdit edit(std::move(request), parts_->module, parts_->native_paths, device, options);
+  check_creations(edit.request.tree, edit.installed);
+  EditPlan plan;
+  plan.running = apply_edit(native_context(), *edit.native, device);
+  plan.first_change = find_first_change(native_context(), device.running(), plan.running.get());
+  plan.dropped_entries = edit.native->dropped_entries();
+  if (options.is_dry_run) {
+    const LYD_FORMAT format = libyang_format(options.format, edit.request.format);
+    plan.native_edit = print_edit(native_context(), *edit.native, format);
+    const TreePtr difference = find_difference(native_context(), device.running(), plan.running.get());
+    plan.difference = print_tree(native_context(), difference.get(), format);
+  }
+  return plan;
+}
+
+const char* version() {
+  return OCLACP_VERSION;
+}
+
+}  // namespace oclacp::host

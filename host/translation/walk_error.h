@@ -1,0 +1,18 @@
+// What to tell about a walk that failed.
+#pragma once
+
+#include <string>
+
+#include "host/services/mapping_context.h"
+#include "host/trees/request_tree.h"
+
+namespace oclacp::host {
+
+// One sentence that names the node and the reason: "/openconfig-lacp:lacp/...: not supported by this mapping (error tag
+// 'state', code 0xaaf2ee00)". `status` is the entry walker's.
+std::string describe_failure(const MappingContext& request, RequestTree& tree, cerrno status);
+
+// The same for a walk of native data, which begins at `top`.
+std::string describe_native_failure(const MappingContext& request, const yfw_datatree* top, cerrno status);
+
+}  // namespace oclacp::host

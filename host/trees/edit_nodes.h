@@ -1,0 +1,21 @@
+// Nodes of an edit as libyang's.
+#pragma once
+
+#include <string>
+
+#include "host/trees/edit_tree.h"
+#include "host/yang/libyang_ptr.h"
+
+namespace oclacp::host {
+
+// Makes a node of an edit, with its keys or with `value` but with nothing below it, as the last child of `parent`;
+// without a parent it stands alone. What libyang does not take is told by refuse_native().
+LY_ERR make_native_node(const EditNode& node, const char* value, lyd_node* parent, lyd_node*& made);
+
+// Throws Error: the node of the request that `node` stems from, the native node's path and `reason`.
+[[noreturn]] void refuse_native(const EditNode& node, const std::string& reason);
+
+// The same with libyang's last complaint as the reason.
+[[noreturn]] void refuse_native(const ly_ctx* context, const EditNode& node);
+
+}  // namespace oclacp::host

@@ -1,0 +1,80 @@
+// A request as the module walks it, made from libyang's tree.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/base/contract.h"
+#include "host/yang/libyang_ptr.h"
+
+namespace oclacp::host {
+
+// What the framework knows of a node beyond the contract's record: the target of yfw_datatree::framework.
+struct NodeInfo {
+  yfw_datatree* parent;     // null at the top
+  const lyd_node* data;     // opaque (without schema) where a leaf has no value or an entry lacks a key; null for a
+                            // node that the request does not name
+  const lysc_node* schema;  // never null
+};
+
+inline const NodeInfo& info_of(const yfw_datatree* node) {
+  return *static_cast<const NodeInfo*>(node->framework);
+}
+
+// The path of a node with module prefixes where they change, and with its list entries' keys; an entry without its keys
+// stands there bare.
+std::string node_path(const yfw_datatree* node);
+
+// The key of a list entry as the request has it; null when it names none. Lists of a served model have one key.
+const char* key_value(const yfw_datatree* entry);
+
+// Whether a leaf says which list entry it is in: it is the key, or the leaf of a container of the entry that the key
+// refers to.
+bool is_key_or_key_target(const yfw_datatree* leaf);
+
+// Throws the Error of a delete of such a leaf that is not the key.
+[[noreturn]] void refuse_delete_of_name(const yfw_datatree* leaf);
+
+// Owns the nodes of one request, in breadth-first order, so that children stand side by side. Texts are borrowed from
+// the libyang tree, which this owns too.
+//
+// The replace of a list entry is handed over as the replace of its `config` container, which is added when the request
+// names none: a module deletes nothing for a list entry whose replace begins, since it does not see the entry's key
+// then, while a replaced container it deletes first.
+class RequestTree {
+ public:
+  // Takes `data`, a tree with one top node, read against `context`. Refuses what libyang let pass as opaque although
+  // the schema does not know it, values that their types do not take, doubled nodes and list entries, attributes other
+  // than the edit operation, interface names that the platform's buffers do not hold, and the delete of the leaf that a
+  // key refers to, which goes with its entry. Throws Error.
+  RequestTree(const ly_ctx* context, TreePtr data);
+
+  RequestTree(const RequestTree&) = delete;
+  RequestTree& operator=(const RequestTree&) = delete;
+  RequestTree(RequestTree&&) = default;
+  RequestTree& operator=(RequestTree&&) = default;
+  ~RequestTree() = default;
+
+  yfw_datatree* top() { return nodes_.data(); }
+  std::vector<yfw_datatree>& nodes() { return nodes_; }
+
+  // How many nodes carry an edit operation of their own.
+  [[nodiscard]] size_t operations() const { return operations_; }
+
+ private:
+  void append_children(size_t index);
+  void move_replace_to_config(size_t index, size_t first_child);
+  void append(yfw_datatree* parent, const lyd_node* data, const lysc_node* schema);
+  void fill(size_t index);
+  void fill_leaf(yfw_datatree& node, const NodeInfo& info);
+  uint32_t operation_of(const yfw_datatree& node, const NodeInfo& info);
+
+  const ly_ctx* context_;
+  const lys_module* operation_module_;
+  TreePtr data_;
+  std::vector<yfw_datatree> nodes_;
+  std::vector<NodeInfo> infos_;
+  size_t operations_ = 0;
+};
+
+}  // namespace oclacp::host

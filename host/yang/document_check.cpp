@@ -1,0 +1,246 @@
+#include "host/yang/document_check.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "host/base/error.h"
+
+namespace oclacp::host {
+namespace {
+
+constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kJsonOperation = "ietf-netconf:operation";
+
+// A position in the text, and how to refuse there.
+class Scanner {
+ public:
+  Scanner(std::string_view text, std::string subject) : text_(text), subject_(std::move(subject)) {}
+
+ protected:
+  [[noreturn]] void refuse(size_t position, const std::string& reason) const {
+    const auto before = text_.substr(0, std::min(position, text_.size()));
+    const auto line = std::count(before.begin(), before.end(), '\n') + 1;
+    throw Error(subject_ + " (line " + std::to_string(line) + "): " + reason);
+  }
+
+  void enter(size_t position) {
+    if (++depth_ > kMaxRequestDepth) {
+      refuse(position, "nested deeper than " + std::to_string(kMaxRequestDepth) + " levels");
+    }
+  }
+
+  [[nodiscard]] std::string_view text() const { return text_; }
+  [[nodiscard]] size_t skip_blanks(size_t position) const {
+    return std::min(text_.find_first_not_of(kBlanks, position), text_.size());
+  }
+
+  unsigned depth_ = 0;
+
+ private:
+  std::string_view text_;
+  std::string subject_;
+};
+
+// Brackets and strings of a JSON text; everything else is libyang's to judge.
+class JsonScanner : Scanner {
+ public:
+  using Scanner::Scanner;
+
+  void scan() {
+    size_t position = 0;
+    while (position < text().size()) {
+      position = step(position);
+      if (done_ && skip_blanks(position) < text().size()) {
+        refuse(skip_blanks(position), "text behind the end of the document");
+      }
+    }
+    if (depth_ > 0) {
+      refuse(text().size(), "the document ends early");
+    }
+  }
+
+ private:
+  // Takes the token at `position` and answers where the next one may begin.
+  size_t step(size_t position) {
+    switch (text()[position]) {
+      case '"':
+        return take_string(position);
+      case '{':
+      case '[':
+        enter(position);
+        return position + 1;
+      case '}':
+      case ']':
+        leave(position);
+        return position + 1;
+      default:
+        return position + 1;
+    }
+  }
+
+  void leave(size_t position) {
+    if (depth_ == 0) {
+      refuse(position, "a closing bracket without an opening one");
+    }
+    if (depth_ == metadata_depth_) {
+      metadata_depth_ = 0;
+    }
+    done_ = --depth_ == 0;
+  }
+
+  // A member's name may announce metadata (RFC 7952, 5.2): "@" or "@name" before an object whose members are
+  // attributes.
+  size_t take_string(size_t position) {
+    const size_t end = end_of_string(position);
+    const std::string_view content = text().substr(position + 1, end - position - 2);
+    const size_t colon = skip_blanks(end);
+    if (colon == text().size() || text()[colon] != ':') {
+      return end;
+    }
+    if (metadata_depth_ != 0) {
+      if (content != kJsonOperation) {
+        refuse(position, "attribute '" + std::string(content) + "' is not understood, only '" +
+                             std::string(kJsonOperation) + "' is");
+      }
+    } else if (!content.empty() && content.front() == '@') {
+      metadata_depth_ = depth_ + 1;
+      const size_t object = skip_blanks(colon + 1);
+      if (object == text().size() || text()[object] != '{') {
+        refuse(position, "'" + std::string(content) + "' is not followed by an object of attributes");
+      }
+    }
+    return colon + 1;
+  }
+
+  [[nodiscard]] size_t end_of_string(size_t begin) const {
+    size_t position = begin + 1;
+    while (position < text().size() && text()[position] != '"') {
+      position += text()[position] == '\\' ? 2 : 1;
+    }
+    if (position >= text().size()) {
+      refuse(begin, "a string without an end");
+    }
+    return position + 1;
+  }
+
+  unsigned metadata_depth_ = 0;  // depth inside an object of attributes; 0 outside
+  bool done_ = false;
+};
+
+// Tags and attributes of an XML text; everything else is libyang's to judge.
+class XmlScanner : Scanner {
+ public:
+  using Scanner::Scanner;
+
+  size_t scan() {
+    size_t position = 0;
+    while ((position = text().find('<', position)) != std::string_view::npos) {
+      position = take_markup(position);
+    }
+    return operations_;
+  }
+
+ private:
+  size_t take_markup(size_t begin) {
+    const std::string_view rest = text().substr(begin);
+    if (rest.starts_with("<!--")) {
+      return behind("-->", begin);
+    }
+    if (rest.starts_with("<![CDATA[")) {
+      return behind("]]>", begin);
+    }
+    if (rest.starts_with("<?")) {
+      return behind("?>", begin);
+    }
+    if (rest.starts_with("</")) {
+      depth_ -= depth_ > 0 ? 1 : 0;
+      return behind(">", begin);
+    }
+    return take_start_tag(begin);
+  }
+
+  size_t take_start_tag(size_t begin) {
+    enter(begin);
+    size_t position = text().find_first_of(" \t\r\n/>", begin);
+    while (true) {
+      position = position == std::string_view::npos ? text().size() : skip_blanks(position);
+      if (position == text().size()) {
+        refuse(begin, "a tag without an end");
+      }
+      if (text()[position] == '>') {
+        return position + 1;
+      }
+      if (text()[position] == '/') {
+        --depth_;
+        return position + 1;
+      }
+      position = take_attribute(position);
+    }
+  }
+
+  size_t take_attribute(size_t begin) {
+    const size_t name_end = text().find_first_of(" \t\r\n=/>", begin);
+    const size_t quote = text().find_first_of("\"'>", begin);
+    if (quote == std::string_view::npos || text()[quote] == '>') {
+      refuse(begin, "an attribute without a value");
+    }
+    judge(text().substr(begin, name_end - begin), begin);
+    const size_t end = text().find(text()[quote], quote + 1);
+    return end == std::string_view::npos ? end : end + 1;
+  }
+
+  void judge(std::string_view name, size_t position) {
+    if (name == "xmlns" || name.starts_with("xmlns:")) {
+      return;
+    }
+    if (!name.ends_with(":operation")) {
+      refuse(position, "attribute '" + std::string(name) +
+                           "' is not understood, only 'operation' of the NETCONF base "
+                           "namespace is");
+    }
+    ++operations_;
+  }
+
+  [[nodiscard]] size_t behind(std::string_view end, size_t begin) const {
+    const size_t found = text().find(end, begin);
+    if (found == std::string_view::npos) {
+      refuse(begin, "markup without an end");
+    }
+    return found + end.size();
+  }
+
+  size_t operations_ = 0;
+};
+
+// Where the text begins that is not blank.
+size_t check_not_empty(std::string_view text, const std::string& subject) {
+  if (text.find('\0') != std::string_view::npos) {
+    throw Error(subject + ": holds a NUL character");
+  }
+  const size_t first = text.find_first_not_of(kBlanks);
+  if (first == std::string_view::npos) {
+    throw Error(subject + ": empty");
+  }
+  return first;
+}
+
+}  // namespace
+
+DocumentInfo inspect_document(std::string_view text, const std::string& subject) {
+  if (text.size() > kMaxRequestBytes) {
+    throw Error(subject + ": longer than " + std::to_string(kMaxRequestBytes >> 20) + " MiB");
+  }
+  if (text[check_not_empty(text, subject)] == '<') {
+    return {LYD_XML, XmlScanner(text, subject).scan()};
+  }
+  JsonScanner(text, subject).scan();
+  return {LYD_JSON, 0};
+}
+
+void check_json_document(std::string_view text, const std::string& subject) {
+  check_not_empty(text, subject);
+  JsonScanner(text, subject).scan();
+}
+
+}  // namespace oclacp::host

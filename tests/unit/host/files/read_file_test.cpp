@@ -1,0 +1,83 @@
+#include "host/files/read_file.h"
+
+#include <sys/stat.h>
+
+#include <atomic>
+#include <chrono>
+#include <thread>
+
+#include "tests/unit/host/host_test.h"
+
+namespace oclacp::host {
+namespace {
+
+TEST(TextFile, ReadsAllOfIt) {
+  const TemporaryFolder folder;
+  const std::string content = std::string(200'000, 'x') + "\n";
+  folder.write("file", content);
+  EXPECT_EQ(read_text_file(folder.path() + "/file"), content);
+}
+
+TEST(TextFile, ReadsALittleMoreThanTheLimit) {
+  const TemporaryFolder folder;
+  folder.write("file", std::string(1'000'000, 'x'));
+  const std::string text = read_text_file(folder.path() + "/file", 10);
+  EXPECT_GT(text.size(), 10U);
+  EXPECT_LT(text.size(), 100'000U);
+}
+
+TEST(TextFile, RefusesWhatCannotBeRead) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(refusal_of([] { read_text_file("/no/such"); }), "/no/such: No such file or directory");
+  EXPECT_EQ(refusal_of([&] { read_text_file(folder.path()); }), folder.path() + ": Is a directory");
+}
+
+TEST(RegularFile, IsReadWhole) {
+  const TemporaryFolder folder;
+  folder.write("file", "content");
+  std::filesystem::create_symlink("file", folder.path() + "/link");
+  EXPECT_EQ(read_regular_file(folder.path() + "/file"), "content");
+  EXPECT_EQ(read_regular_file(folder.path() + "/link"), "content");
+  EXPECT_EQ(refusal_of([] { read_regular_file("/no/such"); }), "/no/such: No such file or directory");
+}
+
+TEST(RegularFile, IsNoPipeAndNoDevice) {
+  const TemporaryFolder folder;
+  const std::string pipe = folder.path() + "/pipe";
+  const std::string link = folder.path() + "/link";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::filesystem::create_symlink("/dev/zero", link);
+  for (const std::string& file : {pipe, link, folder.path()}) {
+    EXPECT_EQ(refusal_of([&] { read_regular_file(file); }), file + ": is no regular file");
+    EXPECT_EQ(refusal_of([&] { read_stable_file(file); }), file + ": is no regular file");
+  }
+}
+
+TEST(SettledFile, IsReadWhole) {
+  const TemporaryFolder folder;
+  folder.write("file", "content");
+  EXPECT_EQ(read_stable_file(folder.path() + "/file"), "content");
+  EXPECT_EQ(refusal_of([] { read_stable_file("/no/such"); }), "/no/such: No such file or directory");
+}
+
+TEST(SettledFile, IsTheOldOrTheNewWhenItIsReplaced) {
+  const TemporaryFolder folder;
+  const std::string file = folder.path() + "/file";
+  folder.write("file", std::string(100'000, 'a'));
+  std::atomic<bool> is_ending = false;
+  std::thread replacer([&] {
+    for (char content = 'b'; !is_ending; content = content == 'z' ? 'a' : static_cast<char>(content + 1)) {
+      folder.write("new", std::string(100'000, content));
+      std::filesystem::rename(folder.path() + "/new", file);
+    }
+  });
+  for (int turn = 0; turn < 10; ++turn) {
+    const std::string text = read_stable_file(file);
+    EXPECT_EQ(text, std::string(100'000, text.front()));
+  }
+  is_ending = true;
+  replacer.join();
+}
+
+}  // namespace
+}  // namespace oclacp::host

@@ -1,0 +1,79 @@
+#include "host/translation/mapping_module.h"
+
+#include "host/services/current_device.h"
+#include "tests/unit/host/host_test.h"
+
+namespace oclacp::host {
+namespace {
+
+class DeviceOfType final : public Device {
+ public:
+  explicit DeviceOfType(uint32_t type) : type_(type) {}
+
+  [[nodiscard]] uint32_t router_type() const override { return type_; }
+  [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
+  [[nodiscard]] const lyd_node* running() const override { return nullptr; }
+
+ private:
+  uint32_t type_;
+  std::vector<Interface> interfaces_;
+};
+
+TEST(MappingModule, IsInitialisedWhileItIsLoaded) {
+  ASSERT_EQ(yfw_intf_mgbl_connid, nullptr);
+  {
+    const MappingModule module(OCLACP_MODULE);
+    EXPECT_NE(yfw_intf_mgbl_connid, nullptr);
+  }
+  EXPECT_EQ(yfw_intf_mgbl_connid, nullptr);
+}
+
+TEST(MappingModule, TwoOfThemShareTheConnection) {
+  const auto first = std::make_unique<MappingModule>(OCLACP_MODULE);
+  auto second = std::make_unique<MappingModule>(OCLACP_MODULE);
+  second.reset();
+  const MappingModule third(OCLACP_MODULE);
+  EXPECT_NE(yfw_intf_mgbl_connid, nullptr);
+}
+
+TEST(MappingModule, RegistersAWalkerForEachNativeRoot) {
+  const MappingModule module(OCLACP_MODULE);
+  EXPECT_NE(module.request_walker(), nullptr);
+  const yfw_map_walker interfaces = module.native_walker(kIfmgr, "interface-configurations");
+  const yfw_map_walker lacp = module.native_walker(kBundlemgr, "lacp");
+  EXPECT_NE(interfaces, nullptr);
+  EXPECT_NE(lacp, nullptr);
+  EXPECT_NE(interfaces, lacp);
+  EXPECT_NE(module.native_walker(kBundlemgrOper, "lacp-bundles"), nullptr);
+  EXPECT_NE(module.native_walker(kBundlemgrOper, "lacp-data"), nullptr);
+  EXPECT_EQ(module.native_walker(kBundlemgr, "bundle"), nullptr);
+  EXPECT_EQ(module.native_walker(kIfmgr, "lacp"), nullptr);
+}
+
+TEST(MappingModule, IsAskedWhetherItServesTheDevice) {
+  const MappingModule module(OCLACP_MODULE);
+  for (const uint32_t type : {7U, 8U, 18U}) {
+    const DeviceOfType device(type);
+    const CurrentDevice installed(device);
+    EXPECT_EQ(refusal_of([&] { module.require_offer(); }), "accepted") << type;
+  }
+  const DeviceOfType device(9);
+  const CurrentDevice installed(device);
+  EXPECT_EQ(refusal_of([&] { module.require_offer(); }),
+            "platform type 9: the mapping module does not offer openconfig-lacp on devices of this type");
+}
+
+TEST(MappingModule, ServesADeviceOfWhichNothingIsKnown) {
+  const MappingModule module(OCLACP_MODULE);
+  const EmptyDevice device;
+  const CurrentDevice installed(device);
+  EXPECT_EQ(refusal_of([&] { module.require_offer(); }), "accepted");
+}
+
+TEST(MappingModule, IsRefusedWhenItCannotBeLoaded) {
+  EXPECT_THAT(refusal_of([] { const MappingModule ignored("/no/such.so"); }),
+              testing::StartsWith("the mapping module cannot be loaded: /no/such.so: "));
+}
+
+}  // namespace
+}  // namespace oclacp::host

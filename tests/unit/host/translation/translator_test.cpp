@@ -1,0 +1,160 @@
+#include "host/translation/translator.h"
+
+#include <sstream>
+
+#include "host/devices/directory_device.h"
+#include "host/present/trace_tree.h"
+#include "tests/unit/host/host_test.h"
+
+namespace oclacp::host {
+namespace {
+
+using testing::HasSubstr;
+
+class TranslatorTest : public testing::Test {
+ protected:
+  std::string translated(const std::string& request, const TranslateOptions& options = {}) {
+    return translator_.translate(request, device_, options).text;
+  }
+
+  std::string refused(const std::string& request, const TranslateOptions& options = {}) {
+    return refusal_of([&] { translated(request, options); });
+  }
+
+  Translator translator_{{OCLACP_SCHEMAS, ""}, OCLACP_MODULE};
+  DirectoryDevice device_{translator_.native_context(), OCLACP_EXAMPLES "/device"};
+};
+
+TEST_F(TranslatorTest, TheResultHasTheFormatOfTheRequestUnlessAskedOtherwise) {
+  const std::string in_json = lacp(R"("config": {"system-priority": 5})");
+  const std::string in_xml =
+      R"(<lacp xmlns="http://openconfig.net/yang/lacp"><config><system-priority>5</system-priority></config></lacp>)";
+  const std::string json = translated(in_json);
+  const std::string xml = translated(in_xml);
+  EXPECT_THAT(json, HasSubstr("\"system-priority\": 5"));
+  EXPECT_THAT(xml, HasSubstr("<system-priority>5</system-priority>"));
+  TranslateOptions options;
+  options.format = Format::kXml;
+  EXPECT_EQ(translated(in_json, options), xml);
+  options.format = Format::kJson;
+  EXPECT_EQ(translated(in_xml, options), json);
+}
+
+TEST_F(TranslatorTest, DefaultDeleteDeletesWhatIsNamedLast) {
+  TranslateOptions options;
+  options.operation = DefaultOperation::kDelete;
+  EXPECT_THAT(translated(interface(R"("name": "Bundle-Ether1", "config": {"interval": [null]})"), options),
+              testing::AllOf(HasSubstr("\"@period\": {\n            \"ietf-netconf:operation\": \"delete\""),
+                             testing::Not(HasSubstr("mode"))));
+  EXPECT_THAT(translated(interface(R"("name": "Bundle-Ether1")"), options),
+              HasSubstr("\"Talvo-Brin-QD-bundlemgr-cfg:lacp\": {\n          \"@\": {\n            "
+                        "\"ietf-netconf:operation\": \"remove\""));
+}
+
+TEST_F(TranslatorTest, DefaultDeleteLeavesNodesWithAnOperationAndWhatIsInThem) {
+  TranslateOptions options;
+  options.operation = DefaultOperation::kDelete;
+  const std::string request = lacp(R"("config": {"@": {"ietf-netconf:operation": "replace"}, "system-priority": 5})");
+  EXPECT_EQ(translated(request, options), translated(request));
+}
+
+TEST_F(TranslatorTest, DefaultDeleteTakesTheNameOfAnEntryForNoMoreThanThat) {
+  TranslateOptions options;
+  options.operation = DefaultOperation::kDelete;
+  EXPECT_EQ(translated(interface(R"("name": "Bundle-Ether1", "config": {"name": "Bundle-Ether1", "interval": [null]})"),
+                       options),
+            translated(interface(R"("name": "Bundle-Ether1", "config": {"interval": [null]})"), options));
+  EXPECT_THAT(refused(interface(R"("name": "Bundle-Ether1", "config": {"name": "Bundle-Ether1"})"), options),
+              testing::EndsWith("/config/name: goes with its list entry, and cannot be deleted alone"));
+}
+
+TEST_F(TranslatorTest, StrictRefusesTheSubInterfaceThatAReadDoesNotShow) {
+  TranslateOptions options;
+  const std::string request = interface(R"("name": "Bundle-Ether1.10", "config": {"lacp-mode": "ACTIVE"})");
+  EXPECT_EQ(refused(request, options), "accepted");
+  options.is_strict = true;
+  EXPECT_EQ(refused(request, options),
+            "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether1.10']: is a sub-interface, whose LACP would "
+            "not be read back");
+  EXPECT_EQ(refused(interface(R"("name": "Bundle-Ether1.10", "config": {"interval": [null], "@interval":
+                              {"ietf-netconf:operation": "remove"}})"),
+                    options),
+            "accepted");
+}
+
+TEST_F(TranslatorTest, DefaultReplaceReplacesTheTop) {
+  TranslateOptions options;
+  options.operation = DefaultOperation::kReplace;
+  const std::string request = lacp(R"("config": {"system-priority": 5})");
+  EXPECT_EQ(translated(request, options),
+            translated(lacp(R"("@": {"ietf-netconf:operation": "replace"}, "config": {"system-priority": 5})")));
+  EXPECT_NE(translated(request, options), translated(request));
+}
+
+TEST_F(TranslatorTest, ReadsCarryNoOperations) {
+  TranslateOptions options;
+  options.kind = RequestKind::kReadConfig;
+  EXPECT_EQ(refused(lacp(R"("config": {"@": {"ietf-netconf:operation": "delete"}})"), options),
+            "/openconfig-lacp:lacp: a read carries no edit operations");
+}
+
+TEST_F(TranslatorTest, AMissingValueIsRefusedWithItsNode) {
+  EXPECT_EQ(refused(lacp(R"("config": {"system-priority": [null]})")),
+            "/openconfig-lacp:lacp/config/system-priority: native /lacp/system-priority: the leaf needs a value");
+  EXPECT_EQ(refused(interface(R"("name": "a", "config": {"lacp-mode": [null]})")),
+            "/openconfig-lacp:lacp/interfaces/interface[name='a']/config: a value is missing (code 0x0c1a0006)");
+}
+
+TEST_F(TranslatorTest, RefusalsOfTheModuleNameTheNodeTheTagAndTheCode) {
+  EXPECT_EQ(refused(interface(R"("name": "a", "state": {"system-priority": 1})")),
+            "/openconfig-lacp:lacp/interfaces/interface[name='a']/state: not supported by this mapping (error tag "
+            "'state', code 0xaaf2ee00)");
+  EXPECT_EQ(refused(interface("")),
+            "/openconfig-lacp:lacp/interfaces/interface: the list entry names no keys (code 0xaaf29e00)");
+  EXPECT_EQ(refused(interface(R"("@": {"ietf-netconf:operation": "delete"}, "name": "a", "config": {"name": "a"})")),
+            "/openconfig-lacp:lacp/interfaces/interface[name='a']: nothing to delete: the device has no LACP "
+            "configuration for this interface (code 0xaaf28000)");
+  EXPECT_EQ(refused(interface(R"("name": "a", "config": {"@": {"ietf-netconf:operation": "delete"}, "name": "a"})")),
+            "/openconfig-lacp:lacp/interfaces/interface[name='a']/config: a container that is deleted may not name "
+            "children (code 0xaaf2a000)");
+}
+
+TEST_F(TranslatorTest, ErrorsUnderAnExpansionDoNotFailTheRequest) {
+  TranslateOptions options;
+  options.kind = RequestKind::kReadState;
+  // The whole entry includes state/interval, which alone is refused.
+  EXPECT_THAT(translated(interface(R"("name": "Bundle-Ether1")"), options), HasSubstr("applied-lacp-mode"));
+  EXPECT_THAT(refused(interface(R"("name": "Bundle-Ether1", "state": {"interval": [null]})"), options),
+              HasSubstr("/state/interval: not supported by this mapping (error tag 'interval'"));
+}
+
+TEST_F(TranslatorTest, RecordsAreCollectedWhetherOrNotTheRequestIsRefused) {
+  std::ostringstream log;
+  std::vector<std::string> trace;
+  TranslateOptions options;
+  options.debug_log = &log;
+  options.trace = &trace;
+  EXPECT_NE(refused(interface(R"("name": "a", "state": {})"), options), "accepted");
+  EXPECT_THAT(log.str(), HasSubstr("Unsupported tag is specified in the request."));
+  EXPECT_THAT(draw_trace(trace),
+              testing::AllOf(testing::Contains("ymap_oq_oclacp_openconfiglacp_lvla_lacp"),
+                             testing::Contains(HasSubstr("! Unsupported tag is specified in the request."))));
+}
+
+TEST_F(TranslatorTest, OneRequestLeavesNothingForTheNext) {
+  const std::string request = lacp(R"("config": {"system-priority": 5})");
+  const std::string first = translated(request);
+  refused(interface(R"("name": "a", "state": {})"));
+  EXPECT_EQ(translated(request), first);
+}
+
+TEST(TranslatorFiles, RefusesModulesThatCannotBeUsed) {
+  const SchemaDirectories schemas = {OCLACP_SCHEMAS, ""};
+  EXPECT_THAT(refusal_of([&] { const Translator ignored(schemas, "/no/such.so"); }),
+              testing::StartsWith("the mapping module cannot be loaded: /no/such.so: "));
+  EXPECT_THAT(refusal_of([&] { const Translator ignored(schemas, "no-such.so"); }),
+              testing::StartsWith("the mapping module cannot be loaded: ./no-such.so: "));
+}
+
+}  // namespace
+}  // namespace oclacp::host

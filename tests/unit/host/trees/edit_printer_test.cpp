@@ -1,0 +1,249 @@
+// Scripts, folded and printed. Every printed edit is read back by libyang against the native schemas.
+#include "host/trees/edit_printer.h"
+
+#include <algorithm>
+
+#include "tests/unit/host/trees/output_log_test.h"
+
+namespace oclacp::host {
+namespace {
+
+using testing::HasSubstr;
+
+// One line for each node: its path with keys, its operation in brackets, its value.
+void describe(const lyd_node* first, const std::string& above, std::vector<std::string>& lines) {
+  for (const lyd_node* node = first; node != nullptr; node = node->next) {
+    std::string line;
+    if (node->schema == nullptr) {
+      const auto* opaque = reinterpret_cast<const lyd_node_opaq*>(node);
+      line = above + "/" + opaque->name.name;
+      lines.push_back(line + " [" + opaque->attr->value + "]" + opaque->value);
+      EXPECT_EQ(opaque->attr->next, nullptr) << line;
+    } else {
+      if (lysc_is_key(node->schema)) {
+        continue;
+      }
+      line = above + "/" + node->schema->name;
+      for (const lyd_node* key = lyd_child(node); node->schema->nodetype == LYS_LIST && key != nullptr;
+           key = key->next) {
+        line += lysc_is_key(key->schema) ? std::string("[") + lyd_get_value(key) + "]" : "";
+      }
+      std::string text = line + (node->meta == nullptr ? "" : std::string(" [") + lyd_get_meta_value(node->meta) + "]");
+      if ((node->schema->nodetype & LYD_NODE_TERM) != 0) {
+        text += std::string(" = ") + lyd_get_value(node);
+      }
+      lines.push_back(text);
+    }
+    describe(lyd_child(node), line, lines);
+  }
+}
+
+class EditPrinterTest : public OutputLogTest {
+ protected:
+  // Prints the edit in both formats and reads it back: both say the same.
+  std::vector<std::string> printed() {
+    std::vector<std::string> lines = read_back(LYD_JSON);
+    EXPECT_EQ(read_back(LYD_XML), lines);
+    return lines;
+  }
+
+  // That the same document validates strictly, as an edit that only sets things must.
+  void expect_valid() {
+    for (const LYD_FORMAT format : {LYD_JSON, LYD_XML}) {
+      const std::string text = print_edit(schemas().native(), EditTree(edit_), format);
+      lyd_node* tree = nullptr;
+      EXPECT_EQ(
+          lyd_parse_data_mem(schemas().native(), text.c_str(), format, LYD_PARSE_STRICT, LYD_VALIDATE_PRESENT, &tree),
+          LY_SUCCESS)
+          << ly_errmsg(schemas().native()) << "\n"
+          << text;
+      lyd_free_all(tree);
+    }
+  }
+
+  std::vector<std::string> read_back(LYD_FORMAT format) {
+    const std::string text = print_edit(schemas().native(), EditTree(edit_), format);
+    lyd_node* tree = nullptr;
+    EXPECT_EQ(lyd_parse_data_mem(schemas().native(), text.c_str(), format, LYD_PARSE_ONLY | LYD_PARSE_OPAQ, 0, &tree),
+              LY_SUCCESS)
+        << text;
+    const TreePtr owner(tree);
+    std::vector<std::string> lines;
+    describe(tree, "", lines);
+    return lines;
+  }
+};
+
+const std::string kTop = "/interface-configurations";
+const std::string kA = kTop + "/interface-configuration[act][a]";
+const std::string kB = kTop + "/interface-configuration[act][b]";
+
+TEST_F(EditPrinterTest, AnEmptyScriptIsAnEmptyDocument) {
+  EXPECT_EQ(print_edit(schemas().native(), EditTree(edit_), LYD_JSON), "{}\n");
+  EXPECT_EQ(print_edit(schemas().native(), EditTree(edit_), LYD_XML), "");
+}
+
+TEST_F(EditPrinterTest, SetLeavesAreInstanceData) {
+  add(edit_, "/lacp/system-priority", kBundlemgr, "7", merge_);
+  open(edit_, "a", merge_);
+  add(edit_, std::string(kEntry) + "/interface-virtual", kIfmgr, nullptr, merge_);
+  add_lacp(edit_, "mode", "active", merge_);
+  add_lacp(edit_, "period", "1", merge_);
+  EXPECT_THAT(printed(), testing::ElementsAre("/lacp", "/lacp/system-priority = 7", kTop, kA,
+                                              kA + "/interface-virtual = ", kA + "/lacp", kA + "/lacp/mode = active",
+                                              kA + "/lacp/period = 1"));
+  expect_valid();
+}
+
+TEST_F(EditPrinterTest, DeletedLeavesHaveAnOperationAndNoValue) {
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "period", nullptr, source(YFW_OPERATION_DELETE));
+  add_lacp(edit_, "mode", nullptr, source(YFW_OPERATION_REMOVE));
+  EXPECT_THAT(printed(),
+              testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/period [delete]", kA + "/lacp/mode [remove]"));
+  EXPECT_THAT(print_edit(schemas().native(), EditTree(edit_), LYD_JSON),
+              HasSubstr("\"period\": [null],\n          \"@period\": {\n            \"ietf-netconf:operation\": "
+                        "\"delete\""));
+}
+
+TEST_F(EditPrinterTest, DeletedContainersAreShownThoughTheyAreEmpty) {
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "", nullptr, source(YFW_OPERATION_REMOVE));
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp [remove]"));
+}
+
+TEST_F(EditPrinterTest, LeavesMayBeReplacedAndCreated) {
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "period", "1", source(YFW_OPERATION_REPLACE));
+  add_lacp(edit_, "mode", "active", source(YFW_OPERATION_CREATE));
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/mode [create] = active",
+                                              kA + "/lacp/period [replace] = 1"));
+}
+
+TEST_F(EditPrinterTest, EntriesWithTheSameKeysAreOne) {
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "mode", "active", merge_);
+  open(edit_, "b", merge_);
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "period", "1", merge_);
+  EXPECT_THAT(printed(),
+              testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/mode = active", kA + "/lacp/period = 1", kB));
+}
+
+TEST_F(EditPrinterTest, ASetAfterADeleteOfTheLeafIsASet) {
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "period", nullptr, source(YFW_OPERATION_DELETE));
+  add_lacp(edit_, "period", "1", merge_);
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/period = 1"));
+}
+
+TEST_F(EditPrinterTest, ACreateAfterADeleteOfTheLeafIsASet) {
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "period", nullptr, source(YFW_OPERATION_REMOVE));
+  add_lacp(edit_, "period", "1", source(YFW_OPERATION_CREATE));
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/period = 1"));
+}
+
+TEST_F(EditPrinterTest, ASetInsideOfADeletedContainerReplacesIt) {
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "mode", "active", merge_);
+  add_lacp(edit_, "", nullptr, source(YFW_OPERATION_REMOVE));
+  add_lacp(edit_, "period", "1", merge_);
+  add_lacp(edit_, "system-priority", "9", source(YFW_OPERATION_CREATE));
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp [replace]", kA + "/lacp/period = 1",
+                                              kA + "/lacp/system-priority = 9"));
+}
+
+TEST_F(EditPrinterTest, ADeletedContainerThatIsNamedAgainIsReplacedByNothing) {
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "", nullptr, source(YFW_OPERATION_REMOVE));
+  add_lacp(edit_, "", nullptr, merge_);
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp [replace]"));
+}
+
+TEST_F(EditPrinterTest, ADeleteAfterASetDeletesWhateverWasThere) {
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "period", "1", merge_);
+  add_lacp(edit_, "period", nullptr, source(YFW_OPERATION_DELETE));
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/period [remove]"));
+}
+
+TEST_F(EditPrinterTest, ADeleteOfAContainerTakesWhatWasSetInIt) {
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "period", "1", merge_);
+  add_lacp(edit_, "mode", nullptr, source(YFW_OPERATION_DELETE));
+  add_lacp(edit_, "", nullptr, source(YFW_OPERATION_DELETE));
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp [remove]"));
+}
+
+TEST_F(EditPrinterTest, ADeleteInsideOfWhatIsDeletedLeavesNothingToDo) {
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "", nullptr, source(YFW_OPERATION_DELETE));
+  add_lacp(edit_, "period", nullptr, source(YFW_OPERATION_DELETE));
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp [delete]"));
+}
+
+TEST_F(EditPrinterTest, ADeleteInsideOfWhatIsReplacedTakesBackWhatWasSet) {
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "", nullptr, source(YFW_OPERATION_REMOVE));
+  add_lacp(edit_, "period", "1", merge_);
+  add_lacp(edit_, "mode", "active", merge_);
+  add_lacp(edit_, "period", nullptr, source(YFW_OPERATION_DELETE));
+  add_lacp(edit_, "system-mac", nullptr, source(YFW_OPERATION_DELETE));
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp [replace]", kA + "/lacp/mode = active"));
+}
+
+TEST_F(EditPrinterTest, TheFirstOfTwoDeletesCounts) {
+  add(edit_, "/lacp/system-priority", kBundlemgr, nullptr, source(YFW_OPERATION_DELETE));
+  add(edit_, "/lacp/system-priority", kBundlemgr, nullptr, source(YFW_OPERATION_REMOVE));
+  EXPECT_THAT(printed(), testing::ElementsAre("/lacp", "/lacp/system-priority [delete]"));
+}
+
+TEST_F(EditPrinterTest, ADeletedEntryThatIsOpenedAgainIsReplaced) {
+  open(edit_, "a", source(YFW_OPERATION_REMOVE));
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "period", "1", merge_);
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA + " [replace]", kA + "/lacp", kA + "/lacp/period = 1"));
+}
+
+TEST_F(EditPrinterTest, EntriesWithoutKeysAreDroppedAndCounted) {
+  open(edit_, merge_);
+  add_lacp(edit_, "period", "1", merge_);
+  add(edit_, std::string(kEntry) + "/interface-name", kIfmgr, "half", merge_);
+  open(edit_, "a", merge_);
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA));
+  EXPECT_EQ(EditTree(edit_).dropped_entries(), 1U);
+}
+
+TEST_F(EditPrinterTest, AnEntryIsNotMadeToDeleteNothingInIt) {
+  const yfw_datatree* inside = source_below(YFW_OPERATION_REMOVE);
+  name_entry(edit_, "a", inside);
+  EXPECT_THAT(printed(), testing::ElementsAre());
+  EXPECT_EQ(EditTree(edit_).dropped_entries(), 0U);
+  add_lacp(edit_, "period", nullptr, inside);
+  EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/period [remove]"));
+}
+
+TEST_F(EditPrinterTest, RefusesValuesThatNativeLeavesDoNotTake) {
+  RequestTree tree = parse(lacp(R"("config": {"system-priority": 1})"));
+  const yfw_datatree* from = find(tree, {"config", "system-priority"});
+  open(edit_, "a", merge_);
+  add_lacp(edit_, "mode", "loud", from);
+  EXPECT_EQ(refusal_of([&] { print_edit(schemas().native(), EditTree(edit_), LYD_JSON); }),
+            "/openconfig-lacp:lacp/config/system-priority: native "
+            "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act']"
+            "[interface-name='a']/Talvo-Brin-QD-bundlemgr-cfg:lacp/mode: Invalid enumeration value \"loud\"");
+}
+
+TEST_F(EditPrinterTest, RefusesKeysThatNativeListsDoNotTake) {
+  RequestTree tree = parse(interface(R"("name": "a")"));
+  open(edit_, std::string(64, 'x').c_str(), find(tree, {"interfaces", "interface"}));
+  EXPECT_THAT(
+      refusal_of([&] { print_edit(schemas().native(), EditTree(edit_), LYD_JSON); }),
+      testing::StartsWith("/openconfig-lacp:lacp/interfaces/interface[name='a']: native "
+                          "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act']"
+                          "[interface-name='xxx"));
+}
+
+}  // namespace
+}  // namespace oclacp::host

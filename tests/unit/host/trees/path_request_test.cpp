@@ -1,0 +1,153 @@
+#include "host/trees/path_request.h"
+
+#include "tests/unit/host/host_test.h"
+
+namespace oclacp::host {
+namespace {
+
+RequestTree parse_path(const std::string& path) {
+  return oclacp::host::parse_path(schemas().request(), path);
+}
+
+std::string refused(const std::string& path) {
+  return refusal_of([&] { parse_path(path); });
+}
+
+// The path of the node that a chain of only children leads to.
+std::string last_of(const std::string& path) {
+  RequestTree tree = parse_path(path);
+  const yfw_datatree* node = tree.top();
+  while (node->child_count != 0) {
+    node = &node->children[node->child_count - 1];
+  }
+  return node_path(node);
+}
+
+TEST(RequestPath, NamesOneNode) {
+  EXPECT_EQ(last_of("/lacp"), "/openconfig-lacp:lacp");
+  EXPECT_EQ(last_of("/lacp/"), "/openconfig-lacp:lacp");
+  EXPECT_EQ(last_of("/openconfig-lacp:lacp/config/system-priority"), "/openconfig-lacp:lacp/config/system-priority");
+  EXPECT_EQ(last_of("/lacp/interfaces/interface/config/openconfig-lacp:interval"),
+            "/openconfig-lacp:lacp/interfaces/interface/config/interval");
+}
+
+TEST(RequestPath, PredicatesGiveChildrenTheirValues) {
+  for (const char* path : {"/lacp/interfaces/interface[name='Bundle-Ether1']/config",
+                           R"(/lacp/interfaces/interface[ name = "Bundle-Ether1" ]/config)"}) {
+    RequestTree tree = parse_path(path);
+    const yfw_datatree* name = find(tree, {"interfaces", "interface", "name"});
+    ASSERT_NE(name, nullptr);
+    EXPECT_STREQ(name->value, "Bundle-Ether1");
+    EXPECT_NE(find(tree, {"interfaces", "interface", "config"}), nullptr);
+  }
+}
+
+TEST(RequestPath, ANameMayHoldWhatSeparatesSteps) {
+  RequestTree tree = parse_path("/lacp/interfaces/interface[name='GigabitEthernet0/0/0/1[x]']");
+  EXPECT_STREQ(find(tree, {"interfaces", "interface", "name"})->value, "GigabitEthernet0/0/0/1[x]");
+}
+
+TEST(RequestPath, ALeafMayBeGivenItsValue) {
+  RequestTree tree = parse_path("/lacp/interfaces/interface/config/interval[.='FAST']");
+  EXPECT_STREQ(find(tree, {"interfaces", "interface", "config", "interval"})->value, "FAST");
+  RequestTree without = parse_path("/lacp/interfaces/interface/config/interval");
+  EXPECT_EQ(find(without, {"interfaces", "interface", "config", "interval"})->value, nullptr);
+}
+
+TEST(RequestPath, WhatNamesNoNodeIsRefused) {
+  EXPECT_EQ(refused(""), "the path '': names no node");
+  EXPECT_EQ(refused("//"), "the path '//': names no node");
+  EXPECT_EQ(refused("lacp"), "the path 'lacp': '/' is missing behind ''");
+  EXPECT_EQ(refused("/lacp//config"), "the path '/lacp//config': the name of a node is missing behind '/lacp/'");
+  EXPECT_EQ(refused("/lacp/colour"), "/openconfig-lacp:lacp/colour: no such node");
+  EXPECT_EQ(refused("/lacp/other:config"), "/openconfig-lacp:lacp/other:config: unknown module 'other'");
+  EXPECT_EQ(refused("/lacp/config/system-priority/more"),
+            "/openconfig-lacp:lacp/config/system-priority: a leaf has nothing below it");
+}
+
+TEST(RequestPath, BadPredicatesAreRefused) {
+  const std::string list = "/lacp/interfaces/interface";
+  EXPECT_EQ(refused(list + "[name"), "the path '" + list + "[name': '=' is missing behind '" + list + "[name'");
+  EXPECT_EQ(refused(list + "[name=x]"), "the path '" + list + "[name=x]': ''' is missing behind '" + list + "[name='");
+  EXPECT_EQ(refused(list + "[name='x"), "the path '" + list + "[name='x': a text in quotes has no end");
+  EXPECT_EQ(refused(list + "[name='x'"),
+            "the path '" + list + "[name='x'': ']' is missing behind '" + list + "[name='x''");
+  EXPECT_EQ(refused(list + "[name='']"), "the path '" + list + "[name='']': 'name' is given no value");
+  EXPECT_EQ(refused(list + "[name='x']y"),
+            "the path '" + list + "[name='x']y': '/' is missing behind '" + list + "[name='x']'");
+  EXPECT_EQ(refused(list + "[colour='x']"), "/openconfig-lacp:lacp/interfaces/interface/colour: no such node");
+  EXPECT_EQ(refused("/lacp[.='x']"), "/openconfig-lacp:lacp: takes no value");
+  EXPECT_EQ(refused(list + "/config/interval[.='MEDIUM']"),
+            "/openconfig-lacp:lacp/interfaces/interface/config/interval: Invalid enumeration value \"MEDIUM\"");
+  EXPECT_THAT(refused(list + "[name='" + std::string(300, 'x') + "']"),
+              testing::HasSubstr("an interface name has at most 63 bytes"));
+}
+
+TEST(RequestPath, AKeyThatIsGivenItsValueIsNoNodeToAskFor) {
+  const std::string path = "/lacp/interfaces/interface[name='x']/name";
+  EXPECT_EQ(refused(path), "the path '" + path + "': leads to a node that is given its value already");
+}
+
+// ---- The same paths as deletes -------------------------------------------------------------------------------------
+
+RequestTree parse_delete(const std::string& path) {
+  return parse_delete_path(schemas().request(), path).tree;
+}
+
+// The paths of the nodes that carry a delete.
+std::vector<std::string> deleted_by(const std::string& path) {
+  RequestTree tree = parse_delete(path);
+  std::vector<std::string> deleted;
+  for (const yfw_datatree& node : tree.nodes()) {
+    if (node.operation == YFW_OPERATION_DELETE) {
+      deleted.push_back(node_path(&node));
+    }
+  }
+  return deleted;
+}
+
+TEST(DeletePath, DeletesTheLastNode) {
+  for (const char* path :
+       {"/lacp", "/lacp/config", "/lacp/config/system-priority", "/lacp/interfaces",
+        "/lacp/interfaces/interface[name='Bundle-Ether1']", "/lacp/interfaces/interface[name='Bundle-Ether1']/config",
+        "/lacp/interfaces/interface[name='Bundle-Ether1']/name",
+        "/lacp/interfaces/interface[name='Bundle-Ether1']/config/interval"}) {
+    const std::string full = "/openconfig-lacp:" + std::string(path).substr(1);
+    EXPECT_THAT(deleted_by(path), testing::ElementsAre(full));
+    EXPECT_THAT(deleted_by(full), testing::ElementsAre(full));
+    EXPECT_THAT(deleted_by(full + "/"), testing::ElementsAre(full));
+  }
+}
+
+TEST(DeletePath, ADeletedLeafHasNoValue) {
+  RequestTree tree = parse_delete("/lacp/config/system-priority");
+  EXPECT_EQ(find(tree, {"config", "system-priority"})->flags & YFW_FLAG_VALUE, 0U);
+}
+
+TEST(DeletePath, AKeyMayHoldSlashesColonsAndQuotes) {
+  EXPECT_THAT(deleted_by("/lacp/interfaces/interface[name='Gig0/0/0/0:1']/config"),
+              testing::ElementsAre("/openconfig-lacp:lacp/interfaces/interface[name='Gig0/0/0/0:1']/config"));
+  EXPECT_THAT(deleted_by(R"(/lacp/interfaces/interface[ name = "it's" ])"),
+              testing::ElementsAre(R"(/openconfig-lacp:lacp/interfaces/interface[name="it's"])"));
+}
+
+TEST(DeletePath, OnlyKeysAreGivenValues) {
+  for (const char* path : {"/lacp/config/system-priority[.='5']", "/lacp/config[system-priority='5']",
+                           "/lacp/interfaces/interface[name='a']/config[interval='FAST']/lacp-mode"}) {
+    EXPECT_EQ(refusal_of([&] { parse_delete(path); }),
+              "the path '" + std::string(path) + "': only list keys may be given values in a delete");
+  }
+}
+
+TEST(DeletePath, IsRefusedLikeAnyOtherPath) {
+  for (const char* path :
+       {"", "/", "//", "lacp", "//lacp", "/lacp//interval", "/lacp/*", "/lacp/colour", "/other:lacp",
+        "/lacp/interfaces/interface[name='a'", "/lacp/interfaces/interface[1]/config", "/lacp or /lacp"}) {
+    const std::string reason = refused(path);
+    EXPECT_NE(reason, "accepted") << path;
+    EXPECT_EQ(refusal_of([&] { parse_delete(path); }), reason);
+  }
+}
+
+}  // namespace
+}  // namespace oclacp::host

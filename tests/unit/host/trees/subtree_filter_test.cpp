@@ -1,0 +1,88 @@
+#include "host/trees/subtree_filter.h"
+
+#include "host/trees/path_request.h"
+#include "tests/unit/host/host_test.h"
+
+namespace oclacp::host {
+namespace {
+
+constexpr const char* kAnswer =
+    R"({"openconfig-lacp:lacp": {"config": {"system-priority": 5}, "interfaces": {"interface": [
+    {"name": "a", "config": {"name": "a", "interval": "FAST", "lacp-mode": "ACTIVE"}},
+    {"name": "b", "config": {"name": "b", "interval": "SLOW"}}]}}})";
+
+// What a request leaves of the answer, in JSON without blanks.
+std::string pruned(RequestTree request) {
+  lyd_node* data = nullptr;
+  EXPECT_EQ(lyd_parse_data_mem(schemas().request(), kAnswer, LYD_JSON, LYD_PARSE_ONLY | LYD_PARSE_STRICT, 0, &data),
+            LY_SUCCESS);
+  TreePtr answer(data);
+  apply_subtree_filter(answer, request.top());
+  return squeezed_json(answer);
+}
+
+std::string by_path(const std::string& path) {
+  return pruned(parse_path(schemas().request(), path));
+}
+
+std::string interfaces(const std::string& entries) {
+  return R"({"openconfig-lacp:lacp":{"interfaces":{"interface":[)" + entries + "]}}}";
+}
+
+TEST(Prune, WhatIsNamedWithoutContentIsWantedWhole) {
+  EXPECT_THAT(by_path("/lacp"), testing::AllOf(testing::HasSubstr("priority"), testing::HasSubstr("\"b\"")));
+  EXPECT_EQ(by_path("/lacp/config"), R"({"openconfig-lacp:lacp":{"config":{"system-priority":5}}})");
+}
+
+TEST(Prune, AKeySaysWhichEntryIsMeant) {
+  EXPECT_EQ(by_path("/lacp/interfaces/interface[name='b']"),
+            interfaces(R"({"name":"b","config":{"name":"b","interval":"SLOW"}})"));
+  EXPECT_EQ(by_path("/lacp/interfaces/interface[name='c']"), "{}");
+}
+
+TEST(Prune, SelectedLeavesStandWithTheKeyAlone) {
+  EXPECT_EQ(by_path("/lacp/interfaces/interface/config/lacp-mode"),
+            interfaces(R"({"name":"a","config":{"lacp-mode":"ACTIVE"}})"));
+  EXPECT_EQ(by_path("/lacp/interfaces/interface/name"), interfaces(R"({"name":"a"},{"name":"b"})"));
+}
+
+TEST(Prune, WhatTheAnswerDoesNotHaveIsEmpty) {
+  EXPECT_EQ(by_path("/lacp/interfaces/interface[name='b']/config/lacp-mode"), "{}");
+  EXPECT_EQ(by_path("/lacp/state"), "{}");
+}
+
+TEST(Prune, AMatchAloneLetsAllOfItsContainerPass) {
+  EXPECT_EQ(by_path("/lacp/interfaces/interface/config/interval[.='SLOW']"),
+            interfaces(R"({"name":"b","config":{"name":"b","interval":"SLOW"}})"));
+  EXPECT_EQ(by_path("/lacp/interfaces/interface[name='a']/config/interval[.='SLOW']"), "{}");
+}
+
+TEST(Prune, AMatchBesideASelectionLetsTheSelectedPass) {
+  const auto request = [](const std::string& mode) {
+    return parse(interface(R"("config": {"interval": [null], "lacp-mode": ")" + mode + "\"}"));
+  };
+  EXPECT_EQ(pruned(request("ACTIVE")), interfaces(R"({"name":"a","config":{"interval":"FAST","lacp-mode":"ACTIVE"}})"));
+  EXPECT_EQ(pruned(request("PASSIVE")), "{}");
+}
+
+TEST(Prune, SeveralEntriesMayBeNamed) {
+  EXPECT_EQ(pruned(parse(lacp(R"("interfaces": {"interface": [{"name": "b", "config": {"interval": [null]}},
+                                                             {"name": "a"}]})"))),
+            interfaces(R"({"name":"a","config":{"name":"a","interval":"FAST","lacp-mode":"ACTIVE"}},)"
+                       R"({"name":"b","config":{"interval":"SLOW"}})"));
+}
+
+TEST(Prune, TwoThatAskForOneEntryGetWhatBothAskFor) {
+  EXPECT_EQ(pruned(parse(lacp(R"("interfaces": {"interface": [
+                {"name": "a", "config": {"interval": [null]}}, {"config": {"lacp-mode": [null]}}]})"))),
+            interfaces(R"({"name":"a","config":{"interval":"FAST","lacp-mode":"ACTIVE"}})"));
+}
+
+TEST(Prune, OneThatDoesNotMatchTakesNothingFromAnother) {
+  EXPECT_EQ(pruned(parse(lacp(R"("interfaces": {"interface": [
+                {"config": {"interval": "SLOW", "lacp-mode": [null]}}, {"config": {"interval": [null]}}]})"))),
+            interfaces(R"({"name":"a","config":{"interval":"FAST"}},{"name":"b","config":{"interval":"SLOW"}})"));
+}
+
+}  // namespace
+}  // namespace oclacp::host
