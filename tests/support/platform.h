@@ -161,6 +161,9 @@ class Platform {
   // Answers of yfw_map_get_node_info(), by "path/leaf". What is not here is looked up on the hierarchy.
   std::map<std::string, std::string> node_info;
 
+  // The look-ups that fail although they give their value: their answers, by "path/leaf".
+  std::map<std::string, cerrno> node_info_failures;
+
   // Whether the output list takes the entries that it is given. One that does not keeps its count.
   bool output_list_grows = true;
 

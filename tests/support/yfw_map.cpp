@@ -102,9 +102,12 @@ cerrno yfw_map_get_node_info(yfw_map_ctx ctx, const char* path, const char* leaf
   call.arguments({shown(path), shown(leaf)});
   require_context(call, ctx);
   return call.status([&] {
+    const std::string node = std::string(path) + "/" + leaf;
     const auto& answers = call.platform().node_info;
-    const auto found = answers.find(std::string(path) + "/" + leaf);
+    const auto found = answers.find(node);
     *value = found != answers.end() ? found->second.c_str() : value_on_hierarchy(call.platform(), path, leaf);
+    const auto& failures = call.platform().node_info_failures;
+    if (const auto failure = failures.find(node); failure != failures.end()) return failure->second;
     return *value != nullptr ? YFW_OK : support::kNodeUnknown;
   });
 }

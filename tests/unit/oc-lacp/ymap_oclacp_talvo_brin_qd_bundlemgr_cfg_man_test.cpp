@@ -58,6 +58,12 @@ TEST_F(ConfiguredLeaf, NeedsTheNameOfItsInterface) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
+TEST_F(ConfiguredLeaf, EndsWithTheFailedLookUpOfItsInterfaceAlthoughANameCame) {
+  platform.node_info_failures[kNameOfEntry] = 0x77;
+  for (const Named<NodeFunction>& one : kConverters) EXPECT_EQ(run(one.function, "1000"), 0x77U) << one.name;
+  EXPECT_THAT(added(), IsEmpty());
+}
+
 TEST_F(ConfiguredLeaf, IsNotReportedForASubInterfaceOrWithoutLacp) {
   for (const char* name : {"Bundle-Ether1.100", "MgmtEth0/0/0/0"}) {
     platform.node_info[kNameOfEntry] = name;

@@ -64,6 +64,16 @@ TEST_F(BundleEntry, WithoutNameIsNotCreatedAndReturnsTheStatusOfTheLookUp) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
+TEST_F(BundleEntry, UsesANameThatCameWithAFailedLookUpAndDropsItsStatus) {
+  platform.node_info_failures[kNameOfBundle] = 0x77;
+  EXPECT_EQ(run(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle), YFW_OK);
+  EXPECT_EQ(only_addition().key, "name=Bundle-Ether1");
+  platform.node_info[kNameOfBundle] = "Bundle-Ether1.100";
+  EXPECT_EQ(run(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle), 0x77U)
+      << "that of a sub-interface creates nothing, and the status is the look-up's";
+  EXPECT_EQ(platform.additions().size(), 1U);
+}
+
 TEST_F(BundleEntry, ReturnsTheStatusOfItsCreation) {
   platform.script("yfw_map_search_or_add_list", 0, 0x77);
   EXPECT_EQ(run(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle), 0x77U);
@@ -103,6 +113,17 @@ TEST_F(BundleLeaf, NeedsTheNameOfItsBundle) {
   }
   EXPECT_THAT(added(), IsEmpty());
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
+}
+
+TEST_F(BundleLeaf, EndsWithTheFailedLookUpOfItsBundleInEveryRequestAlthoughANameCame) {
+  platform.node_info_failures[kNameOfBundle] = 0x77;
+  for (const std::uint32_t operation : {0U, 1U, 8U, 10U, 15U}) {
+    platform.set_operation(operation);
+    for (const Named<NodeFunction>& one : kBundleLeaves) {
+      EXPECT_EQ(run(one.function), 0x77U) << one.name << ", operation " << operation;
+    }
+  }
+  EXPECT_THAT(added(), IsEmpty());
 }
 
 TEST_F(BundleLeaf, IsNotReportedForASubInterfaceOrWithoutLacp) {
@@ -155,6 +176,12 @@ TEST_F(AppliedMode, ThatCannotBeReadIsReportedEmpty) {
   platform.script("yfw_map_get_node_info", 0, 0x77, "\"applied-lacp-mode\"");
   EXPECT_EQ(run(qd2oc_lacpmode), YFW_OK);
   EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface/state/lacp-mode="));
+}
+
+TEST_F(AppliedMode, ThatCameWithAFailedLookUpIsUsed) {
+  platform.node_info_failures[kModeOfBundle] = 0x77;
+  EXPECT_EQ(run(qd2oc_lacpmode), YFW_OK);
+  EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface/state/lacp-mode=ACTIVE"));
 }
 
 TEST_F(AppliedMode, IsReportedInAReadOfOperationalStateOnly) {

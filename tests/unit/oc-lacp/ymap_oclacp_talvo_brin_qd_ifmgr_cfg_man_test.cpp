@@ -100,6 +100,15 @@ TEST_F(InterfaceEntry, WithoutNameIsUnsupportedWhateverTheLookUpAnswers) {
       << "it is a plain status";
 }
 
+TEST_F(InterfaceEntry, WhoseNameCameWithAFailedLookUpReturnsItsStatus) {
+  platform.node_info_failures[kNameOfEntry] = 0x77;
+  Request merging(entry("act"));
+  EXPECT_EQ(show(merging), 0x77U);
+  Request deleting(entry("act").with(YFW_OPERATION_DELETE));
+  EXPECT_EQ(show(deleting), 0x77U);
+  EXPECT_THAT(added(), IsEmpty());
+}
+
 TEST_F(InterfaceEntry, WhoseInterfaceHasNoLacpAddsNothing) {
   platform.node_info[kNameOfEntry] = "MgmtEth0/0/0/0";
   Request request(entry("act"));
