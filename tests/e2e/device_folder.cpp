@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
 namespace support {
 
@@ -29,6 +30,12 @@ DeviceFolderTest::~DeviceFolderTest() {
 
 void DeviceFolderTest::write_file(const std::string& name, const std::string& content) const {
   std::ofstream(folder_ + "/" + name) << content;
+}
+
+std::string DeviceFolderTest::read_file(const std::string& name) const {
+  std::ostringstream text;
+  text << std::ifstream(folder_ + "/" + name).rdbuf();
+  return text.str();
 }
 
 }  // namespace support

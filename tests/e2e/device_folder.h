@@ -26,6 +26,7 @@ class DeviceFolderTest : public testing::Test {
 
   [[nodiscard]] const std::string& folder() const { return folder_; }
   void write_file(const std::string& name, const std::string& content) const;
+  [[nodiscard]] std::string read_file(const std::string& name) const;
   void write_platform(const std::string& content) const { write_file("platform.json", content); }
   void write_running(const std::string& entries) const { write_file("running.json", native_interfaces(entries)); }
 

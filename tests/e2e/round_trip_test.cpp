@@ -83,6 +83,34 @@ TEST_F(RoundTrip, WhatIsDeletedIsGone) {
   EXPECT_EQ(got(), "{}");
 }
 
+// A device with a priority and three interfaces; `lacp` says what each of them has besides its description.
+std::string three_interfaces(const std::string& lacp) {
+  std::string entries;
+  for (const char* name : {"Bundle-Ether1", "Bundle-Ether2", "Bundle-Ether3"}) {
+    entries += (entries.empty() ? "" : ",") + std::string(R"({"active": "act", "interface-name": ")") + name +
+               R"(", "description": "of )" + name + "\"" + lacp + "}";
+  }
+  return native_interfaces(entries).substr(1);
+}
+
+TEST_F(RoundTrip, ADeleteOfAllTakesThePriorityAndTheLacpOfThreeInterfacesAndNothingElse) {
+  write_file("running.json", R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 7}, )" +
+                                 three_interfaces(R"(, "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": "active"})"));
+  const Outcome edit = run({"delete", "/lacp", "--dry-run", "-d", folder()});
+  expect_success(edit);
+  std::string entries;
+  for (const char* name : {"Bundle-Ether1", "Bundle-Ether2", "Bundle-Ether3"}) {
+    entries += (entries.empty() ? "" : ",") + native_entry(name, R"("@": {"ietf-netconf:operation": "remove"})");
+  }
+  EXPECT_THAT(squeezed(edit.out),
+              testing::HasSubstr(squeezed(R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": [null],
+                  "@system-priority": {"ietf-netconf:operation": "remove"}}, )" +
+                                          native_interfaces(entries).substr(1))));
+  expect_success(run({"delete", "/lacp", "-d", folder()}));
+  EXPECT_EQ(squeezed(read_file("running.json")), squeezed("{" + three_interfaces("")));
+  EXPECT_EQ(got(), "{}");
+}
+
 TEST_F(RoundTrip, ADeviceThatKeepsWhatIsWrittenHasNoWayBackForFast) {
   write_platform(R"({"oclacp-platform:platform": {"router-type": 7}})");
   edit(request(entry("Bundle-Ether1", R"(, "interval": "FAST")")));
