@@ -38,7 +38,7 @@ cerrno dispatch(const Activation& run, const NativeNode& node, yfw_map_ctx ctx, 
   if (const NativeChild* const known = known_child(node, ctx, child.tag); known != nullptr) {
     if (known->is_leaf) return call_leaf(node, *known, ctx, child, out);
     const cerrno status = known->walk(ctx, &child, out);
-    return status == YFW_SKIP_SUBTREE ? YFW_OK : status;
+    return known->may_skip && status == YFW_SKIP_SUBTREE ? YFW_OK : status;
   }
   if (yfw_map_do_these_match(child.ns, node.ns) == 0) return node.parse_augments(ctx, &child, out);
   run.record(message::kTagIgnored);

@@ -20,6 +20,9 @@ struct NativeChild {
   const char* tag;
   NodeHandler* walk;
   bool is_leaf = false;
+  // A list entry that may be skipped as a whole: its walker's "skip" is 0 here. From any other child "skip" is a status
+  // like every other; it ends the walk of each node around it up to the nearest entry of this kind.
+  bool may_skip = false;
 };
 
 // What every inner node has; see RequestNode.
@@ -56,7 +59,7 @@ cerrno walk_native_container(const Handler& handler, const NativeContainer& row,
                              const yfw_datatree* in, yfw_datatree* out);
 
 // Walks one list entry: marks its keys, calls the list handler, keeps the entry on the output list while its children
-// are walked. A handler's "skip" is answered as it is; the walker above turns it into 0.
+// are walked. A handler's "skip" is returned as it is; see NativeChild::may_skip.
 cerrno walk_native_list_entry(const Handler& handler, const NativeList& row, yfw_map_ctx ctx, const yfw_datatree* in,
                               yfw_datatree* out);
 

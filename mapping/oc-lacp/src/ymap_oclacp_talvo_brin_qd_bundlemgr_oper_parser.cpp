@@ -83,7 +83,7 @@ static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbund
 
 // /lacp-bundles/bundles/bundle/members
 static constexpr NativeChild kLacpbundlesBundleMembersChildren[] = {
-    {.tag = "member", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_members_member},
+    {.tag = "member", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_members_member, .may_skip = true},
 };
 static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_members, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesBundleMembersChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_members_parse_augments},
@@ -104,7 +104,7 @@ static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbund
 
 // /lacp-bundles/bundles
 static constexpr NativeChild kLacpbundlesBundlesChildren[] = {
-    {.tag = "bundle", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_bundle},
+    {.tag = "bundle", .walk = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_bundle, .may_skip = true},
 };
 static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesBundlesChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_parse_augments},

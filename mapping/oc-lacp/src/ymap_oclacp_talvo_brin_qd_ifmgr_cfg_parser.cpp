@@ -57,7 +57,7 @@ YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurati
 
 // /interface-configurations
 static constexpr NativeChild kInterfaceconfigurationsChildren[] = {
-    {.tag = "interface-configuration", .walk = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration},
+    {.tag = "interface-configuration", .walk = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration, .may_skip = true},
 };
 YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations, ymap::walk_native_container, NativeContainer{
     .node = {.ns = oclacp::kIfmgrCfg, .tree = NativeTree::kConfiguration, .children = kInterfaceconfigurationsChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_parse_augments},

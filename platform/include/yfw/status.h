@@ -41,7 +41,13 @@ typedef uint32_t cerrno;
 /* A list key carries a delete operation of its own; the request's error tag names the key. */
 #define YFW_LIST_KEY_DELETED 0xaaf2f200u
 
-/* Not an error: a container or list handler answers that its subtree needs no walk. */
+/*
+ * Not an error: a container or list handler returns it when its node needs no walk, and the walk goes on with the next
+ * node. Natively only the entries of an interface configuration, a bundle and a member can be skipped: their walkers
+ * return it to their caller, where it ends as 0. From any other function, a leaf handler or an operation of the
+ * platform, it is a status like every other and ends the walk of the nodes around; among native data it is 0 again at
+ * the caller of the nearest such entry, and the status of the entry walker where there is none.
+ */
 #define YFW_SKIP_SUBTREE 0xaaf2f600u
 
 /* An edit adds a node of another module by augmentation; the request's error tag names it. */

@@ -124,12 +124,29 @@ TEST_F(NativeContainerWalker, FirstChildThatFailsEndsTheWalkWithItsCode) {
   expect_nothing_left(request);
 }
 
-TEST_F(NativeContainerWalker, ChildThatIsSkippedCountsAsSuccess) {
-  Request request(node({container("second"), leaf("first")}));
-  log.answers["second"] = {YFW_SKIP_SUBTREE};
-  EXPECT_EQ(walk_config(request), YFW_OK);
-  EXPECT_THAT(visited(), ElementsAre("handler", "second", "first"));
-  EXPECT_EQ(platform.traced("config_top", "End"), 1U);
+TEST_F(NativeContainerWalker, EntryThatIsSkipped_IsDoneAndTheNextChildIsWalked) {
+  Request request(node({container("third"), leaf("first")}));
+  log.answers["third"] = {YFW_SKIP_SUBTREE};
+  EXPECT_EQ(walk_oper(request), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "third", "first"));
+  EXPECT_EQ(platform.traced("oper_top", "End"), 1U);
+}
+
+TEST_F(NativeContainerWalker, SkipOfAnyOtherChild_IsAStatusThatEndsTheWalk) {
+  for (const bool config : {true, false}) {
+    for (const char* const child : {"first", "second", "augments"}) {
+      SCOPED_TRACE(child);
+      log = {};
+      log.answers[child] = {YFW_SKIP_SUBTREE};
+      Node skipped = child == std::string("augments") ? leaf("foreign").in("urn:other") : leaf(child);
+      Request request(node({std::move(skipped), container("third")}));
+      EXPECT_EQ(config ? walk_config(request) : walk_oper(request), YFW_SKIP_SUBTREE);
+      EXPECT_THAT(visited(), ElementsAre("handler", child));
+      expect_nothing_left(request);
+    }
+  }
+  EXPECT_EQ(platform.traced("config_top", "End"), 3U);
+  EXPECT_EQ(platform.traced("oper_top", "End"), 3U);
 }
 
 TEST_F(NativeContainerWalker, ChildWithoutTagMakesTheTreeMalformedAndEndsTheWalk) {

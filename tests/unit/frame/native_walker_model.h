@@ -1,5 +1,5 @@
-// Rows of native walkers over the model of walker_model.h: a container and a list entry with a leaf "first" and an
-// inner node "second", once as configuration and once as operational data.
+// Rows of native walkers over the model of walker_model.h: a container and a list entry with a leaf "first", an inner
+// node "second" and an entry "third" that may be skipped, once as configuration and once as operational data.
 #pragma once
 
 #include "frame/native_walker.h"
@@ -10,6 +10,7 @@ namespace model {
 inline constexpr ymap::NativeChild kNativeChildren[] = {
     {.tag = "first", .walk = first, .is_leaf = true},
     {.tag = "second", .walk = second},
+    {.tag = "third", .walk = third, .may_skip = true},
 };
 inline constexpr const char* kNativeKeys[] = {"id", "class"};
 

@@ -48,6 +48,9 @@ inline cerrno first(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* /*out
 inline cerrno second(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* /*out*/) {
   return visit("second", ctx, in);
 }
+inline cerrno third(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* /*out*/) {
+  return visit("third", ctx, in);
+}
 inline cerrno status(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* /*out*/) {
   return visit("status", ctx, in);
 }

@@ -178,6 +178,31 @@ TEST_F(InterfaceConfiguration, EntryOfALongNameIsFoundByTheNameAsItWasCut) {
   EXPECT_EQ(platform.additions()[0].key, "name=" + std::string(199, 'x'));
 }
 
+TEST_F(InterfaceConfiguration, SkipFromALeafBelowAContainer_EndsItsEntryAndTheNextIsWalked) {
+  platform.script("yfw_map_datatree_add_path_flagged", 1, YFW_SKIP_SUBTREE, "/config/lacp-mode\"");
+  EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1", {lacp(), container("dampening")}),
+                             entry("act", "Bundle-Ether2", {lacp()})}),
+            YFW_OK);
+  EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/config/interval=FAST").Times(1));
+  EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/name=Bundle-Ether2"));
+  EXPECT_EQ(platform.traced("ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration",
+                            "Processing tag 'dampening'"),
+            0U);
+}
+
+TEST_F(InterfaceConfiguration, SkipFromAnMtuEntry_EndsTheInterfacesEntryToo) {
+  platform.script("yfw_map_update_current_list_node", 1, YFW_SKIP_SUBTREE, "/mtus/mtu\"");
+  EXPECT_EQ(
+      walk_interfaces(
+          {entry("act", "Bundle-Ether1",
+                 {container("mtus", {container("mtu", {leaf("owner", "a")}), container("mtu", {leaf("owner", "b")})}),
+                  lacp()}),
+           entry("act", "Bundle-Ether2", {lacp()})}),
+      YFW_OK);
+  EXPECT_EQ(platform.traced("ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_mtus_mtu", "Start"), 1U);
+  EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/config/interval=FAST").Times(1));
+}
+
 TEST_F(InterfaceConfiguration, OptionsKeepModeAndIntervalBackAlone) {
   platform.descriptor().options_638 = 0x06;
   platform.descriptor().option_mode = YFW_OPTION_MODE_SUPPRESS;
@@ -201,6 +226,16 @@ TEST_F(GlobalLacp, PriorityIsReportedUnlessOptionsKeepItBack) {
   platform.descriptor().option_mode = YFW_OPTION_MODE_SUPPRESS;
   EXPECT_EQ(run(), YFW_OK);
   EXPECT_EQ(platform.additions().size(), 2U);
+}
+
+TEST_F(GlobalLacp, SkipFromItsLeaf_IsTheStatusOfTheWalk) {
+  platform.script("yfw_map_datatree_add_path_flagged", 1, YFW_SKIP_SUBTREE);
+  EXPECT_EQ(walk(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp,
+                 container("lacp", {leaf("system-priority", "100"), leaf("system-priority", "200")})
+                     .in(support::kBundlemgrCfg),
+                 YFW_REQUEST_READ_CONFIG),
+            YFW_SKIP_SUBTREE);
+  EXPECT_THAT(added(), IsEmpty());
 }
 
 TEST_F(GlobalLacp, ContainersOwnTagIsNotLookedAt) {
@@ -266,6 +301,33 @@ TEST_F(Bundles, ModeIsThatOfTheBundleThatIsWalked) {
   EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1"), passive}), YFW_OK);
   EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/state/lacp-mode=ACTIVE").Times(1));
   EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/state/lacp-mode=PASSIVE").Times(1));
+}
+
+TEST_F(Bundles, SkipFromALeafBelowAContainer_EndsItsBundleAndTheNextIsWalked) {
+  platform.script("yfw_map_datatree_add_path_flagged", 1, YFW_SKIP_SUBTREE, "/state/system-priority\"");
+  EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1"), bundle("Bundle-Ether2")}), YFW_OK);
+  EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/state/lacp-mode=ACTIVE").Times(1));
+  EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/members/member").Times(1));
+  EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/state/name=Bundle-Ether2"));
+}
+
+TEST_F(Bundles, SkipFromALeafBelowAMember_EndsThatMemberAlone) {
+  Node one = bundle("Bundle-Ether1");
+  one.children[2].children.push_back(one.children[2].children[0]);
+  platform.script("yfw_map_datatree_add_path_flagged", 1, YFW_SKIP_SUBTREE, "/lacp-unknown-errors\"");
+  EXPECT_EQ(walk_bundles({one}), YFW_OK);
+  EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/members/member").Times(2));
+  EXPECT_THAT(added(), Contains(HasSubstr("/last-change=")).Times(1)) << "that of the second member";
+}
+
+TEST_F(DeviceIdentity, SkipFromItsLeaf_IsTheStatusOfTheWalk) {
+  platform.script("yfw_map_datatree_add_path_flagged", 1, YFW_SKIP_SUBTREE);
+  EXPECT_EQ(walk_data(container(
+                "global",
+                {container("system-id", {container("system-id", {leaf("system-prio", "1"), leaf("system-prio", "2")}),
+                                         container("system-id", {leaf("system-prio", "3")})})})),
+            YFW_SKIP_SUBTREE);
+  EXPECT_THAT(added(), IsEmpty());
 }
 
 TEST_F(DeviceIdentity, PriorityIsReportedAndTheAddressIsNot) {
