@@ -17,6 +17,8 @@ void require_marks_as_found(const yfw_request_state& state) {
   require(state.key_pending == YFW_KEY_PENDING_NONE, "the key-pending mark stays set");
   require(state.replace_flags == 0, "a replace flag stays set");
   require(state.replace_restore == 0, "the replace-restore mark stays set");
+  require(state.current_list_node == nullptr, "the slot of the current list node stays filled");
+  for (const char c : state.interface_name) require(c == '\0', "the interface-name buffer stays filled");
   require(state.output_list_count == 0, "the output list's count stays");
 }
 

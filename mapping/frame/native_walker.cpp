@@ -69,6 +69,24 @@ bool mark_keys(const NativeList& row, const yfw_datatree& entry, unsigned int co
   return found;
 }
 
+// What the handlers of an entry leave in the request for those of its children; it ends with the entry's walk.
+class EntryState {
+ public:
+  EntryState(const NativeList& row, yfw_request_state& request)
+      : row_(row), request_(request), found_(request.current_list_node) {}
+  ~EntryState() {
+    if (row_.restores_list_slot) request_.current_list_node = found_;
+    if (row_.clears_interface_name) std::ranges::fill(request_.interface_name, '\0');
+  }
+  EntryState(const EntryState&) = delete;
+  EntryState& operator=(const EntryState&) = delete;
+
+ private:
+  const NativeList& row_;
+  yfw_request_state& request_;
+  yfw_datatree* found_;
+};
+
 // The entry's walk inside the hierarchy. The output list holds the entry while its children are walked, and also after
 // a list handler that failed.
 class ListEntryWalk {
@@ -139,6 +157,7 @@ cerrno walk_native_list_entry(const Handler& handler, const NativeList& row, yfw
                               yfw_datatree* out) {
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
+  const EntryState state(row, *ctx->request);
   const std::optional<unsigned int> count = child_count_of(*in);
   if (!count) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
   // In operational data an entry without children is told and walked all the same.

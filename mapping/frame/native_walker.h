@@ -43,6 +43,8 @@ struct NativeList {
   const char* path;                   // of the list, without keys
   std::span<const char* const> keys;  // the key leaves' tags
   NodeHandler* handler;
+  bool restores_list_slot = false;     // the request's current list node is that of this entry alone
+  bool clears_interface_name = false;  // and so is its interface name
 };
 
 // A node that a module adds to another's by augmentation: the one tag that is expected there, and its walker.
@@ -59,7 +61,8 @@ cerrno walk_native_container(const Handler& handler, const NativeContainer& row,
                              const yfw_datatree* in, yfw_datatree* out);
 
 // Walks one list entry: marks its keys, calls the list handler, keeps the entry on the output list while its children
-// are walked. A handler's "skip" is returned as it is; see NativeChild::may_skip.
+// are walked. A handler's "skip" is returned as it is; see NativeChild::may_skip. What the row says is the entry's
+// alone is restored, or cleared, on every way out.
 cerrno walk_native_list_entry(const Handler& handler, const NativeList& row, yfw_map_ctx ctx, const yfw_datatree* in,
                               yfw_datatree* out);
 

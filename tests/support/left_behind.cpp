@@ -1,5 +1,7 @@
 #include "support/left_behind.h"
 
+#include <algorithm>
+
 namespace support {
 namespace {
 
@@ -41,6 +43,9 @@ std::vector<std::string> left_behind(Platform& platform, const Request& request,
   check(sentences, state.key_pending == 0, "the key-pending mark is left");
   check(sentences, state.replace_flags == 0, "replace flags are left");
   check(sentences, state.replace_restore == 0, "the replace-restore mark is left");
+  check(sentences, state.current_list_node == nullptr, "the slot of the current list node is left filled");
+  check(sentences, std::ranges::all_of(state.interface_name, [](char c) { return c == '\0'; }),
+        "the interface-name buffer is left filled");
   check(sentences, state.error_tag == nullptr || seen.copies.count(state.error_tag) != 0, "the error tag is dead");
   check(sentences, seen.copies.size() == (state.error_tag == nullptr ? 0 : 1), "a copy is lost");
   const std::size_t open = store == Store::kLeftOpen ? 1 : 0;

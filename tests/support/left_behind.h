@@ -13,8 +13,8 @@ namespace support {
 enum class Store { kReleased, kLeftOpen };
 
 // Everything that was left behind, a sentence each: misuses of the contract, nodes on the hierarchy, children on the
-// itree stack, marks of the request, changed node fields, a dead error tag, copies that nobody can free, data-store
-// lists and connections.
+// itree stack, marks and scratch of the request, changed node fields, a dead error tag, copies that nobody can free,
+// data-store lists and connections.
 //
 // One change is no complaint: an interface entry that was deleted keeps the working operation, or none at all when the
 // data store was left open.

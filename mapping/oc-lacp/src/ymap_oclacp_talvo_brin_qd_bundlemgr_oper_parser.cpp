@@ -100,7 +100,8 @@ static YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbund
     .node = {.ns = oclacp::kBundlemgrOper, .tree = NativeTree::kOperational, .children = kLacpbundlesBundlesBundleChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_bundle_parse_augments},
     .path = "/lacp-bundles/bundles/bundle",
     .keys = kLacpbundlesBundlesBundleKeys,
-    .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle})
+    .handler = ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle,
+    .restores_list_slot = true})
 
 // /lacp-bundles/bundles
 static constexpr NativeChild kLacpbundlesBundlesChildren[] = {

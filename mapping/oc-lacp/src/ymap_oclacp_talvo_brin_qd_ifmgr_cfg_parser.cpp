@@ -53,7 +53,9 @@ YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurati
     .node = {.ns = oclacp::kIfmgrCfg, .tree = NativeTree::kConfiguration, .children = kInterfaceconfigurationsInterfaceconfigurationChildren, .parse_augments = ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments},
     .path = "/interface-configurations/interface-configuration",
     .keys = kInterfaceconfigurationsInterfaceconfigurationKeys,
-    .handler = ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfigurations_interfaceconfiguration})
+    .handler = ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfigurations_interfaceconfiguration,
+    .restores_list_slot = true,
+    .clears_interface_name = true})
 
 // /interface-configurations
 static constexpr NativeChild kInterfaceconfigurationsChildren[] = {

@@ -110,11 +110,14 @@ typedef struct yfw_key_gate {
 /*
  * The framework's state of one request.
  *
- * `current_list_node` is filled by yfw_map_search_or_add_list() and never reset by a module, also not for an input
- * entry that it reports nothing for: the leaves of a sub-interface bundle are still added, after no entry was found for
- * it. An output entry is therefore current only until the next yfw_map_update_current_list_node() for the same input
- * list or until that list is left; a framework that went by the slot alone would place those leaves in the neighbour's
- * entry. What is then added below the list belongs to an entry without keys.
+ * `current_list_node` and `interface_name` are scratch of the native walkers: what the handlers of a list entry leave
+ * for those of its children. yfw_map_search_or_add_list() fills the slot, and a handler that deletes an entry passes
+ * its address as the extra word of the addition; the handlers of an interface's entry and name fill the name. When the
+ * walk of an interface-configuration entry ends, on success or failure, the slot is what it was when the walk of the
+ * entry began and all of `interface_name` is zero; at the end of a bundle entry the slot is restored as well. So no
+ * output entry outlives the input entry that it was found or created for, and a framework need not close it. Below a
+ * sub-interface bundle, for which none is found or created, leaves are added all the same: they belong to an entry
+ * without keys. A handler that is called by itself, without the walker of its entry, leaves what it filled.
  *
  * The framework clears every mark before it calls an entry walker. A module puts the marks back as it found them; the
  * filter bits, `deletion_done`, `request_flags` and the error tag are results and stay.
@@ -131,8 +134,8 @@ typedef struct yfw_request_state {
   uint32_t request_flags;   /* YFW_REQUEST_* */
   yfw_key_gate key_gate;    /* reads: with a word other than 0 and a level below 3, interface keys are not asked for */
   uint32_t output_list_count;      /* entries of the output list, kept by the framework */
-  yfw_datatree* current_list_node; /* slot: the output list entry that was found or created last; see below */
-  char interface_name[YFW_INTERFACE_NAME_CAPACITY]; /* scratch: the interface that is walked, NUL-terminated */
+  yfw_datatree* current_list_node; /* slot: the output list entry of the native entry that is walked; see above */
+  char interface_name[YFW_INTERFACE_NAME_CAPACITY]; /* scratch: the interface that is walked; see above */
 } yfw_request_state;
 
 /* A debug-log stream and a trace buffer; opaque to the module. */

@@ -53,8 +53,8 @@ void yfw_map_remove_from_node_hierarchy(yfw_map_ctx ctx, const yfw_datatree* nod
 
 /*
  * Tells which list, by its absolute path without keys, the keys that follow belong to: the walk has come to the next
- * entry of it. That also closes the output entries that were opened, found or created under the entry before; see
- * `current_list_node` in yfw/context.h. After a failure no list handler and no child of the entry is called.
+ * entry of it. That also closes the output entries that were opened by an addition with the list flag under the entry
+ * before. After a failure no list handler and no child of the entry is called.
  */
 cerrno yfw_map_update_current_list_node(yfw_map_ctx ctx, const char* list_path);
 
@@ -107,8 +107,8 @@ cerrno yfw_map_datatree_add_path_flagged(yfw_map_ctx ctx, yfw_datatree* output, 
 
 /*
  * Finds the output list entry whose key leaf `key_name` has the value `key_value`, or creates it, and stores it in
- * `*entry`, which is the request's `current_list_node`. The leaves below `list_path` that are added after that belong
- * to it until it is closed.
+ * `*entry`, which is the request's `current_list_node`. The leaves below `list_path` that are added while it is there
+ * belong to it; the walker of the input entry takes it out again.
  */
 cerrno yfw_map_search_or_add_list(yfw_map_ctx ctx, yfw_datatree* output, yfw_datatree** entry, const char* list_path,
                                   const char* key_value, const char* key_name, const char* ns);

@@ -18,6 +18,8 @@ using testing::IsEmpty;
 YMAP_DEFINE_HANDLER(config_entry, ymap::walk_native_list_entry, model::kConfigList)
 YMAP_DEFINE_HANDLER(oper_entry, ymap::walk_native_list_entry, model::kOperList)
 
+YMAP_DEFINE_HANDLER(scratch_entry, ymap::walk_native_list_entry, model::kScratchList)
+
 constexpr char kNoKeys[] = "No keys specified with a list node.";
 
 Node entry(std::vector<Node> children) {
@@ -289,6 +291,78 @@ TEST_F(NativeListWalker, OperationalChildrenAreWalkedInTheirReadOnly) {
     log = {};
     EXPECT_EQ(walk_oper(request, operation), YFW_OK);
     EXPECT_THAT(visited(), ElementsAre("handler")) << "operation " << operation;
+  }
+}
+
+// The slot and the name as a handler leaves them.
+yfw_datatree slot_of_handler;
+void fill_scratch(yfw_map_ctx ctx) {
+  ctx->request->current_list_node = &slot_of_handler;
+  std::ranges::fill(ctx->request->interface_name, 'n');
+}
+bool is_name_zero(const yfw_request_state& state) {
+  return std::ranges::all_of(state.interface_name, [](char c) { return c == '\0'; });
+}
+
+// One way in which the walk of an entry ends.
+struct Ending {
+  const char* description;
+  cerrno status;
+  std::map<std::string, std::vector<cerrno>> answers;
+  cerrno update_of_list_node = YFW_OK;
+  bool has_key = true;
+  bool has_child_array = true;
+};
+
+TEST_F(NativeListWalker, ScratchOfAnEntry_IsTakenBackHoweverItsWalkEnds) {
+  const std::vector<Ending> endings = {
+      {.description = "success", .status = YFW_OK, .answers = {}},
+      {.description = "the list handler skips",
+       .status = YFW_SKIP_SUBTREE,
+       .answers = {{"handler", {YFW_SKIP_SUBTREE}}}},
+      {.description = "the list handler fails", .status = 0x77, .answers = {{"handler", {0x77}}}},
+      {.description = "a child fails", .status = 0x77, .answers = {{"second", {0x77}}}},
+      {.description = "no current list node", .status = 0x77, .answers = {}, .update_of_list_node = 0x77},
+      {.description = "no keys", .status = YFW_MALFORMED_TREE, .answers = {}, .has_key = false},
+      {.description = "no children", .status = YFW_MALFORMED_TREE, .answers = {}, .has_child_array = false}};
+  for (const Ending& ending : endings) {
+    SCOPED_TRACE(ending.description);
+    support::Platform own;
+    log = {.visits = {}, .answers = ending.answers, .actions = {{"handler", fill_scratch}}};
+    if (ending.update_of_list_node != YFW_OK) {
+      own.script("yfw_map_update_current_list_node", 1, ending.update_of_list_node);
+    }
+    Request request(entry({leaf(ending.has_key ? "id" : "first", "a"), container("second")}));
+    if (!ending.has_child_array) request.root()->children = nullptr;
+    yfw_datatree found{};
+    own.state().current_list_node = &found;
+    std::ranges::fill(own.state().interface_name, 'x');
+    EXPECT_EQ(scratch_entry(own.ctx(), request.root(), own.output()), ending.status);
+    EXPECT_EQ(own.state().current_list_node, &found);
+    EXPECT_TRUE(is_name_zero(own.state()));
+  }
+}
+
+TEST_F(NativeListWalker, ScratchOfAnEntry_IsThereForItsChildren) {
+  Request request(entry({leaf("id", "a"), container("second")}));
+  log.actions["handler"] = fill_scratch;
+  log.actions["second"] = [](yfw_map_ctx ctx) {
+    EXPECT_EQ(ctx->request->current_list_node, &slot_of_handler);
+    EXPECT_EQ(ctx->request->interface_name[0], 'n');
+  };
+  EXPECT_EQ(scratch_entry(platform.ctx(), request.root(), platform.output()), YFW_OK);
+  EXPECT_THAT(visited(), ElementsAre("handler", "second"));
+}
+
+TEST_F(NativeListWalker, ScratchThatIsNotTheEntrysOwn_IsLeftAlone) {
+  for (const bool config : {true, false}) {
+    Request request(entry({leaf("id", "a")}));
+    log = {};
+    log.actions["handler"] = fill_scratch;
+    platform.state().current_list_node = nullptr;
+    EXPECT_EQ(walk(config, request), YFW_OK);
+    EXPECT_EQ(platform.state().current_list_node, &slot_of_handler);
+    EXPECT_FALSE(is_name_zero(platform.state()));
   }
 }
 

@@ -23,6 +23,13 @@ inline constexpr ymap::NativeContainer kConfigContainer{.node = kConfigNode, .ha
 inline constexpr ymap::NativeContainer kOperContainer{.node = kOperNode, .handler = handler};
 inline constexpr ymap::NativeList kConfigList{
     .node = kConfigNode, .path = kListPath, .keys = kNativeKeys, .handler = list_handler};
+// An entry whose list slot and interface name are its own.
+inline constexpr ymap::NativeList kScratchList{.node = kConfigNode,
+                                               .path = kListPath,
+                                               .keys = kNativeKeys,
+                                               .handler = list_handler,
+                                               .restores_list_slot = true,
+                                               .clears_interface_name = true};
 inline constexpr ymap::NativeList kOperList{
     .node = kOperNode, .path = kListPath, .keys = kNativeKeys, .handler = list_handler};
 

@@ -1,5 +1,7 @@
 // Whole walks of native data: what reaches OpenConfig, and what does not.
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "oclacp/native_config.h"
 #include "oclacp/native_oper.h"
@@ -203,6 +205,31 @@ TEST_F(InterfaceConfiguration, SkipFromAnMtuEntry_EndsTheInterfacesEntryToo) {
   EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/config/interval=FAST").Times(1));
 }
 
+TEST_F(InterfaceConfiguration, AfterItsEntry_SlotIsAsItWasFoundAndTheNameIsZero) {
+  yfw_datatree found{};
+  platform.state().current_list_node = &found;
+  std::ranges::fill(platform.state().interface_name, 'x');
+  Request request(entry("act", "Bundle-Ether1", {lacp()}).in(support::kIfmgrCfg));
+  platform.script("yfw_map_datatree_add_path_flagged", 3, 0x77);
+  EXPECT_EQ(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration(
+                platform.ctx(), request.root(), platform.output()),
+            0x77U);
+  EXPECT_EQ(platform.count("yfw_map_search_or_add_list"), 1U);
+  EXPECT_EQ(platform.state().current_list_node, &found);
+  EXPECT_TRUE(std::ranges::all_of(platform.state().interface_name, [](char c) { return c == '\0'; }));
+}
+
+TEST_F(InterfaceConfiguration, OfAnMtu_LeavesTheScratchOfItsInterface) {
+  platform.before("yfw_map_datatree_add_path_flagged", 2, [this] {
+    EXPECT_NE(platform.state().current_list_node, nullptr);
+    EXPECT_STREQ(platform.state().interface_name, "Bundle-Ether1");
+  });
+  EXPECT_EQ(walk_interfaces(
+                {entry("act", "Bundle-Ether1", {container("mtus", {container("mtu", {leaf("owner", "a")})}), lacp()})}),
+            YFW_OK);
+  EXPECT_EQ(platform.count("yfw_map_datatree_add_path_flagged"), 5U);
+}
+
 TEST_F(InterfaceConfiguration, OptionsKeepModeAndIntervalBackAlone) {
   platform.descriptor().options_638 = 0x06;
   platform.descriptor().option_mode = YFW_OPTION_MODE_SUPPRESS;
@@ -301,6 +328,34 @@ TEST_F(Bundles, ModeIsThatOfTheBundleThatIsWalked) {
   EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1"), passive}), YFW_OK);
   EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/state/lacp-mode=ACTIVE").Times(1));
   EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/state/lacp-mode=PASSIVE").Times(1));
+}
+
+TEST_F(Bundles, SlotIsThatOfTheBundleThatIsWalked) {
+  yfw_datatree found{};
+  platform.state().current_list_node = &found;
+  platform.set_operation(YFW_REQUEST_READ_STATE);
+  Request request(container("lacp-bundles", {container("bundles", {bundle("Bundle-Ether1"), bundle("Bundle-Ether1.100"),
+                                                                   bundle("Bundle-Ether2")})})
+                      .in(support::kBundlemgrOper));
+  std::vector<bool> is_own;
+  for (unsigned nth = 1; nth <= 3; ++nth) {
+    platform.before("yfw_map_update_current_list_node", 2 * nth,
+                    [&] { is_own.push_back(platform.state().current_list_node != &found); });
+  }
+  EXPECT_EQ(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles(platform.ctx(), request.root(), platform.output()),
+            YFW_OK);
+  EXPECT_THAT(is_own, ElementsAre(true, false, true)) << "below the sub-interface none was found or created";
+  EXPECT_EQ(platform.state().current_list_node, &found);
+}
+
+TEST_F(Bundles, InterfaceNameIsNoneOfTheirs) {
+  std::ranges::fill(platform.state().interface_name, 'x');
+  platform.set_operation(YFW_REQUEST_READ_STATE);
+  Request request(
+      container("lacp-bundles", {container("bundles", {bundle("Bundle-Ether1")})}).in(support::kBundlemgrOper));
+  EXPECT_EQ(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles(platform.ctx(), request.root(), platform.output()),
+            YFW_OK);
+  EXPECT_EQ(platform.state().interface_name[0], 'x');
 }
 
 TEST_F(Bundles, SkipFromALeafBelowAContainer_EndsItsBundleAndTheNextIsWalked) {
