@@ -209,6 +209,7 @@ TEST_F(InterfaceConfiguration, AfterItsEntry_SlotIsAsItWasFoundAndTheNameIsZero)
   yfw_datatree found{};
   platform.state().current_list_node = &found;
   std::ranges::fill(platform.state().interface_name, 'x');
+  platform.node_info["/interface-configurations/interface-configuration/interface-name"] = "Bundle-Ether1";
   Request request(entry("act", "Bundle-Ether1", {lacp()}).in(support::kIfmgrCfg));
   platform.script("yfw_map_datatree_add_path_flagged", 3, 0x77);
   EXPECT_EQ(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration(

@@ -1,4 +1,5 @@
 // The leaf handlers of the native side, row by row.
+#include <algorithm>
 #include <string>
 
 #include "unit/module_test.h"
@@ -32,6 +33,8 @@ Outcome run(const NativeLeaf& leaf, std::uint32_t operation = YFW_REQUEST_READ_S
   if (addition_status != YFW_OK) platform.script("yfw_map_datatree_add_path_flagged", 0, addition_status);
   Request request(support::leaf(nodes::tag_of(leaf.path), value_for(leaf)));
   const cerrno status = leaf.handler.function(platform.ctx(), request.root(), platform.output());
+  // Without the walker of its entry, the handler of an interface's name leaves it in the scratch buffer.
+  std::ranges::fill(platform.state().interface_name, '\0');
   EXPECT_EQ(support::left_behind(platform, request), std::vector<std::string>{});
   return {status, platform.additions(), platform.trace()};
 }
