@@ -7,9 +7,8 @@ namespace ymap {
 
 // A native leaf whose value is reported as it is, to one OpenConfig leaf or to two.
 struct NativeLeaf {
-  const char* target;  // absolute OpenConfig path without keys; its addition's status is the handler's
+  const char* targets[2];  // absolute OpenConfig paths without keys; the status of the last addition is the handler's
   const char* ns;
-  const char* also = nullptr;  // a second target, added first; what becomes of it is not looked at
   int list_flag = 0;
   int last_flag = 0;
 };

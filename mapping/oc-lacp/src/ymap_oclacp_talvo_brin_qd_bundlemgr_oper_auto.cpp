@@ -1,44 +1,70 @@
 // The handlers of the native operational data that have nothing to do, and those of its leaves.
 #include "frame/native_handlers.h"
 #include "frame/request_handlers.h"
+#include "leaf_rows.h"
 #include "models.h"
 #include "oclacp/native_oper.h"
 
-using oclacp::kOpenconfigLacp;
-using ymap::ConvertedLeaf;
-using ymap::NativeLeaf;
+using namespace oclacp;  // NOLINT(google-build-using-namespace): the names that the rows use
+
+namespace {
+
+consteval ymap::NativeLeaf copied(const NativeLeafRow& row) {
+  if (row.targets[2]) row_error::leaf_is_copied_to_more_than_two_targets();
+  ymap::NativeLeaf leaf{.targets = {}, .ns = kOpenconfigLacp};
+  for (std::size_t i = 0; i < 2 && row.targets[i]; ++i) leaf.targets[i] = *row.targets[i];
+  return leaf;
+}
+
+}  // namespace
+
+#define OCLACP_NO_OP_CONTAINER(NAME) YMAP_DEFINE_CONTAINER_HANDLER(NAME, ymap::no_op)
+#define OCLACP_AUGMENTS(NAME) YMAP_DEFINE_SIMPLE_HANDLER(NAME, ymap::refuse_added_augment)
 
 // clang-format off
 
 // Containers: nothing to add
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundlesystemid_systemmacaddr, ymap::no_op)
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_data_bundlesystemid, ymap::no_op)
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundle_data, ymap::no_op)
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_member_counters, ymap::no_op)
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_member_linkdata, ymap::no_op)
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundle_members, ymap::no_op)
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundles, ymap::no_op)
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles, ymap::no_op)
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_systemid_systemmacaddr, ymap::no_op)
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_systemid_systemid, ymap::no_op)
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_global_systemid, ymap::no_op)
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_global, ymap::no_op)
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata, ymap::no_op)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundlesystemid_systemmacaddr)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_data_bundlesystemid)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundle_data)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_member_counters)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_member_linkdata)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundle_members)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundles)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_systemid_systemmacaddr)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_systemid_systemid)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_global_systemid)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata_global)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpdata)
+
+// Children of foreign namespaces
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundlesystemid_systemmacaddr_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_data_bundlesystemid_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_data_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_counters_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_member_linkdata_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_members_member_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundle_members_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_bundle_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_bundles_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemmacaddr_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_systemid_systemid_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_systemid_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_parse_augments)
+OCLACP_AUGMENTS(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_parse_augments)
 
 // Known nodes without a mapping
-YMAP_DEFINE_CONTAINER_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_container, ymap::no_op)
+OCLACP_NO_OP_CONTAINER(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_container)
 YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_list, ymap::no_op)
 YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_leaf, ymap::no_op)
 
 // clang-format on
 
 // Leaf handlers
-#define OCLACP_NATIVE_COPY(NODE, HANDLER, TARGET) \
-  YMAP_DEFINE_HANDLER(HANDLER, ymap::report_leaf, NativeLeaf{.target = TARGET, .ns = kOpenconfigLacp})
-#define OCLACP_NATIVE_COPY_TWICE(NODE, HANDLER, FIRST, TARGET) \
-  YMAP_DEFINE_HANDLER(HANDLER, ymap::report_leaf, NativeLeaf{.target = TARGET, .ns = kOpenconfigLacp, .also = FIRST})
-#define OCLACP_NATIVE_CONVERTED(NODE, HANDLER, CONVERTER, TARGET) \
-  YMAP_DEFINE_HANDLER(HANDLER, ymap::handle_converted_leaf, ConvertedLeaf{.converter = CONVERTER})
-#define OCLACP_NATIVE_HANDWRITTEN(NODE, HANDLER, ...)
-#define OCLACP_NATIVE_SILENT(NODE, HANDLER) YMAP_DEFINE_SIMPLE_HANDLER(HANDLER, ymap::no_op)
-#include "ymap_oclacp_talvo_brin_qd_bundlemgr_oper_leaves.inc"
+#define OCLACP_COPIED_LEAF(HANDLER, ...) YMAP_DEFINE_HANDLER(HANDLER, ymap::report_leaf, copied(__VA_ARGS__))
+#define OCLACP_CONVERTED_LEAF(HANDLER, CONVERTER, ...) \
+  YMAP_DEFINE_HANDLER(HANDLER, ymap::handle_converted_leaf, ymap::ConvertedLeaf{.converter = CONVERTER})
+#define OCLACP_SILENT_LEAF(HANDLER, ...) YMAP_DEFINE_SIMPLE_HANDLER(HANDLER, ymap::no_op)
+#include "ymap_oclacp_talvo_brin_qd_bundlemgr_oper_nodes.inc"

@@ -125,9 +125,9 @@ YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lac
 YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actorportstate, report_port_state)
 // The member's name is the key of its entry, and a leaf of its state.
 YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_member_memberinterface, ymap::report_leaf, NativeLeaf{
-    .target = "/lacp/interfaces/interface/members/member/state/interface",
+    .targets = {"/lacp/interfaces/interface/members/member/interface",
+                "/lacp/interfaces/interface/members/member/state/interface"},
     .ns = kOpenconfigLacp,
-    .also = "/lacp/interfaces/interface/members/member/interface",
     .list_flag = 1,
     .last_flag = 1})
 

@@ -86,14 +86,11 @@ cerrno hand_to_augment(const Handler& handler, yfw_map_ctx ctx, const yfw_datatr
 // clang-format off
 
 YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfigurations_interfaceconfiguration, map_interface_entry)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_leaf_lvla_interfaceconfigurations_interfaceconfiguration_interfacename, map_interface_name)
 YMAP_DEFINE_SIMPLE_HANDLER(qd_to_oc_interface_name_leaf_cb, map_interface_name)
 YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments, hand_to_augment)
 
 // clang-format on
-
-// Leaf handlers
-#define OCLACP_NATIVE_INTERFACE_NAME(NODE, HANDLER, ...) YMAP_DEFINE_SIMPLE_HANDLER(HANDLER, map_interface_name)
-#include "ymap_oclacp_talvo_brin_qd_ifmgr_cfg_leaves.inc"
 
 cerrno get_intf_name_from_tree(yfw_map_ctx ctx, const char** name) {
   return yfw_map_get_node_info(ctx, oclacp::kInterfaceConfiguration, "interface-name", name);

@@ -12,9 +12,9 @@ constexpr char kTarget[] = "/oc/target";
 constexpr char kAlso[] = "/oc/also";
 constexpr char kNs[] = "urn:oc";
 
-YMAP_DEFINE_HANDLER(plain_leaf, ymap::report_leaf, ymap::NativeLeaf{.target = kTarget, .ns = kNs})
+YMAP_DEFINE_HANDLER(plain_leaf, ymap::report_leaf, ymap::NativeLeaf{.targets = {kTarget}, .ns = kNs})
 YMAP_DEFINE_HANDLER(double_leaf, ymap::report_leaf,
-                    ymap::NativeLeaf{.target = kTarget, .ns = kNs, .also = kAlso, .list_flag = 1, .last_flag = 1})
+                    ymap::NativeLeaf{.targets = {kAlso, kTarget}, .ns = kNs, .list_flag = 1, .last_flag = 1})
 
 class NativeHandlers : public support::ModuleTest {
  protected:
