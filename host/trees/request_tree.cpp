@@ -267,6 +267,12 @@ void RequestTree::fill_leaf(yfw_datatree& node, const NodeInfo& info) {
 
 uint32_t RequestTree::operation_of(const yfw_datatree& node, const NodeInfo& info) {
   const char* found = nullptr;
+  const auto take = [&](const char* operation) {
+    if (found != nullptr) {
+      throw Error(node_path(&node) + ": its operation is named twice");
+    }
+    found = operation;
+  };
   if (const lyd_node_opaq* opaque = as_opaque(info.data); opaque != nullptr) {
     for (const lyd_attr* attribute = opaque->attr; attribute != nullptr; attribute = attribute->next) {
       const char* owner = attribute->format == LY_VALUE_XML ? operation_module_->ns : operation_module_->name;
@@ -274,14 +280,14 @@ uint32_t RequestTree::operation_of(const yfw_datatree& node, const NodeInfo& inf
           std::strcmp(attribute->name.name, "operation") != 0) {
         throw Error(node_path(&node) + ": attribute '" + attribute->name.name + "' is not understood");
       }
-      found = attribute->value;
+      take(attribute->value);
     }
   } else if (info.data != nullptr) {
     for (const lyd_meta* meta = info.data->meta; meta != nullptr; meta = meta->next) {
       if (meta->annotation->module != operation_module_) {
         throw Error(node_path(&node) + ": attribute '" + meta->name + "' is not understood");
       }
-      found = lyd_get_meta_value(meta);
+      take(lyd_get_meta_value(meta));
     }
   }
   if (found == nullptr) {

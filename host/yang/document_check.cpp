@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <string>
+#include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include "host/base/error.h"
 
@@ -69,6 +71,7 @@ class JsonScanner : Scanner {
       case '{':
       case '[':
         enter(position);
+        metadata_names_.emplace_back();
         return position + 1;
       case '}':
       case ']':
@@ -86,6 +89,7 @@ class JsonScanner : Scanner {
     if (depth_ == metadata_depth_) {
       metadata_depth_ = 0;
     }
+    metadata_names_.pop_back();
     done_ = --depth_ == 0;
   }
 
@@ -104,6 +108,10 @@ class JsonScanner : Scanner {
                              std::string(kJsonOperation) + "' is");
       }
     } else if (!content.empty() && content.front() == '@') {
+      // libyang keeps the operations of both, or complains of a leaf that is missing.
+      if (depth_ != 0 && !metadata_names_.back().insert(content).second) {
+        refuse(position, "'" + std::string(content) + "' is named twice");
+      }
       metadata_depth_ = depth_ + 1;
       const size_t object = skip_blanks(colon + 1);
       if (object == text().size() || text()[object] != '{') {
@@ -124,7 +132,8 @@ class JsonScanner : Scanner {
     return position + 1;
   }
 
-  unsigned metadata_depth_ = 0;  // depth inside an object of attributes; 0 outside
+  unsigned metadata_depth_ = 0;                                       // depth inside an object of attributes; 0 outside
+  std::vector<std::unordered_set<std::string_view>> metadata_names_;  // of the objects around the position
   bool done_ = false;
 };
 
@@ -162,6 +171,7 @@ class XmlScanner : Scanner {
 
   size_t take_start_tag(size_t begin) {
     enter(begin);
+    attributes_.clear();
     size_t position = text().find_first_of(" \t\r\n/>", begin);
     while (true) {
       position = position == std::string_view::npos ? text().size() : skip_blanks(position);
@@ -191,6 +201,9 @@ class XmlScanner : Scanner {
   }
 
   void judge(std::string_view name, size_t position) {
+    if (!attributes_.insert(name).second) {
+      refuse(position, "attribute '" + std::string(name) + "' is named twice");
+    }
     if (name == "xmlns" || name.starts_with("xmlns:")) {
       return;
     }
@@ -211,6 +224,7 @@ class XmlScanner : Scanner {
   }
 
   size_t operations_ = 0;
+  std::unordered_set<std::string_view> attributes_;  // of the tag
 };
 
 // Where the text begins that is not blank.

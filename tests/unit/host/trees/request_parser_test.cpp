@@ -133,6 +133,20 @@ TEST(RequestParser, RefusesOtherDoubledNodes) {
   EXPECT_EQ(parsed(lacp(R"("config": {}, "config": {})")), "/openconfig-lacp:lacp/config: named twice");
 }
 
+TEST(RequestParser, TwoOperationsOnOneNode_AreRefused) {
+  const std::string entry = "/openconfig-lacp:lacp/interfaces/interface[name='a']";
+  EXPECT_EQ(parsed(interface(R"("name": "a", "@": {"ietf-netconf:operation": "create",
+                                                   "ietf-netconf:operation": "create"})")),
+            entry + ": its operation is named twice");
+  EXPECT_EQ(parsed(interface(R"("name": "a", "config": {"interval": "FAST",
+                                "@interval": {"ietf-netconf:operation": "create"},
+                                "@openconfig-lacp:interval": {"ietf-netconf:operation": "merge"}})")),
+            entry + "/config/interval: its operation is named twice");
+  EXPECT_EQ(parsed(xml_interface(R"(<name>a</name><config xmlns:also="urn:ietf:params:xml:ns:netconf:base:1.0"
+                                    nc:operation="create" also:operation="delete"/>)")),
+            entry + "/config: its operation is named twice");
+}
+
 TEST(RequestParser, RefusesUnknownNodesWithTheirPath) {
   EXPECT_EQ(parsed(interface(R"("name": "a", "config": {"colour": 1})")),
             "/openconfig-lacp:lacp/interfaces/interface[name='a']/config/colour: no such node");

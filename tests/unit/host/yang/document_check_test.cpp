@@ -93,6 +93,17 @@ TEST(DocumentInfo, RefusesJsonAttributesThatWouldBeDropped) {
   EXPECT_EQ(inspected(R"({"a": {"@": {"ietf-netconf:operation": "delete"}, "operation": "x"}, "b": "@"})"), "accepted");
 }
 
+TEST(DocumentInfo, AttributesNamedTwice_AreRefused) {
+  EXPECT_EQ(inspected(R"({"b": 1, "@b": {}, "c": {"@b": {}},
+                          "@b": {}})"),
+            "the request (line 2): '@b' is named twice");
+  EXPECT_EQ(inspected(R"({"@": {}, "a": [{"@": {}}, {"@": {}}]})"), "accepted");
+  EXPECT_EQ(inspected("<a xmlns:n='y'>\n<b n:operation='merge' n:operation='merge'/></a>"),
+            "the request (line 2): attribute 'n:operation' is named twice");
+  EXPECT_EQ(inspected("<a xmlns:n='y' xmlns:n='z'/>"), "the request (line 1): attribute 'xmlns:n' is named twice");
+  EXPECT_EQ(inspected("<a xmlns:n='y' n:operation='merge'><b xmlns:n='z' n:operation='merge'/></a>"), "accepted");
+}
+
 TEST(DocumentInfo, CountsXmlOperations) {
   EXPECT_EQ(
       inspect_document(R"(<a xmlns="x" xmlns:n="y" n:operation="delete"><b n:operation='remove'/></a>)").operations,
