@@ -31,11 +31,11 @@ EntryFilter make_entry_filter(const yfw_datatree* request) {
   for (unsigned index = 0; above != nullptr && index < above->child_count; ++index) {
     const yfw_datatree& entry = above->children[index];
     const yfw_datatree* key = entry.child_count == 0 ? nullptr : &entry.children[0];
-    if (key == nullptr || !lysc_is_key(info_of(key).schema) || key->value == nullptr) {
+    if (key == nullptr || !lysc_is_key(info_of(key).schema) || requested_value(key) == nullptr) {
       return {};
     }
     wanted.list = info_of(&entry).schema;
-    wanted.keys.insert(key->value);
+    wanted.keys.insert(requested_value(key));
   }
   return wanted;
 }

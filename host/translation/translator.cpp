@@ -9,6 +9,7 @@
 #include "host/services/current_device.h"
 #include "host/translation/creation_check.h"
 #include "host/translation/loaded_mapping.h"
+#include "host/translation/module_quirks.h"
 #include "host/translation/run_walker.h"
 #include "host/trees/edit_printer.h"
 #include "host/trees/edit_tree.h"
@@ -139,6 +140,7 @@ Translation Translator::translate(const std::string& request, const Device& devi
   if (parsed.tree.operations() != 0) {
     throw Error(node_path(parsed.tree.top()) + ": a read carries no edit operations");
   }
+  name_contents_of_bare_entries(parsed.tree);
   const CurrentDevice installed(device);
   OutputLog log(parts_->native_paths, false);
   walk(parts_->module, parsed.tree, log, options);

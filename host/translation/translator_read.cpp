@@ -1,6 +1,7 @@
 // The translator's way back: from native data to OpenConfig.
 #include "host/services/current_device.h"
 #include "host/translation/loaded_mapping.h"
+#include "host/translation/module_quirks.h"
 #include "host/translation/native_reader.h"
 #include "host/translation/unmapped_leaves.h"
 #include "host/trees/path_request.h"
@@ -34,6 +35,7 @@ struct ReadRequest {
               uint32_t operation, const RecordSinks& sinks)
       : request(parse_path(context, path)), asked(native_paths, false) {
     module.require_offer();
+    name_contents_of_bare_entries(request);
     walk_request(module.request_walker(), request, operation, asked, sinks);
   }
 

@@ -1,5 +1,7 @@
 #include "host/trees/path_request.h"
 
+#include <algorithm>
+
 #include "host/base/error.h"
 #include "host/yang/path_parser.h"
 #include "host/yang/schemas.h"
@@ -85,12 +87,13 @@ class PathNodes {
 RequestTree parse_path(const ly_ctx* context, const std::string& path) {
   PathNodes nodes(context, path);
   TreePtr data = nodes.make();
-  // Asked for like this it would mean all of its entry.
-  if (nodes.ends_at_predicate()) {
-    throw Error("the path '" + path + "': leads to a node that is given its value already");
-  }
   RequestTree tree(context, std::move(data));
   require_served_top(tree);
+  if (nodes.ends_at_predicate()) {
+    const auto last = std::find_if(tree.nodes().begin(), tree.nodes().end(),
+                                   [&](const yfw_datatree& node) { return info_of(&node).data == nodes.last(); });
+    RequestTree::select(*last);
+  }
   return tree;
 }
 

@@ -121,6 +121,12 @@ class Siblings {
 
 }  // namespace
 
+const char* requested_value(const yfw_datatree* leaf) {
+  const lyd_node* data = info_of(leaf).data;
+  const char* value = data == nullptr ? nullptr : lyd_get_value(data);
+  return value == nullptr || value[0] == '\0' ? nullptr : value;
+}
+
 const char* key_value(const yfw_datatree* entry) {
   const lysc_node* key = lysc_node_child(info_of(entry).schema);
   const lyd_node* child = lysc_is_key(key) ? lyd_child(info_of(entry).data) : nullptr;
@@ -203,6 +209,31 @@ void RequestTree::append_children(size_t index) {
     nodes_[index].child_count = static_cast<unsigned>(nodes_.size() - first);
     nodes_[index].flags |= YFW_FLAG_SUBTREE;
   }
+}
+
+void RequestTree::add_schema_children(yfw_datatree& entry) {
+  const lysc_node* list = info_of(&entry).schema;
+  AddedNodes& added = added_.emplace_back();
+  for (const lysc_node* child = nullptr; (child = lys_getnext(child, list, nullptr, 0)) != nullptr;) {
+    if (!lysc_is_key(child)) {
+      added.infos.push_back({&entry, nullptr, child});
+    }
+  }
+  added.nodes.resize(added.infos.size());
+  for (size_t index = 0; index < added.nodes.size(); ++index) {
+    const lysc_node* schema = added.infos[index].schema;
+    added.nodes[index].framework = &added.infos[index];
+    added.nodes[index].tag = schema->name;
+    added.nodes[index].ns = schema->module->ns;
+  }
+  entry.children = added.nodes.data();
+  entry.child_count = static_cast<unsigned>(added.nodes.size());
+  entry.flags |= YFW_FLAG_SUBTREE;
+}
+
+void RequestTree::select(yfw_datatree& leaf) {
+  leaf.value = nullptr;
+  leaf.flags &= ~static_cast<uint32_t>(YFW_FLAG_VALUE);
 }
 
 void RequestTree::move_replace_to_config(size_t index, size_t first_child) {

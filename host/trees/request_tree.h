@@ -1,6 +1,7 @@
 // A request as the module walks it, made from libyang's tree.
 #pragma once
 
+#include <deque>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,10 @@ inline const NodeInfo& info_of(const yfw_datatree* node) {
 // The path of a node with module prefixes where they change, and with its list entries' keys; an entry without its keys
 // stands there bare.
 std::string node_path(const yfw_datatree* node);
+
+// The value of a leaf as the request has it; null when it has none. Differs from the node's own value where the module
+// is handed another.
+const char* requested_value(const yfw_datatree* leaf);
 
 // The key of a list entry as the request has it; null when it names none. Lists of a served model have one key.
 const char* key_value(const yfw_datatree* entry);
@@ -58,10 +63,24 @@ class RequestTree {
   yfw_datatree* top() { return nodes_.data(); }
   std::vector<yfw_datatree>& nodes() { return nodes_; }
 
+  // Gives a list entry without children those that its schema has besides the keys, without values. They are not among
+  // nodes().
+  void add_schema_children(yfw_datatree& entry);
+
+  // Asks for a leaf that has a value in the request, which otherwise only says what the parts around it must hold. The
+  // module is handed the leaf without its value, and so asks for it whatever it is.
+  static void select(yfw_datatree& leaf);
+
   // How many nodes carry an edit operation of their own.
   [[nodiscard]] size_t operations() const { return operations_; }
 
  private:
+  // Nodes that the request does not name; of a size that does not change.
+  struct AddedNodes {
+    std::vector<yfw_datatree> nodes;
+    std::vector<NodeInfo> infos;
+  };
+
   void append_children(size_t index);
   void move_replace_to_config(size_t index, size_t first_child);
   void append(yfw_datatree* parent, const lyd_node* data, const lysc_node* schema);
@@ -74,6 +93,7 @@ class RequestTree {
   TreePtr data_;
   std::vector<yfw_datatree> nodes_;
   std::vector<NodeInfo> infos_;
+  std::deque<AddedNodes> added_;
   size_t operations_ = 0;
 };
 

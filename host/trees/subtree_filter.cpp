@@ -8,16 +8,22 @@
 namespace oclacp::host {
 namespace {
 
+// Whether a node of a request says what the parts around it must hold.
 bool is_match(const yfw_datatree& node) {
-  return node.value != nullptr;
+  return requested_value(&node) != nullptr;
+}
+
+// Whether it asks for something. A leaf may do both.
+bool is_selection(const yfw_datatree& node) {
+  return node.value == nullptr;
 }
 
 bool holds(const lyd_node* node, const yfw_datatree& match) {
   for (const lyd_node* child = lyd_child(node); child != nullptr; child = child->next) {
     if (child->schema == info_of(&match).schema) {
       // By what the value means: 04096 is 4096.
-      return lyd_value_compare(reinterpret_cast<const lyd_node_term*>(child), match.value, std::strlen(match.value)) ==
-             LY_SUCCESS;
+      const char* value = requested_value(&match);
+      return lyd_value_compare(reinterpret_cast<const lyd_node_term*>(child), value, std::strlen(value)) == LY_SUCCESS;
     }
   }
   return false;
@@ -31,7 +37,7 @@ class Selection {
     bool names_content = false;
     for (unsigned index = 0; index < wanted.child_count; ++index) {
       const yfw_datatree& below = wanted.children[index];
-      names_content |= !is_match(below);
+      names_content |= is_selection(below);
       if (is_match(below) && !holds(node, below)) {
         return false;
       }
@@ -70,7 +76,7 @@ class Selection {
     for (const lyd_node* child = lyd_child(node); child != nullptr; child = child->next) {
       for (unsigned index = 0; index < wanted.child_count; ++index) {
         const yfw_datatree& below = wanted.children[index];
-        const bool is_key_value = lysc_is_key(child->schema) && is_match(below);
+        const bool is_key_value = lysc_is_key(child->schema) && !is_selection(below);
         if (info_of(&below).schema == child->schema && !is_key_value) {
           is_asked_for |= take(child, below);
         }

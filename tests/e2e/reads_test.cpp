@@ -48,6 +48,21 @@ TEST(Read, WithoutAKeyMeansAllEntries) {
   EXPECT_EQ(result.out, kAnyInterface + "period\n");
 }
 
+TEST(Read, EntryWithoutContent_AsksForAllEntriesWhole) {
+  for (const char* kind : {"config", "all"}) {
+    const Outcome bare = translate(interface(""), {"--read", kind});
+    expect_success(bare);
+    const Outcome all = translate(R"({"openconfig-lacp:lacp": {"interfaces": {}}})", {"--read", kind});
+    EXPECT_EQ(bare.out, all.out);
+    const char* filter =
+        R"(<lacp xmlns="http://openconfig.net/yang/lacp"><interfaces><interface/></interfaces></lacp>)";
+    EXPECT_EQ(translate(filter, {"--read", kind}).out, all.out);
+  }
+  const Outcome members = translate(interface(R"("members": {"member": [{}]})"), {"--read", "all"});
+  expect_success(members);
+  EXPECT_EQ(members.out, translate(interface(R"("members": {})"), {"--read", "all"}).out);
+}
+
 TEST(Read, OfAnUnknownStateLeafIsRefused) {
   expect_refusal(run({"translate", "--to", "native", "--read", "all", example("bad/read-unsupported.xml")}),
                  "/state/interval: not supported by this mapping (error tag 'interval', code 0xaaf2ee00)");

@@ -83,9 +83,13 @@ TEST(RequestPath, BadPredicatesAreRefused) {
               testing::HasSubstr("an interface name has at most 63 bytes"));
 }
 
-TEST(RequestPath, AKeyThatIsGivenItsValueIsNoNodeToAskFor) {
-  const std::string path = "/lacp/interfaces/interface[name='x']/name";
-  EXPECT_EQ(refused(path), "the path '" + path + "': leads to a node that is given its value already");
+TEST(RequestPath, EndAtAPredicate_AsksForTheLeafWhateverItsValue) {
+  RequestTree tree = parse_path("/lacp/interfaces/interface[name='x']/name");
+  const yfw_datatree* name = find(tree, {"interfaces", "interface", "name"});
+  EXPECT_EQ(name->value, nullptr);
+  EXPECT_EQ(name->flags, 0U);
+  EXPECT_STREQ(requested_value(name), "x");
+  EXPECT_STREQ(key_value(find(tree, {"interfaces", "interface"})), "x");
 }
 
 // ---- The same paths as deletes -------------------------------------------------------------------------------------

@@ -100,5 +100,20 @@ TEST(RequestTreeTest, TheKeyAndTheLeafThatItRefersToNameTheirEntry) {
   EXPECT_STREQ(key_value(find(tree, {"interfaces", "interface"})), "a");
 }
 
+TEST(RequestTreeTest, AddSchemaChildren_NamesAllButTheKey) {
+  RequestTree tree = parse(lacp(R"("interfaces": {"interface": [{}, {"name": "a"}]})"));
+  yfw_datatree& bare = find(tree, {"interfaces"})->children[0];
+  tree.add_schema_children(bare);
+  ASSERT_EQ(bare.child_count, 3U);
+  EXPECT_NE(bare.flags & YFW_FLAG_SUBTREE, 0U);
+  for (const char* tag : {"config", "state", "members"}) {
+    const yfw_datatree* child = find(tree, {"interfaces", "interface", tag});
+    ASSERT_NE(child, nullptr) << tag;
+    EXPECT_STREQ(child->ns, "http://openconfig.net/yang/lacp");
+    EXPECT_EQ(child->child_count, 0U);
+    EXPECT_EQ(node_path(child), std::string("/openconfig-lacp:lacp/interfaces/interface/") + tag);
+  }
+}
+
 }  // namespace
 }  // namespace oclacp::host

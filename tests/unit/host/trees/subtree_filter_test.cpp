@@ -46,6 +46,14 @@ TEST(Prune, SelectedLeavesStandWithTheKeyAlone) {
   EXPECT_EQ(by_path("/lacp/interfaces/interface/name"), interfaces(R"({"name":"a"},{"name":"b"})"));
 }
 
+TEST(Prune, LeafThatIsMatchedAndSelected_StandsAlone) {
+  EXPECT_EQ(by_path("/lacp/interfaces/interface[name='b']/name"), interfaces(R"({"name":"b"})"));
+  EXPECT_EQ(by_path("/lacp/interfaces/interface/config[lacp-mode='ACTIVE']/lacp-mode"),
+            interfaces(R"({"name":"a","config":{"lacp-mode":"ACTIVE"}})"));
+  EXPECT_EQ(by_path("/lacp/interfaces/interface[name='c']/name"), "{}");
+  EXPECT_EQ(by_path("/lacp/interfaces/interface/config[lacp-mode='PASSIVE']/lacp-mode"), "{}");
+}
+
 TEST(Prune, WhatTheAnswerDoesNotHaveIsEmpty) {
   EXPECT_EQ(by_path("/lacp/interfaces/interface[name='b']/config/lacp-mode"), "{}");
   EXPECT_EQ(by_path("/lacp/state"), "{}");
