@@ -389,6 +389,20 @@ TEST_F(ListWalker, ExpansionHidesTheChildrenAndKeepsThemOnTheItreeStack) {
   expect_nothing_left(request);
 }
 
+TEST_F(ListWalker, ExpansionIsMarkedBeforeTheChildrenAreKeptAndUntilTheyAreTakenBack) {
+  Request request(node({leaf("id", "a")}));
+  yfw_datatree* const children = request.root()->children;
+  std::vector<std::uint32_t> marks;
+  const auto note_mark = [&] { marks.push_back(platform.state().whole_subtree); };
+  platform.before("yfw_map_util_itree_stack_push", 1, note_mark);
+  platform.before("yfw_map_util_itree_stack_pop", 1, [&] {
+    note_mark();
+    EXPECT_EQ(request.root()->children, children) << "the children are back when the stack is popped";
+  });
+  walk(request, YFW_REQUEST_READ_CONFIG);
+  EXPECT_THAT(marks, ElementsAre(1, 1));
+}
+
 TEST_F(ListWalker, ExpansionIgnoresWhatTheChildrenAnswer) {
   Request request(node({leaf("id", "a")}));
   log.answers["first"] = {0x66};
