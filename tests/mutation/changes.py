@@ -95,6 +95,14 @@ class Source:
         self.tokens = tokens_of(text)
         self.partners = partners_of(self.tokens)
 
+        # The rows of an included table, `KIND(...)`: their kinds by the indices of their brackets.
+        self.kinds = {at + 1: token.text for at, token in enumerate(self.tokens) if self.begins_row(at)}
+
+    def begins_row(self, at):
+        if not self.file.endswith(".inc") or self.tokens[at].kind != "name" or at + 1 not in self.partners:
+            return False
+        return not any(opening < at < closing for opening, closing in self.partners.items())
+
     def changes(self):
         yield from self.relations()
         yield from self.negations()
@@ -103,6 +111,7 @@ class Source:
         yield from self.alternatives()
         yield from self.elements()
         yield from self.statements()
+        yield from self.rows()
 
     def change(self, kind, start, end, replacement):
         return Change(self.file, kind, start, end, replacement)
@@ -161,7 +170,7 @@ class Source:
     def elements(self):
         """Neighbours in a call's arguments or a table's rows, the one for the other."""
         for opening in sorted(self.partners):
-            if self.tokens[opening].text == "[":
+            if self.tokens[opening].text == "[" or opening in self.kinds:
                 continue
             parts = self.split(opening, ",")
             for first, second in zip(parts, parts[1:]):
@@ -170,11 +179,18 @@ class Source:
 
     def statements(self):
         """Neighbouring statements of a line each, the one for the other."""
-        line = re.compile(r"^( +)[^\s/#}.][^\n]*;[^\n;]*$", re.MULTILINE)
-        found = [match for match in line.finditer(self.text) if not match.group().lstrip().startswith("using ")]
+        line = re.compile(r"^( +)(?!using |return\b|break;|continue;)[^\s/#}.][^\n]*;[^\n;\\]*$", re.MULTILINE)
+        found = list(line.finditer(self.text))
         for first, second in zip(found, found[1:]):
             if first.end() + 1 == second.start() and first.group(1) == second.group(1):
                 yield self.swapped(first.span(), second.span())
+
+    def rows(self):
+        """Neighbouring rows of one kind in an included table, the one for the other."""
+        found = [(kind, self.extent(at - 1, self.partners[at] + 1)) for at, kind in self.kinds.items()]
+        for (kind, first), (other, second) in zip(found, found[1:]):
+            if kind == other:
+                yield self.swapped(first, second)
 
     def swapped(self, first, second):
         between = self.text[first[1] : second[0]]

@@ -65,6 +65,11 @@ class Orders(unittest.TestCase):
     def test_neighbouring_rows_change_places(self):
         self.assertEqual(changed("T t[] = {\n  {1},\n  {2},\n};", "order"), ["T t[] = {\n  {2},\n  {1},\n};"])
 
+    def test_neighbouring_rows_of_one_kind_change_places_in_an_included_table(self):
+        text = "ROW(a, {\n  .b = 1})\nROW(c, {})\nOTHER(d, {})\n"
+        changes = Source("table.inc", text, {}).rows()
+        self.assertEqual([c.applied(text) for c in changes], ["ROW(c, {})\nROW(a, {\n  .b = 1})\nOTHER(d, {})\n"])
+
     def test_neighbouring_statements_change_places(self):
         self.assertEqual(changed("{\n  f();\n  g();\n}\n", "order"), ["{\n  g();\n  f();\n}\n"])
 

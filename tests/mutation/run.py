@@ -185,14 +185,16 @@ def main():
     began = time.monotonic()
     ends = Counter()
     dropped = Counter()
-    for change in draw(changes, seed):
-        if sum(ends.values()) == count or time.monotonic() - began > TIME_LIMIT:
-            break
-        end = try_change(copy, change, sources[change.file], unchanged)
-        (dropped if end in ("does not compile", "makes no difference") else ends)[end] += 1
-        if end == "survived":
-            print(shown(change, sources[change.file]), flush=True)
-    copy.make("ymap_oclacp", *RUNNERS, *UNIT_TESTS)
+    try:
+        for change in draw(changes, seed):
+            if sum(ends.values()) == count or time.monotonic() - began > TIME_LIMIT:
+                break
+            end = try_change(copy, change, sources[change.file], unchanged)
+            (dropped if end in ("does not compile", "makes no difference") else ends)[end] += 1
+            if end == "survived":
+                print(shown(change, sources[change.file]), flush=True)
+    except KeyboardInterrupt:
+        pass  # what was tried until then is told
     for end, times in ends.most_common():
         print(f"{times:5} {end if end == 'survived' else 'noticed by ' + end}")
     for end, times in dropped.most_common():
