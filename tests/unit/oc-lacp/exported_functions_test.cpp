@@ -14,14 +14,14 @@ class ExportedFunctions : public nodes::FunctionTest {};
 using ExportedFunctionsDeathTest = ExportedFunctions;
 
 TEST_F(ExportedFunctionsDeathTest, EndTheProcessOnANullContextUnderTheirOwnPrototype) {
-  for (const Named<NodeFunction>& one : nodes::node_functions()) {
+  for (const Named<NodeFunction>& one : nodes::openconfig().functions) {
     EXPECT_DEATH(one.function(nullptr, request.root(), platform.output()),
                  std::string("mapping/oc-lacp/src/ymap_oclacp_openconfig_lacp_[a-z_]+\\.[a-z]+:[0-9]+: cerrno ") +
                      one.name +
                      "\\(yfw_map_ctx, const yfw_datatree \\*, yfw_datatree \\*\\): "
                      "Assertion `\\(\\(void \\*\\)0\\) != ctx' failed");
   }
-  for (const Named<ContainerFunction>& one : nodes::container_functions()) {
+  for (const Named<ContainerFunction>& one : nodes::openconfig().container_functions) {
     EXPECT_DEATH(one.function(nullptr, request.root(), 0, platform.output()),
                  std::string("cerrno ") + one.name +
                      "\\(yfw_map_ctx, const yfw_datatree \\*, unsigned int, yfw_datatree \\*\\): "
@@ -30,15 +30,15 @@ TEST_F(ExportedFunctionsDeathTest, EndTheProcessOnANullContextUnderTheirOwnProto
 }
 
 TEST_F(ExportedFunctions, RefuseANullInputUnderTheirOwnName) {
-  expect_refusals_of_null_input(nodes::node_functions(), nodes::container_functions());
+  expect_refusals_of_null_input(nodes::openconfig().functions, nodes::openconfig().container_functions);
 }
 
 TEST_F(ExportedFunctions, RefuseANullOutputUnderTheirOwnName) {
-  expect_refusals_of_null_output(nodes::node_functions(), nodes::container_functions());
+  expect_refusals_of_null_output(nodes::openconfig().functions, nodes::openconfig().container_functions);
 }
 
 TEST_F(ExportedFunctions, HaveCallSiteIdsOfTheirOwn) {
-  expect_own_call_site_ids(nodes::node_functions());
+  expect_own_call_site_ids(nodes::openconfig().functions);
 }
 
 }  // namespace

@@ -24,12 +24,12 @@ class FunctionTest : public support::ModuleTest {
     return fresh;
   }
 
-  static auto is_refusal_by(const char* name) {
-    const std::string level_and_name = std::string(" ") + name + ": ";
+  static auto is_refusal_by(const std::string& name) {
+    const std::string level_and_name = " " + name + ": ";
     return testing::ElementsAre("TRC" + level_and_name + "Start", "ERR" + level_and_name + "Invalid arguments passed!");
   }
-  static auto is_run_of(const char* name) {
-    const std::string level_and_name = std::string("TRC ") + name + ": ";
+  static auto is_run_of(const std::string& name) {
+    const std::string level_and_name = "TRC " + name + ": ";
     return testing::ElementsAre(level_and_name + "Start", level_and_name + "End");
   }
 

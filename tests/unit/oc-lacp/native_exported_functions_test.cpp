@@ -2,7 +2,7 @@
 #include <string>
 
 #include "unit/oc-lacp/function_test.h"
-#include "unit/oc-lacp/native_functions.h"
+#include "unit/oc-lacp/nodes.h"
 
 namespace {
 
@@ -15,8 +15,9 @@ class NativeFunctions : public nodes::FunctionTest {};
 using NativeFunctionsDeathTest = NativeFunctions;
 
 TEST_F(NativeFunctionsDeathTest, EndTheProcessOnANullContextUnderTheirOwnPrototype) {
-  std::vector<Named<NodeFunction>> functions = nodes::native_functions();
-  functions.insert(functions.end(), std::begin(nodes::kUncheckedNative), std::end(nodes::kUncheckedNative));
+  std::vector<Named<NodeFunction>> functions = nodes::native().functions;
+  const auto& unchecked = nodes::native().unchecked_functions;
+  functions.insert(functions.end(), unchecked.begin(), unchecked.end());
   for (const Named<NodeFunction>& one : functions) {
     EXPECT_DEATH(one.function(nullptr, request.root(), platform.output()),
                  std::string("mapping/oc-lacp/src/ymap_oclacp_talvo_brin_qd_[a-z_]+\\.[a-z]+:[0-9]+: cerrno ") +
@@ -24,7 +25,7 @@ TEST_F(NativeFunctionsDeathTest, EndTheProcessOnANullContextUnderTheirOwnPrototy
                      "\\(yfw_map_ctx, const yfw_datatree \\*, yfw_datatree \\*\\): "
                      "Assertion `\\(\\(void \\*\\)0\\) != ctx' failed");
   }
-  for (const Named<ContainerFunction>& one : nodes::kNativeContainers) {
+  for (const Named<ContainerFunction>& one : nodes::native().container_functions) {
     EXPECT_DEATH(one.function(nullptr, request.root(), 0, platform.output()),
                  std::string("cerrno ") + one.name +
                      "\\(yfw_map_ctx, const yfw_datatree \\*, unsigned int, yfw_datatree \\*\\): "
@@ -33,15 +34,15 @@ TEST_F(NativeFunctionsDeathTest, EndTheProcessOnANullContextUnderTheirOwnPrototy
 }
 
 TEST_F(NativeFunctions, RefuseANullInputUnderTheirOwnName) {
-  expect_refusals_of_null_input(nodes::native_functions(), nodes::kNativeContainers);
+  expect_refusals_of_null_input(nodes::native().functions, nodes::native().container_functions);
 }
 
 TEST_F(NativeFunctions, RefuseANullOutputUnderTheirOwnName) {
-  expect_refusals_of_null_output(nodes::native_functions(), nodes::kNativeContainers);
+  expect_refusals_of_null_output(nodes::native().functions, nodes::native().container_functions);
 }
 
 TEST_F(NativeFunctions, DefaultListAndLeafHandlersOfConfigurationDoNotLookAtTheirArguments) {
-  for (const Named<NodeFunction>& one : nodes::kUncheckedNative) {
+  for (const Named<NodeFunction>& one : nodes::native().unchecked_functions) {
     SCOPED_TRACE(one.name);
     EXPECT_EQ(one.function(platform.ctx(), nullptr, nullptr), YFW_OK);
     EXPECT_THAT(new_trace(), is_run_of(one.name));
@@ -50,7 +51,7 @@ TEST_F(NativeFunctions, DefaultListAndLeafHandlersOfConfigurationDoNotLookAtThei
 }
 
 TEST_F(NativeFunctions, OfContainersAcceptEveryRequestAndReportNothing) {
-  for (const Named<ContainerFunction>& one : nodes::kNativeContainers) {
+  for (const Named<ContainerFunction>& one : nodes::native().container_functions) {
     SCOPED_TRACE(one.name);
     for (const std::uint32_t operation : {0U, 1U, 10U}) {
       platform.set_operation(operation);
@@ -79,7 +80,10 @@ TEST_F(NativeFunctions, DefaultHandlersOfOperationalDataAndOfItsUnreachedTreeRep
 }
 
 TEST_F(NativeFunctions, HooksOfConfigurationIgnoreWhatIsAdded) {
-  for (const Named<NodeFunction>& one : nodes::kConfigHooks) {
+  for (const nodes::Inner& inner : nodes::native().inner) {
+    // The hook of an interface's configuration hands on what augments it.
+    if (inner.ns == support::kBundlemgrOper || nodes::tag_of(inner.path) == "interface-configuration") continue;
+    const Named<NodeFunction>& one = inner.augments;
     SCOPED_TRACE(one.name);
     EXPECT_EQ(one.function(platform.ctx(), request.root(), platform.output()), YFW_OK);
     EXPECT_THAT(new_trace(), is_run_of(one.name));
@@ -87,7 +91,7 @@ TEST_F(NativeFunctions, HooksOfConfigurationIgnoreWhatIsAdded) {
   for (const char level : {'a', 'b', 'c', 'd', 'e'}) {
     const std::string name =
         std::string("ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvl") + level + "_interface_configuration_parse_augments";
-    for (const Named<NodeFunction>& one : nodes::kOtherNative) {
+    for (const Named<NodeFunction>& one : nodes::native().functions) {
       if (one.name != name) continue;
       EXPECT_EQ(one.function(platform.ctx(), request.root(), platform.output()), YFW_OK);
       EXPECT_THAT(new_trace(), is_run_of(one.name));
@@ -97,7 +101,10 @@ TEST_F(NativeFunctions, HooksOfConfigurationIgnoreWhatIsAdded) {
 }
 
 TEST_F(NativeFunctions, HooksOfOperationalDataRefuseWhatIsAddedAndIgnoreTheRest) {
-  for (const Named<NodeFunction>& one : nodes::kOperHooks) {
+  unsigned refused = 0;
+  for (const nodes::Inner& inner : nodes::native().inner) {
+    if (inner.ns != support::kBundlemgrOper) continue;
+    const Named<NodeFunction>& one = inner.augments;
     SCOPED_TRACE(one.name);
     for (const std::uint32_t operation : {0U, 10U}) {
       platform.set_operation(operation);
@@ -109,12 +116,13 @@ TEST_F(NativeFunctions, HooksOfOperationalDataRefuseWhatIsAddedAndIgnoreTheRest)
     EXPECT_EQ(one.function(platform.ctx(), request.root(), platform.output()), YFW_UNKNOWN_AUGMENT);
     EXPECT_EQ(platform.error_tag(), "leaf");
     EXPECT_EQ(platform.traced(one.name, "End"), 4U);
+    EXPECT_EQ(platform.count("yfw_oc_error_path"), ++refused);
   }
-  EXPECT_EQ(platform.count("yfw_oc_error_path"), std::size(nodes::kOperHooks));
+  EXPECT_EQ(refused, 15U);
 }
 
 TEST_F(NativeFunctions, HaveCallSiteIdsOfTheirOwn) {
-  expect_own_call_site_ids(nodes::native_functions());
+  expect_own_call_site_ids(nodes::native().functions);
 }
 
 }  // namespace

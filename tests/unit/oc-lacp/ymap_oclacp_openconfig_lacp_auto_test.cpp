@@ -5,14 +5,13 @@
 
 namespace {
 
-using nodes::Kind;
 using nodes::Leaf;
 using support::Addition;
 using support::Platform;
 using support::Request;
 
 bool is_config(const Leaf& leaf) {
-  return leaf.kind == Kind::kConfig || leaf.kind == Kind::kConfigValue;
+  return leaf.path.find("/config/") != std::string::npos && !leaf.targets.empty();
 }
 
 // A value that every leaf can carry; the interval alone is particular.
@@ -41,12 +40,12 @@ Outcome run(const Leaf& leaf, std::uint32_t operation, std::uint32_t edit_operat
 }
 
 TEST(LeafHandlers, RecordUnderTheirOwnNameAndThatOfTheirConverter) {
-  for (const Leaf& leaf : nodes::kLeaves) {
+  for (const Leaf& leaf : nodes::openconfig().leaves) {
     SCOPED_TRACE(leaf.path);
-    const std::string own = std::string("TRC ") + leaf.handler.name;
+    const std::string own = "TRC " + leaf.handler.name;
     std::vector<std::string> expected = {own + ": Start", own + ": End"};
-    if (leaf.converter != nullptr) {
-      const std::string converters = std::string("TRC ") + leaf.converter;
+    if (!leaf.converter.empty()) {
+      const std::string converters = "TRC " + leaf.converter;
       expected = {own + ": Start", converters + ": Start", converters + ": End", own + ": End"};
     }
     EXPECT_EQ(run(leaf, YFW_REQUEST_READ_CONFIG).trace, expected);
@@ -54,16 +53,16 @@ TEST(LeafHandlers, RecordUnderTheirOwnNameAndThatOfTheirConverter) {
 }
 
 TEST(LeafHandlers, AskForTheirTargetInAReadWithTheLeafsValueAndWithoutNode) {
-  for (const Leaf& leaf : nodes::kLeaves) {
-    if (leaf.target == nullptr || leaf.kind == Kind::kKey) continue;
+  for (const Leaf& leaf : nodes::openconfig().leaves) {
+    if (leaf.targets.empty() || leaf.work == OCLACP_LEAF_HANDWRITTEN) continue;
     SCOPED_TRACE(leaf.path);
     for (const std::uint32_t operation : {0U, 10U}) {
       const Outcome outcome = run(leaf, operation);
       EXPECT_EQ(outcome.status, YFW_OK);
       ASSERT_EQ(outcome.additions.size(), 1U);
       const Addition& addition = outcome.additions[0];
-      EXPECT_EQ(addition.path, leaf.target);
-      EXPECT_EQ(addition.ns, leaf.ns);
+      EXPECT_EQ(addition.path, leaf.targets[0]);
+      EXPECT_EQ(addition.ns, nodes::namespace_at(leaf.targets[0]));
       EXPECT_EQ(addition.value, value_for(leaf));
       EXPECT_EQ(addition.source, nullptr);
       EXPECT_EQ(addition.word, 0U);
@@ -74,15 +73,15 @@ TEST(LeafHandlers, AskForTheirTargetInAReadWithTheLeafsValueAndWithoutNode) {
 }
 
 TEST(LeafHandlers, OfConfigurationAddTheirTargetInAnEdit) {
-  for (const Leaf& leaf : nodes::kLeaves) {
+  for (const Leaf& leaf : nodes::openconfig().leaves) {
     if (!is_config(leaf)) continue;
     SCOPED_TRACE(leaf.path);
     const Outcome outcome = run(leaf, YFW_REQUEST_EDIT);
     EXPECT_EQ(outcome.status, YFW_OK);
     ASSERT_EQ(outcome.additions.size(), 1U);
     const Addition& addition = outcome.additions[0];
-    EXPECT_EQ(addition.path, leaf.target);
-    EXPECT_EQ(addition.ns, leaf.ns);
+    EXPECT_EQ(addition.path, leaf.targets[0]);
+    EXPECT_EQ(addition.ns, nodes::namespace_at(leaf.targets[0]));
     EXPECT_TRUE(addition.value.has_value());
     EXPECT_NE(addition.source, nullptr);
     EXPECT_EQ(addition.word, 0U);
@@ -92,13 +91,13 @@ TEST(LeafHandlers, OfConfigurationAddTheirTargetInAnEdit) {
 }
 
 TEST(LeafHandlers, OfConfigurationAddTheirTargetWithoutValueInADelete) {
-  for (const Leaf& leaf : nodes::kLeaves) {
+  for (const Leaf& leaf : nodes::openconfig().leaves) {
     if (!is_config(leaf)) continue;
     SCOPED_TRACE(leaf.path);
     const Outcome outcome = run(leaf, YFW_REQUEST_EDIT, YFW_OPERATION_DELETE);
     EXPECT_EQ(outcome.status, YFW_OK);
     ASSERT_EQ(outcome.additions.size(), 1U);
-    EXPECT_EQ(outcome.additions[0].path, leaf.target);
+    EXPECT_EQ(outcome.additions[0].path, leaf.targets[0]);
     EXPECT_EQ(outcome.additions[0].value, std::nullopt);
     EXPECT_EQ(outcome.additions[0].operation, std::uint32_t{YFW_OPERATION_DELETE});
     EXPECT_EQ(outcome.additions[0].last_flag, leaf.last_flag);
@@ -106,8 +105,8 @@ TEST(LeafHandlers, OfConfigurationAddTheirTargetWithoutValueInADelete) {
 }
 
 TEST(LeafHandlers, OfStateAddNothingInAnEdit) {
-  for (const Leaf& leaf : nodes::kLeaves) {
-    if (leaf.kind != Kind::kState && leaf.kind != Kind::kIgnored) continue;
+  for (const Leaf& leaf : nodes::openconfig().leaves) {
+    if (is_config(leaf) || (leaf.work != OCLACP_LEAF_ASKED_FOR && leaf.work != OCLACP_LEAF_CONVERTED)) continue;
     SCOPED_TRACE(leaf.path);
     for (const std::uint32_t edit : {std::uint32_t{YFW_OPERATION_NONE}, std::uint32_t{YFW_OPERATION_DELETE}}) {
       const Outcome outcome = run(leaf, YFW_REQUEST_EDIT, edit);
@@ -119,8 +118,8 @@ TEST(LeafHandlers, OfStateAddNothingInAnEdit) {
 
 TEST(LeafHandlers, OfUnsupportedLeavesRefuseEveryRequest) {
   std::vector<std::string> unsupported;
-  for (const Leaf& leaf : nodes::kLeaves) {
-    if (leaf.kind != Kind::kUnsupported) continue;
+  for (const Leaf& leaf : nodes::openconfig().leaves) {
+    if (leaf.work != OCLACP_LEAF_REFUSED) continue;
     unsupported.emplace_back(leaf.path);
     for (const std::uint32_t operation : {0U, 1U, 8U, 10U, 15U}) {
       const Outcome outcome = run(leaf, operation);
@@ -135,8 +134,8 @@ TEST(LeafHandlers, OfUnsupportedLeavesRefuseEveryRequest) {
 }
 
 TEST(LeafHandlers, ReturnTheStatusOfTheirAddition) {
-  for (const Leaf& leaf : nodes::kLeaves) {
-    if (leaf.target == nullptr) continue;
+  for (const Leaf& leaf : nodes::openconfig().leaves) {
+    if (leaf.targets.empty()) continue;
     SCOPED_TRACE(leaf.path);
     Platform platform;
     platform.script("yfw_map_datatree_add_path_flagged", 0, 0x99);
@@ -148,8 +147,8 @@ TEST(LeafHandlers, ReturnTheStatusOfTheirAddition) {
 
 TEST(LeafHandlers, OfBothUnknownErrorCountersReadIllegalPackets) {
   for (const char* tag : {"lacp-unknown-errors", "lacp-errors"}) {
-    const Leaf* const leaf =
-        nodes::leaf_at(std::string("/lacp/interfaces/interface/members/member/state/counters/") + tag);
+    const Leaf* const leaf = nodes::leaf_at(
+        nodes::openconfig(), std::string("/lacp/interfaces/interface/members/member/state/counters/") + tag);
     ASSERT_NE(leaf, nullptr);
     const Outcome outcome = run(*leaf, YFW_REQUEST_READ_STATE);
     ASSERT_EQ(outcome.additions.size(), 1U);
@@ -159,8 +158,8 @@ TEST(LeafHandlers, OfBothUnknownErrorCountersReadIllegalPackets) {
 }
 
 TEST(LeafHandlers, OfMembersAndCountersAddNothingInAnEdit) {
-  for (const Leaf& leaf : nodes::kLeaves) {
-    if (std::string(leaf.path).find("/members/") == std::string::npos || leaf.kind == Kind::kUnsupported) continue;
+  for (const Leaf& leaf : nodes::openconfig().leaves) {
+    if (leaf.path.find("/members/") == std::string::npos || leaf.work == OCLACP_LEAF_REFUSED) continue;
     SCOPED_TRACE(leaf.path);
     const Outcome outcome = run(leaf, YFW_REQUEST_EDIT);
     EXPECT_EQ(outcome.status, YFW_OK);
@@ -172,7 +171,7 @@ class ContainerHandlers : public support::ModuleTest {};
 
 TEST_F(ContainerHandlers, AcceptEveryRequestAndAddNothing) {
   Request request(support::container("node"));
-  for (const auto& one : nodes::container_functions()) {
+  for (const auto& one : nodes::openconfig().container_functions) {
     SCOPED_TRACE(one.name);
     for (const std::uint32_t operation : {0U, 1U, 10U}) {
       platform.set_operation(operation);

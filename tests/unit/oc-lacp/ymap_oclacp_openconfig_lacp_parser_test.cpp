@@ -1,6 +1,7 @@
 // The walkers' tables: which node is dispatched to which walker, and what each walker is particular about. How a walker
 // walks is tested with the engine.
 #include <algorithm>
+#include <regex>
 #include <string>
 
 #include "support/module.h"
@@ -23,6 +24,20 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
+// The name of the walker of a node, be it a leaf or not.
+std::string walker_at(const std::string& path) {
+  if (const Leaf* leaf = nodes::leaf_at(nodes::openconfig(), path)) return leaf->walker.name;
+  for (const Inner& inner : nodes::openconfig().inner) {
+    if (inner.path == path) return inner.walker.name;
+  }
+  return "no such node";
+}
+
+// The key of a list; empty for a container.
+std::string key_of(const Inner& inner) {
+  return inner.keys.empty() ? "" : inner.keys[0];
+}
+
 bool is_state(const std::string& path) {
   return path == "/lacp/state" || path == "/lacp/interfaces/interface/state" ||
          path == "/lacp/interfaces/interface/members" || path == "/lacp/interfaces/interface/members/member/state";
@@ -31,7 +46,7 @@ bool is_state(const std::string& path) {
 // A node of the request with one child; of a list, the key stands first.
 Node node_with(const Inner& inner, const Node& child) {
   Node node = container(nodes::tag_of(inner.path));
-  if (inner.key != nullptr && child.tag != inner.key) node.children.push_back(leaf(inner.key, "a"));
+  if (!inner.keys.empty() && child.tag != key_of(inner)) node.children.push_back(leaf(key_of(inner), "a"));
   node.children.push_back(child);
   return node;
 }
@@ -41,21 +56,21 @@ cerrno walk(Platform& platform, const Inner& inner, Request& request) {
 }
 
 TEST(Walkers, DispatchEachChildToItsWalker) {
-  for (const Inner& inner : nodes::kInner) {
-    for (const char* child : inner.children) {
-      const std::string path = std::string(inner.path) + "/" + child;
+  for (const Inner& inner : nodes::openconfig().inner) {
+    for (const std::string& child : inner.children) {
+      const std::string path = inner.path + "/" + child;
       SCOPED_TRACE(path);
       Platform platform;
       platform.set_operation(YFW_REQUEST_READ_STATE);
       Request request(node_with(inner, leaf(child)));
       walk(platform, inner, request);
-      EXPECT_EQ(platform.traced(nodes::walker_at(path), "Start"), 1U) << nodes::walker_at(path) << " is not called";
+      EXPECT_EQ(platform.traced(walker_at(path), "Start"), 1U) << walker_at(path) << " is not called";
     }
   }
 }
 
 TEST(Walkers, TestTheTagsOfTheirChildrenInOrder) {
-  for (const Inner& inner : nodes::kInner) {
+  for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
     Request request(node_with(inner, leaf("unheard-of")));
@@ -67,30 +82,30 @@ TEST(Walkers, TestTheTagsOfTheirChildrenInOrder) {
       tested.push_back(call.arguments.substr(start.size(), call.arguments.size() - start.size() - 1));
     }
     // The scan of the keys tests every child of a list entry once more.
-    if (inner.key != nullptr && !tested.empty()) tested.erase(tested.begin());
-    EXPECT_EQ(tested, std::vector<std::string>(inner.children.begin(), inner.children.end()));
+    if (!inner.keys.empty() && !tested.empty()) tested.erase(tested.begin());
+    EXPECT_EQ(tested, inner.children);
   }
 }
 
 // Children are expanded in the order in which their tags are tested; only the state of `lacp` comes last.
 std::vector<std::string> expansion_of(const Inner& inner) {
-  if (inner.path == std::string("/lacp")) return {"config", "interfaces", "state"};
-  return {inner.children.begin(), inner.children.end()};
+  if (inner.path == "/lacp") return {"config", "interfaces", "state"};
+  return inner.children;
 }
 
 TEST(Walkers, ExpandIntoTheirChildrenInOrderAndTheirOwnAugmentParserLast) {
-  for (const Inner& inner : nodes::kInner) {
+  for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
     platform.set_operation(YFW_REQUEST_READ_STATE);
-    Request request(inner.key == nullptr ? container(nodes::tag_of(inner.path))
-                                         : container(nodes::tag_of(inner.path), {leaf(inner.key, "a")}));
+    Request request(inner.keys.empty() ? container(nodes::tag_of(inner.path))
+                                       : container(nodes::tag_of(inner.path), {leaf(key_of(inner), "a")}));
     EXPECT_EQ(walk(platform, inner, request), YFW_OK);
     std::vector<std::string> expected;
     for (const std::string& child : expansion_of(inner)) {
-      expected.emplace_back(nodes::walker_at(std::string(inner.path) + "/" + child));
+      expected.push_back(walker_at(inner.path + "/" + child));
     }
-    expected.emplace_back(inner.augments.name);
+    expected.push_back(inner.augments.name);
     std::vector<std::string> started;
     for (const support::Record& record : platform.seen().records) {
       const bool is_expected = std::find(expected.begin(), expected.end(), record.handler) != expected.end();
@@ -102,20 +117,23 @@ TEST(Walkers, ExpandIntoTheirChildrenInOrderAndTheirOwnAugmentParserLast) {
 }
 
 TEST(Walkers, CallTheirOwnContainerHandlerUnlessTheyWalkAList) {
-  for (const Inner& inner : nodes::kInner) {
+  for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
     Request request(node_with(inner, leaf("unheard-of")));
     walk(platform, inner, request);
-    EXPECT_EQ(platform.traced(inner.handler.name, "Start"), inner.key == nullptr ? 1U : 0U);
+    const bool is_container = inner.keys.empty();
+    EXPECT_EQ(platform.traced(inner.handler, "Start"), 1U);
+    const std::string container_handler = std::regex_replace(inner.handler, std::regex("_list_"), "_cont_");
+    EXPECT_EQ(platform.traced(container_handler, "Start"), is_container ? 1U : 0U);
   }
 }
 
 TEST(Walkers, WalkOperationalStateInItsReadOnly) {
-  for (const Inner& inner : nodes::kInner) {
-    for (const char* child : inner.children) {
-      const std::string path = std::string(inner.path) + "/" + child;
-      if (child == std::string(inner.key == nullptr ? "" : inner.key)) continue;
+  for (const Inner& inner : nodes::openconfig().inner) {
+    for (const std::string& child : inner.children) {
+      const std::string path = inner.path + "/" + child;
+      if (child == key_of(inner)) continue;
       SCOPED_TRACE(path);
       for (const std::uint32_t operation : {0U, 1U, 8U, 10U, 15U}) {
         Platform platform;
@@ -123,7 +141,7 @@ TEST(Walkers, WalkOperationalStateInItsReadOnly) {
         Request request(node_with(inner, leaf(child)));
         const cerrno status = walk(platform, inner, request);
         const bool walked = !is_state(path) || operation == YFW_REQUEST_READ_STATE;
-        EXPECT_EQ(platform.traced(nodes::walker_at(path), "Start"), walked ? 1U : 0U) << "operation " << operation;
+        EXPECT_EQ(platform.traced(walker_at(path), "Start"), walked ? 1U : 0U) << "operation " << operation;
         if (walked) continue;
         EXPECT_EQ(status, operation == YFW_REQUEST_READ_CONFIG ? YFW_OK : YFW_UNSUPPORTED_NODE);
       }
@@ -132,7 +150,7 @@ TEST(Walkers, WalkOperationalStateInItsReadOnly) {
 }
 
 TEST(Walkers, RefuseADeleteWithSubtreeWhereTheTableSaysSo) {
-  for (const Inner& inner : nodes::kInner) {
+  for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
     Request request(node_with(inner, leaf("unheard-of").in("urn:other")).with(YFW_OPERATION_DELETE));
@@ -144,7 +162,7 @@ TEST(Walkers, RefuseADeleteWithSubtreeWhereTheTableSaysSo) {
 }
 
 TEST(Walkers, GiveAForeignChildToTheirOwnAugmentParser) {
-  for (const Inner& inner : nodes::kInner) {
+  for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
     Request request(node_with(inner, leaf("other").in("urn:other")));
@@ -156,7 +174,7 @@ TEST(Walkers, GiveAForeignChildToTheirOwnAugmentParser) {
 }
 
 TEST(Walkers, KnowTheirOwnNamespace) {
-  for (const Inner& inner : nodes::kInner) {
+  for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
     Request request(node_with(inner, leaf("unheard-of").in("http://openconfig.net/yang/lacp")));
@@ -167,20 +185,20 @@ TEST(Walkers, KnowTheirOwnNamespace) {
 }
 
 TEST(Walkers, OfListsTellAndCheckTheirOwnPath) {
-  for (const Inner& inner : nodes::kInner) {
-    if (inner.key == nullptr) continue;
+  for (const Inner& inner : nodes::openconfig().inner) {
+    if (inner.keys.empty()) continue;
     SCOPED_TRACE(inner.path);
     Platform platform;
-    Request request(container(nodes::tag_of(inner.path), {leaf(inner.key, "a")}));
+    Request request(container(nodes::tag_of(inner.path), {leaf(key_of(inner), "a")}));
     walk(platform, inner, request);
-    const std::string path = std::string("\"") + inner.path + "\"";
+    const std::string path = "\"" + inner.path + "\"";
     EXPECT_EQ(platform.count("yfw_map_update_current_list_node", path), 1U);
-    EXPECT_EQ(platform.count("yfw_map_check_oc_leafref", path + " \"config\" \"" + inner.key + "\""), 1U);
+    EXPECT_EQ(platform.count("yfw_map_check_oc_leafref", path + " \"config\" \"" + key_of(inner) + "\""), 1U);
   }
 }
 
 TEST(LeafWalkers, CallTheirLeafHandler) {
-  for (const Leaf& one : nodes::kLeaves) {
+  for (const Leaf& one : nodes::openconfig().leaves) {
     SCOPED_TRACE(one.path);
     Platform platform;
     platform.set_operation(YFW_REQUEST_READ_STATE);
@@ -188,15 +206,15 @@ TEST(LeafWalkers, CallTheirLeafHandler) {
     one.walker.function(platform.ctx(), request.root(), platform.output());
     const std::vector<std::string> trace = platform.trace();
     ASSERT_GE(trace.size(), 4U);
-    EXPECT_EQ(trace[0], std::string("TRC ") + one.walker.name + ": Start");
-    EXPECT_EQ(trace[1], std::string("TRC ") + one.handler.name + ": Start");
-    EXPECT_EQ(trace[trace.size() - 1], std::string("TRC ") + one.walker.name + ": End");
+    EXPECT_EQ(trace[0], "TRC " + one.walker.name + ": Start");
+    EXPECT_EQ(trace[1], "TRC " + one.handler.name + ": Start");
+    EXPECT_EQ(trace[trace.size() - 1], "TRC " + one.walker.name + ": End");
     EXPECT_EQ(platform.state().filter_bits, std::uint32_t{YFW_FILTER_SELECTION});
   }
 }
 
 TEST(AugmentParsers, RefuseWhatIsAddedAndIgnoreTheRest) {
-  for (const Inner& inner : nodes::kInner) {
+  for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
     Request request(leaf("other", "value").in("urn:other"));

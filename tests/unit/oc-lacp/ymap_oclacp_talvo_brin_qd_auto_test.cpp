@@ -3,17 +3,17 @@
 #include <string>
 
 #include "unit/module_test.h"
-#include "unit/oc-lacp/native_nodes.h"
+#include "unit/oc-lacp/nodes.h"
 
 namespace {
 
-using nodes::NativeLeaf;
+using nodes::Leaf;
 using support::Addition;
 using support::Platform;
 using support::Request;
 
 // A value that every leaf can carry.
-std::string value_for(const NativeLeaf& leaf) {
+std::string value_for(const Leaf& leaf) {
   return nodes::tag_of(leaf.path) == "period" ? "true" : "5";
 }
 
@@ -23,7 +23,7 @@ struct Outcome {
   std::vector<std::string> trace;
 };
 
-Outcome run(const NativeLeaf& leaf, std::uint32_t operation = YFW_REQUEST_READ_STATE, cerrno addition_status = YFW_OK) {
+Outcome run(const Leaf& leaf, std::uint32_t operation = YFW_REQUEST_READ_STATE, cerrno addition_status = YFW_OK) {
   Platform platform;
   platform.set_operation(operation);
   platform.lacp_interfaces = {"Bundle-Ether1", "5"};
@@ -40,12 +40,12 @@ Outcome run(const NativeLeaf& leaf, std::uint32_t operation = YFW_REQUEST_READ_S
 }
 
 TEST(NativeLeafHandlers, RecordUnderTheirOwnNameAndThatOfTheirConverter) {
-  for (const NativeLeaf& leaf : nodes::kNativeLeaves) {
+  for (const Leaf& leaf : nodes::native().leaves) {
     SCOPED_TRACE(leaf.path);
-    const std::string own = std::string("TRC ") + leaf.handler.name;
+    const std::string own = "TRC " + leaf.handler.name;
     std::vector<std::string> expected = {own + ": Start", own + ": End"};
-    if (leaf.converter != nullptr) {
-      const std::string converters = std::string("TRC ") + leaf.converter;
+    if (!leaf.converter.empty()) {
+      const std::string converters = "TRC " + leaf.converter;
       expected = {own + ": Start", converters + ": Start", converters + ": End", own + ": End"};
     }
     EXPECT_EQ(run(leaf).trace, expected);
@@ -53,7 +53,7 @@ TEST(NativeLeafHandlers, RecordUnderTheirOwnNameAndThatOfTheirConverter) {
 }
 
 TEST(NativeLeafHandlers, ReportTheirTargetsInOrderWithTheirFlagsAndWithoutNode) {
-  for (const NativeLeaf& leaf : nodes::kNativeLeaves) {
+  for (const Leaf& leaf : nodes::native().leaves) {
     SCOPED_TRACE(leaf.path);
     const Outcome outcome = run(leaf);
     EXPECT_EQ(outcome.status, YFW_OK);
@@ -67,12 +67,12 @@ TEST(NativeLeafHandlers, ReportTheirTargetsInOrderWithTheirFlagsAndWithoutNode) 
       EXPECT_EQ(addition.list_flag, leaf.list_flag);
       EXPECT_EQ(addition.last_flag, leaf.last_flag);
     }
-    EXPECT_EQ(targets, std::vector<std::string>(leaf.targets.begin(), leaf.targets.end()));
+    EXPECT_EQ(targets, leaf.targets);
   }
 }
 
 TEST(NativeLeafHandlers, OfOperationalDataCopyTheirValueUnlessTheyConvertIt) {
-  for (const NativeLeaf& leaf : nodes::kNativeLeaves) {
+  for (const Leaf& leaf : nodes::native().leaves) {
     const std::string tag = nodes::tag_of(leaf.path);
     if (tag == "applied-lacp-mode" || tag == "actor-port-state" || tag == "mode" || tag == "period") continue;
     for (const Addition& addition : run(leaf).additions) EXPECT_EQ(addition.value, value_for(leaf)) << leaf.path;
@@ -80,7 +80,7 @@ TEST(NativeLeafHandlers, OfOperationalDataCopyTheirValueUnlessTheyConvertIt) {
 }
 
 TEST(NativeLeafHandlers, ReturnTheStatusOfTheirLastAdditionButForThePortState) {
-  for (const NativeLeaf& leaf : nodes::kNativeLeaves) {
+  for (const Leaf& leaf : nodes::native().leaves) {
     SCOPED_TRACE(leaf.path);
     const bool heeded = !leaf.targets.empty() && nodes::tag_of(leaf.path) != "actor-port-state";
     EXPECT_EQ(run(leaf, YFW_REQUEST_READ_STATE, 0x77).status, heeded ? 0x77U : YFW_OK);
@@ -88,7 +88,7 @@ TEST(NativeLeafHandlers, ReturnTheStatusOfTheirLastAdditionButForThePortState) {
 }
 
 TEST(NativeLeafHandlers, OfBundlesAndMembersDoNotAskForTheRequestsOperationThemselves) {
-  for (const NativeLeaf& leaf : nodes::kNativeLeaves) {
+  for (const Leaf& leaf : nodes::native().leaves) {
     const std::string tag = nodes::tag_of(leaf.path);
     if (tag == "applied-lacp-mode" || tag == "interface-name") continue;
     SCOPED_TRACE(leaf.path);
@@ -98,7 +98,7 @@ TEST(NativeLeafHandlers, OfBundlesAndMembersDoNotAskForTheRequestsOperationThems
 }
 
 TEST(NativeLeafHandlers, NeverReportTransmissionErrors) {
-  for (const NativeLeaf& leaf : nodes::kNativeLeaves) {
+  for (const Leaf& leaf : nodes::native().leaves) {
     for (const Addition& addition : run(leaf).additions) {
       EXPECT_EQ(addition.path.find("lacp-tx-errors"), std::string::npos) << leaf.path;
     }

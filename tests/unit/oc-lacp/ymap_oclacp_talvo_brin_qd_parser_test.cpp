@@ -3,25 +3,29 @@
 #include <string>
 
 #include "unit/module_test.h"
-#include "unit/oc-lacp/native_nodes.h"
+#include "unit/oc-lacp/nodes.h"
 
 namespace {
 
-using nodes::NativeInner;
+using nodes::Inner;
 using support::leaf;
 using support::Node;
 using support::Platform;
 using support::Request;
 using testing::IsEmpty;
 
+bool is_operational(const Inner& inner) {
+  return inner.ns == support::kBundlemgrOper;
+}
+
 // Walks the tree to a node with the given children.
 class Walk {
  public:
-  Walk(const NativeInner& inner, std::vector<Node> children, std::uint32_t operation = YFW_REQUEST_READ_STATE)
+  Walk(const Inner& inner, std::vector<Node> children, std::uint32_t operation = YFW_REQUEST_READ_STATE)
       : request(nodes::tree_to(inner.path, std::move(children))) {
     platform.lacp_interfaces = {"Bundle-Ether1"};
     platform.set_operation(operation);
-    status = inner.entry(platform.ctx(), request.root(), platform.output());
+    status = inner.entry.function(platform.ctx(), request.root(), platform.output());
     EXPECT_THAT(support::left_behind(platform, request), IsEmpty());
   }
 
@@ -31,17 +35,17 @@ class Walk {
 };
 
 // A value with which every leaf is walked without an error.
-Node child_leaf(const char* tag) {
-  return leaf(tag, tag == std::string("period") ? "1000" : "a");
+Node child_leaf(const std::string& tag) {
+  return leaf(tag, tag == "period" ? "1000" : "a");
 }
 
 TEST(NativeWalkers, RecordUnderTheirOwnNameAndCallTheirOwnHandlerOnce) {
-  for (const NativeInner& inner : nodes::kNativeInner) {
-    SCOPED_TRACE(inner.walker);
+  for (const Inner& inner : nodes::native().inner) {
+    SCOPED_TRACE(inner.walker.name);
     const Walk walk(inner, {});
     EXPECT_EQ(walk.status, YFW_OK);
-    EXPECT_EQ(walk.platform.traced(inner.walker, "Start"), 1U);
-    EXPECT_EQ(walk.platform.traced(inner.walker, "End"), 1U);
+    EXPECT_EQ(walk.platform.traced(inner.walker.name, "Start"), 1U);
+    EXPECT_EQ(walk.platform.traced(inner.walker.name, "End"), 1U);
     EXPECT_GE(walk.platform.traced(inner.handler, "Start"), 1U);
     const auto& calls = walk.platform.calls();
     const auto called = [&](const std::string& start) {
@@ -49,7 +53,7 @@ TEST(NativeWalkers, RecordUnderTheirOwnNameAndCallTheirOwnHandlerOnce) {
         return call.function == "_lstrace" && call.arguments.find(start) != std::string::npos;
       });
     };
-    const auto walker = called(std::string(inner.walker) + " \"Start\"");
+    const auto walker = called(inner.walker.name + " \"Start\"");
     EXPECT_NE(std::find_if(walker, calls.end(),
                            [&](const support::Call& call) {
                              return call.function == "_lstrace" &&
@@ -61,13 +65,14 @@ TEST(NativeWalkers, RecordUnderTheirOwnNameAndCallTheirOwnHandlerOnce) {
 }
 
 TEST(NativeWalkers, DispatchEachChildToItsFunction) {
-  for (const NativeInner& inner : nodes::kNativeInner) {
-    for (const char* child : inner.children) {
-      const char* const function = nodes::function_of_child(inner, child);
-      SCOPED_TRACE(std::string(inner.path) + "/" + child);
+  for (const Inner& inner : nodes::native().inner) {
+    for (std::size_t i = 0; i < inner.children.size(); ++i) {
+      const std::string& child = inner.children[i];
+      const std::string& function = inner.functions[i];
+      SCOPED_TRACE(inner.path + "/" + child);
       // A key stands in the entry already.
-      const bool is_key = std::find(inner.keys.begin(), inner.keys.end(), std::string(child)) != inner.keys.end();
-      const std::string path = std::string(inner.path) + "/" + child;
+      const bool is_key = std::find(inner.keys.begin(), inner.keys.end(), child) != inner.keys.end();
+      const std::string path = inner.path + "/" + child;
       const bool is_entry = path.ends_with("/interface-configuration") || path.ends_with("/mtus/mtu");
       std::vector<Node> children;
       if (is_entry) {
@@ -83,7 +88,7 @@ TEST(NativeWalkers, DispatchEachChildToItsFunction) {
 }
 
 TEST(NativeWalkers, TestTheTagsOfTheirChildrenInOrder) {
-  for (const NativeInner& inner : nodes::kNativeInner) {
+  for (const Inner& inner : nodes::native().inner) {
     SCOPED_TRACE(inner.path);
     const Walk walk(inner, {leaf("unheard-of")});
     EXPECT_EQ(walk.status, YFW_OK);
@@ -94,11 +99,11 @@ TEST(NativeWalkers, TestTheTagsOfTheirChildrenInOrder) {
       tested.push_back(call.arguments.substr(start.size(), call.arguments.size() - start.size() - 1));
     }
     // The scan of an entry's keys tests every child first.
-    std::vector<std::string> expected(inner.keys.begin(), inner.keys.end());
+    std::vector<std::string> expected = inner.keys;
     expected.insert(expected.end(), inner.children.begin(), inner.children.end());
     EXPECT_EQ(tested, expected);
     EXPECT_EQ(
-        walk.platform.traced(inner.walker, "Unsupported tag. Ignoring."),
+        walk.platform.traced(inner.walker.name, "Unsupported tag. Ignoring."),
         1U + inner.keys.size() -
             static_cast<std::size_t>(std::count_if(inner.keys.begin(), inner.keys.end(), [&](const std::string& key) {
               return std::find(inner.children.begin(), inner.children.end(), key) != inner.children.end();
@@ -107,7 +112,7 @@ TEST(NativeWalkers, TestTheTagsOfTheirChildrenInOrder) {
 }
 
 TEST(NativeWalkers, TestTheNamespaceOfAnUnknownChildAgainstTheirOwn) {
-  for (const NativeInner& inner : nodes::kNativeInner) {
+  for (const Inner& inner : nodes::native().inner) {
     SCOPED_TRACE(inner.path);
     const Walk walk(inner, {leaf("unheard-of").in("urn:other")});
     EXPECT_EQ(walk.platform.count("yfw_map_do_these_match", std::string("\"urn:other\" \"") + inner.ns + "\""), 1U);
@@ -115,24 +120,24 @@ TEST(NativeWalkers, TestTheNamespaceOfAnUnknownChildAgainstTheirOwn) {
 }
 
 TEST(NativeWalkers, GiveAForeignChildToTheirOwnHook) {
-  for (const NativeInner& inner : nodes::kNativeInner) {
+  for (const Inner& inner : nodes::native().inner) {
     SCOPED_TRACE(inner.path);
     for (const std::uint32_t operation : {0U, 10U}) {
       const Walk walk(inner, {leaf("other").in("urn:other")}, operation);
       EXPECT_EQ(walk.status, YFW_OK);
-      const bool reached = !nodes::is_operational(inner) || operation == YFW_REQUEST_READ_STATE ||
-                           std::string(inner.path).find('/', 1) == std::string::npos;
+      const bool reached =
+          !is_operational(inner) || operation == YFW_REQUEST_READ_STATE || inner.path.find('/', 1) == std::string::npos;
       // The dispatcher of an entry gets the nodes on the way too.
       if (reached) {
-        EXPECT_GE(walk.platform.traced(inner.augments, "Start"), 1U);
+        EXPECT_GE(walk.platform.traced(inner.augments.name, "Start"), 1U);
       }
     }
   }
 }
 
 TEST(NativeWalkers, IgnoreAForeignChildThatIsAddedToConfiguration) {
-  for (const NativeInner& inner : nodes::kNativeInner) {
-    if (nodes::is_operational(inner)) continue;
+  for (const Inner& inner : nodes::native().inner) {
+    if (is_operational(inner)) continue;
     SCOPED_TRACE(inner.path);
     const Walk walk(inner, {leaf("other").in("urn:other")}, YFW_REQUEST_EDIT);
     EXPECT_EQ(walk.status, YFW_OK);
@@ -142,7 +147,7 @@ TEST(NativeWalkers, IgnoreAForeignChildThatIsAddedToConfiguration) {
 
 TEST(NativeWalkers, RefuseAForeignChildThatIsAddedToOperationalData) {
   for (const char* root : {"/lacp-bundles", "/lacp-data"}) {
-    for (const NativeInner& inner : nodes::kNativeInner) {
+    for (const Inner& inner : nodes::native().inner) {
       if (inner.path != std::string(root)) continue;
       SCOPED_TRACE(inner.path);
       const Walk walk(inner, {leaf("other").in("urn:other")}, YFW_REQUEST_EDIT);
@@ -153,23 +158,23 @@ TEST(NativeWalkers, RefuseAForeignChildThatIsAddedToOperationalData) {
 }
 
 TEST(NativeWalkers, OfOperationalDataReportNothingInOtherRequests) {
-  for (const NativeInner& inner : nodes::kNativeInner) {
-    if (!nodes::is_operational(inner)) continue;
+  for (const Inner& inner : nodes::native().inner) {
+    if (!is_operational(inner)) continue;
     SCOPED_TRACE(inner.path);
     for (const std::uint32_t operation : {0U, 1U, 8U, 15U}) {
       std::vector<Node> children;
-      for (const char* child : inner.children) children.push_back(leaf(child, "a"));
+      for (const std::string& child : inner.children) children.push_back(leaf(child, "a"));
       const Walk walk(inner, children, operation);
       EXPECT_EQ(walk.status, YFW_OK);
       EXPECT_THAT(walk.platform.additions(), IsEmpty());
-      const bool is_root = std::string(inner.path).find('/', 1) == std::string::npos;
-      EXPECT_EQ(walk.platform.traced(inner.walker, "Start"), is_root ? 1U : 0U) << "operation " << operation;
+      const bool is_root = inner.path.find('/', 1) == std::string::npos;
+      EXPECT_EQ(walk.platform.traced(inner.walker.name, "Start"), is_root ? 1U : 0U) << "operation " << operation;
     }
   }
 }
 
 TEST(NativeWalkers, TellTheListOfTheEntryThatIsWalked) {
-  for (const NativeInner& inner : nodes::kNativeInner) {
+  for (const Inner& inner : nodes::native().inner) {
     if (inner.keys.empty()) continue;
     SCOPED_TRACE(inner.path);
     const Walk walk(inner, {});
