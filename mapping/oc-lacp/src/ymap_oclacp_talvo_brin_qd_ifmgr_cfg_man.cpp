@@ -17,7 +17,7 @@ using ymap::Handler;
 
 namespace {
 
-// Fills the request's scratch buffer. Interface names are shorter than it; a longer one is cut.
+// Fills the request's scratch buffer. Interface names are shorter than it; a longer one is cut there, and nowhere else.
 void keep_interface_name(yfw_map_ctx ctx, const char* name) {
   char(&kept)[YFW_INTERFACE_NAME_CAPACITY] = ctx->request->interface_name;
   std::memset(kept, 0, sizeof kept);
@@ -47,7 +47,7 @@ cerrno map_interface_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_da
     }
     keep_interface_name(ctx, name);
     return yfw_map_search_or_add_list(ctx, out, &ctx->request->current_list_node, oclacp::kOcInterface,
-                                      ctx->request->interface_name, "name", kOpenconfigLacp);
+                                      name, "name", kOpenconfigLacp);
   });
 }
 

@@ -173,11 +173,12 @@ TEST_F(InterfaceConfiguration, WithoutNameEndsTheWalk) {
             1U);
 }
 
-TEST_F(InterfaceConfiguration, EntryOfALongNameIsFoundByTheNameAsItWasCut) {
+TEST_F(InterfaceConfiguration, NameLongerThanTheScratchBuffer_IsTheWholeKeyOfItsEntry) {
   const std::string name(300, 'x');
   platform.lacp_interfaces = {name};
   EXPECT_EQ(walk_interfaces({entry("act", name)}), YFW_OK);
-  EXPECT_EQ(platform.additions()[0].key, "name=" + std::string(199, 'x'));
+  EXPECT_EQ(platform.additions()[0].key, "name=" + name);
+  EXPECT_EQ(platform.additions()[1].value, name);
 }
 
 TEST_F(InterfaceConfiguration, SkipFromALeafBelowAContainer_EndsItsEntryAndTheNextIsWalked) {
