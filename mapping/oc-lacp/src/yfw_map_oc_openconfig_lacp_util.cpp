@@ -1,9 +1,11 @@
-// Questions about an interface name, answered by the name's form and by the interface manager.
+// Questions about an interface name, answered by the name's form and by the interface manager; and the texts of an LACP
+// port state.
 #include <cstring>
 
 #include "frame/handler.h"
 #include "imc/imc.h"
 #include "oclacp/interface_helpers.h"
+#include "oclacp/native_oper.h"
 #include "yfw/strings.h"
 
 namespace {
@@ -64,4 +66,30 @@ int yfw_is_oc_subinterface(const char* ifname) {
 
 int yfw_is_oc_bundleinterface(const char* ifname) {
   return std::strstr(ifname, "Bundle") != nullptr ? 1 : 0;
+}
+
+// The texts of a member's port state; each getter reads one bit.
+
+const char* yfw_get_lacp_state_activity(uint8_t port_state) {
+  return (port_state & 0x01) != 0 ? "ACTIVE" : "PASSIVE";
+}
+
+const char* yfw_get_lacp_state_timeout(uint8_t port_state) {
+  return (port_state & 0x02) != 0 ? "SHORT" : "LONG";
+}
+
+const char* yfw_get_lacp_state_synchronization(uint8_t port_state) {
+  return (port_state & 0x08) != 0 ? "IN_SYNC" : "OUT_SYNC";
+}
+
+const char* yfw_get_lacp_state_aggregatable(uint8_t port_state) {
+  return (port_state & 0x04) != 0 ? "true" : "false";
+}
+
+const char* yfw_get_lacp_state_collecting(uint8_t port_state) {
+  return (port_state & 0x10) != 0 ? "true" : "false";
+}
+
+const char* yfw_get_lacp_state_distributing(uint8_t port_state) {
+  return (port_state & 0x20) != 0 ? "true" : "false";
 }

@@ -1,3 +1,5 @@
+// Of the group openconfig_lacp_util; apart, as it runs at load and unload, without a request.
+//
 // The module's lifecycle and its four registrations.
 #include <unistd.h>
 

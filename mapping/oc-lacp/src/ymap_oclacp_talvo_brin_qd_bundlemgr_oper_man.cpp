@@ -146,27 +146,3 @@ YMAP_DEFINE_HANDLER(qd2oc_intfstatesystempriority, report_bundle_leaf, BundleLea
 cerrno get_bundle_name_from_oper_tree(yfw_map_ctx ctx, const char** name) {
   return yfw_map_get_node_info(ctx, oclacp::kBundle, "bundle-interface", name);
 }
-
-const char* yfw_get_lacp_state_activity(uint8_t port_state) {
-  return (port_state & 0x01) != 0 ? "ACTIVE" : "PASSIVE";
-}
-
-const char* yfw_get_lacp_state_timeout(uint8_t port_state) {
-  return (port_state & 0x02) != 0 ? "SHORT" : "LONG";
-}
-
-const char* yfw_get_lacp_state_synchronization(uint8_t port_state) {
-  return (port_state & 0x08) != 0 ? "IN_SYNC" : "OUT_SYNC";
-}
-
-const char* yfw_get_lacp_state_aggregatable(uint8_t port_state) {
-  return (port_state & 0x04) != 0 ? "true" : "false";
-}
-
-const char* yfw_get_lacp_state_collecting(uint8_t port_state) {
-  return (port_state & 0x10) != 0 ? "true" : "false";
-}
-
-const char* yfw_get_lacp_state_distributing(uint8_t port_state) {
-  return (port_state & 0x20) != 0 ? "true" : "false";
-}

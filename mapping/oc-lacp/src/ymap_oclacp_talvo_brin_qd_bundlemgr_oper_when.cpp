@@ -1,3 +1,5 @@
+// Of the group talvo_brin_qd_bundlemgr_oper_man; apart, as it is a long list of names with one body.
+//
 // The when-handlers of the bundle information: the framework finds each by its name. None looks at the data.
 #include "frame/handler.h"
 #include "oclacp/native_oper.h"

@@ -1,6 +1,7 @@
 #include <string>
 
 #include "oclacp/interface_helpers.h"
+#include "oclacp/native_oper.h"
 #include "unit/module_test.h"
 
 namespace {
@@ -214,6 +215,28 @@ TEST(InterfaceNames, OfBundlesSaySo) {
   EXPECT_EQ(yfw_is_oc_bundleinterface("My-Bundle"), 1);
   EXPECT_EQ(yfw_is_oc_bundleinterface("bundle-ether1"), 0);
   EXPECT_EQ(yfw_is_oc_bundleinterface("GigabitEthernet0/0/0/1"), 0);
+}
+
+TEST(PortStateGetters, ReadOneBitEach) {
+  struct Getter {
+    const char* (*text_of)(std::uint8_t);
+    unsigned mask;
+    const char* clear;
+    const char* set;
+  };
+  const Getter getters[] = {{yfw_get_lacp_state_activity, 0x01, "PASSIVE", "ACTIVE"},
+                            {yfw_get_lacp_state_timeout, 0x02, "LONG", "SHORT"},
+                            {yfw_get_lacp_state_synchronization, 0x08, "OUT_SYNC", "IN_SYNC"},
+                            {yfw_get_lacp_state_aggregatable, 0x04, "false", "true"},
+                            {yfw_get_lacp_state_collecting, 0x10, "false", "true"},
+                            {yfw_get_lacp_state_distributing, 0x20, "false", "true"}};
+  for (const Getter& getter : getters) {
+    for (unsigned state = 0; state < 256; ++state) {
+      ASSERT_STREQ(getter.text_of(static_cast<std::uint8_t>(state)),
+                   (state & getter.mask) != 0 ? getter.set : getter.clear)
+          << "mask " << getter.mask << ", state " << state;
+    }
+  }
 }
 
 }  // namespace

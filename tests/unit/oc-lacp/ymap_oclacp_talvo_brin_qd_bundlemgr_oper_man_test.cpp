@@ -288,28 +288,6 @@ TEST_F(PortState, IgnoresTheResultsOfItsAdditions) {
   EXPECT_EQ(platform.count("yfw_map_datatree_add_path_flagged"), 12U) << "all six are tried";
 }
 
-TEST(PortStateGetters, ReadOneBitEach) {
-  struct Getter {
-    const char* (*text_of)(std::uint8_t);
-    unsigned mask;
-    const char* clear;
-    const char* set;
-  };
-  const Getter getters[] = {{yfw_get_lacp_state_activity, 0x01, "PASSIVE", "ACTIVE"},
-                            {yfw_get_lacp_state_timeout, 0x02, "LONG", "SHORT"},
-                            {yfw_get_lacp_state_synchronization, 0x08, "OUT_SYNC", "IN_SYNC"},
-                            {yfw_get_lacp_state_aggregatable, 0x04, "false", "true"},
-                            {yfw_get_lacp_state_collecting, 0x10, "false", "true"},
-                            {yfw_get_lacp_state_distributing, 0x20, "false", "true"}};
-  for (const Getter& getter : getters) {
-    for (unsigned state = 0; state < 256; ++state) {
-      ASSERT_STREQ(getter.text_of(static_cast<std::uint8_t>(state)),
-                   (state & getter.mask) != 0 ? getter.set : getter.clear)
-          << "mask " << getter.mask << ", state " << state;
-    }
-  }
-}
-
 TEST_F(BundleLeaf, NameOfItsBundleIsTheKeyOfTheEntryThatIsWalked) {
   const char* name = nullptr;
   EXPECT_EQ(get_bundle_name_from_oper_tree(platform.ctx(), &name), YFW_OK);
