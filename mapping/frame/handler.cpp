@@ -13,6 +13,9 @@ extern "C" void __assert_fail(const char* expression, const char* file, unsigned
 namespace ymap {
 namespace {
 
+// The library has every text, also the one that none of its handlers records.
+[[gnu::used, gnu::retain]] constexpr Message kKeptMessage = message::kXpathErrorNode;
+
 template <typename... Texts>
 void write_record(const Handler& handler, yfw_map_ctx ctx, const Message& message, Texts... texts) {
   if (yfw_debug_should_log(&ctx->debug_log_filter, message.level) != 0) {
