@@ -44,8 +44,7 @@ struct Handler {
 void assert_context(const Handler& handler, yfw_map_ctx ctx);
 
 // Writes one record. The line number that it carries is that of the handler's row and the message's call site as two
-// digits,
-// so that Start, each error and End differ, and the row is found by dropping the last two.
+// digits, so that Start, each error and End differ, and the row is found by dropping the last two.
 void record(const Handler& handler, yfw_map_ctx ctx, MessageWith<0> message);
 void record(const Handler& handler, yfw_map_ctx ctx, MessageWith<1> message, const char* text);
 void record(const Handler& handler, yfw_map_ctx ctx, MessageWith<2> message, const char* text, const char* other);

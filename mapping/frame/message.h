@@ -16,10 +16,11 @@ struct Message {
   std::size_t arguments;  // how many texts it takes
 };
 
-// A handler has a call-site id for each message that it could record. The frame's messages come first, a module's
-// follow from kFirstModuleCallSite.
+// A handler has a call-site id for each place that could record. The frame's messages come first, a module's follow
+// from kFirstModuleCallSite. A message that a handler records in two places has an entry for each; see
+// at_another_place().
 inline constexpr std::size_t kFirstModuleCallSite = 20;
-inline constexpr std::size_t kCallSites = 30;
+inline constexpr std::size_t kCallSites = 31;
 
 consteval std::size_t count_arguments(const char* format) {
   std::size_t count = 0;
@@ -41,6 +42,12 @@ consteval std::size_t count_arguments(const char* format) {
     .trace = "#%u: TRC: %s:%d ctx=%p," TEXT, .arguments = ymap::count_arguments(TEXT)      \
   }
 // NOLINTEND(bugprone-macro-parentheses)
+
+// A message as another place of the same handler records it: the same text with a call site of its own.
+consteval Message at_another_place(Message message, std::size_t call_site) {
+  message.call_site = call_site;
+  return message;
+}
 
 // Named in the compiler's error when a record is given another number of texts than its message takes.
 void message_takes_another_number_of_arguments();
@@ -79,7 +86,8 @@ inline constexpr Message kKeyDeleted         = YMAP_ERROR_MESSAGE(10, "The key n
 inline constexpr Message kLeafrefRefused     = YMAP_ERROR_MESSAGE(11, "leafref value check fail");
 inline constexpr Message kProcessingTag      = YMAP_TRACE_MESSAGE(12, "Processing tag '%s'");
 inline constexpr Message kTagIgnored         = YMAP_TRACE_MESSAGE(13, "Unsupported tag. Ignoring.");
-// For a framework that hands over an error node of an XPath evaluation; no handler of this module is given one
+// For a framework that hands over an error node of an XPath evaluation. No handler is given one; the library has the text
+// all the same.
 inline constexpr Message kXpathErrorNode     = YMAP_TRACE_MESSAGE(14, "got xpath error node");
 // When-handlers
 inline constexpr Message kNothingToEvaluate  = YMAP_TRACE_MESSAGE(15, "No valid input to validate when statement ");
@@ -87,9 +95,11 @@ inline constexpr Message kNothingToEvaluate  = YMAP_TRACE_MESSAGE(15, "No valid 
 inline constexpr Message kCopyFailed         = YMAP_TRACE_MESSAGE(16, " %s yfw_strcpy_s failed with error : %s\n");
 inline constexpr Message kBoundedCopyFailed  = YMAP_TRACE_MESSAGE(17, " %s yfw_strncpy_s failed with error : %s\n");
 inline constexpr Message kCompareFailed      = YMAP_TRACE_MESSAGE(18, " %s yfw_strcmp_s failed with error : %s\n");
+// The children of a further entry, in the walker of a list entry
+inline constexpr Message kFurtherSubtreesMissing = at_another_place(kSubtreesMissing, 19);
 // clang-format on
 }  // namespace message
 
-static_assert(message::kCompareFailed.call_site < kFirstModuleCallSite);
+static_assert(message::kFurtherSubtreesMissing.call_site < kFirstModuleCallSite);
 
 }  // namespace ymap

@@ -318,7 +318,7 @@ class ListWalk : public Walk {
   cerrno walk_further_entry(yfw_datatree& further, yfw_itree_callback callback) const {
     const std::optional<unsigned int> count = child_count_of(further);
     if (!count) {
-      run_.record(message::kSubtreesMissing);
+      run_.record(message::kFurtherSubtreesMissing);
       return YFW_MALFORMED_TREE;
     }
     std::optional<HierarchyEntry> entry;

@@ -11,11 +11,12 @@ struct ShortText {
   char text[10] = {};
 };
 
-// Compares two texts of any length; a failure is recorded.
-inline cerrno compare(const Activation& run, const char* value, const char* known, bool& equal) {
+// Compares two texts of any length; a failure is recorded as `failure`.
+inline cerrno compare(const Activation& run, const char* value, const char* known, bool& equal,
+                      MessageWith<2> failure = message::kCompareFailed) {
   int difference = 0;
   const cerrno status = yfw_strcmp_s(run.name(), value, YFW_STRING_NO_LIMIT, known, &difference);
-  if (status != YFW_OK) run.record_failed_call(message::kCompareFailed, status);
+  if (status != YFW_OK) run.record_failed_call(failure, status);
   equal = status == YFW_OK && difference == 0;
   return status;
 }

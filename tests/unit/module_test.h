@@ -4,7 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "support/left_behind.h"
@@ -12,6 +14,29 @@
 #include "support/request.h"
 
 namespace support {
+
+// Where a record was emitted: the id of its call site in the debug log, and its line in the trace buffer.
+struct Place {
+  const std::uint32_t* call_site_id = nullptr;
+  int line = 0;
+};
+
+// The place of the last record of a text.
+inline Place place_of(const Platform& platform, std::string_view text) {
+  Place place;
+  for (const Record& record : platform.seen().records) {
+    if (record.text != text) continue;
+    if (record.sink == Record::Sink::kDebugLog) place.call_site_id = record.call_site_id;
+    if (record.sink == Record::Sink::kTraceBuffer) place.line = record.line;
+  }
+  EXPECT_NE(place.line, 0) << "\"" << text << "\" is not recorded";
+  return place;
+}
+
+inline void expect_two_places(const Place& one, const Place& other) {
+  EXPECT_NE(one.call_site_id, other.call_site_id);
+  EXPECT_NE(one.line, other.line);
+}
 
 // A test with a platform. Whatever it does, the module keeps to the contract.
 class ModuleTest : public testing::Test {

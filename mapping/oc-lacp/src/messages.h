@@ -19,8 +19,12 @@ inline constexpr ymap::Message kIntervalCopyFailed   = YMAP_TRACE_MESSAGE(kFirst
 inline constexpr ymap::Message kBundleNameMissing    = YMAP_TRACE_MESSAGE(kFirstModuleCallSite + 6, " %s Unable to get bundle name from lacp-bundle tree : %s\n");
 inline constexpr ymap::Message kBundleNameFailed     = YMAP_TRACE_MESSAGE(kFirstModuleCallSite + 7, "%s: Unable to get bundle name. Returning from here. rc %s\n");
 inline constexpr ymap::Message kModeIsOn             = YMAP_TRACE_MESSAGE(kFirstModuleCallSite + 8, "%s: Configured LACP Mode is ON. Returning from here\n");
+// Second places of a handler that records the same twice: the comparison of a mode after that with "on", and the end of a
+// deletion whose addition failed
+inline constexpr ymap::Message kSecondCompareFailed  = ymap::at_another_place(ymap::message::kCompareFailed, kFirstModuleCallSite + 9);
+inline constexpr ymap::Message kEndOfFailedAddition  = ymap::at_another_place(ymap::message::kEnd, kFirstModuleCallSite + 10);
 // clang-format on
 
-static_assert(kModeIsOn.call_site < ymap::kCallSites);
+static_assert(kEndOfFailedAddition.call_site < ymap::kCallSites);
 
 }  // namespace oclacp::message

@@ -62,10 +62,9 @@ NativeValue native_period(const Activation& run, yfw_map_ctx ctx, const yfw_data
   if (leaf.value == nullptr) return refuse_interval(run, ctx);
   bool fast = false;
   if (const cerrno status = ymap::compare(run, leaf.value, "FAST", fast); status != YFW_OK) return abandon(status);
-  if (fast) return copied(run, buffer, "1", oclacp::message::kIntervalCopyFailed);
-  // A comparison that fails here makes the interval an unsupported one; its code is not told.
-  if (!ymap::is_equal(run, leaf.value, "SLOW")) return refuse_interval(run, ctx);
-  return copied(run, buffer, "30000", oclacp::message::kIntervalCopyFailed);
+  // A comparison that fails here makes the interval an unsupported one; its code is discarded.
+  if (!fast && !ymap::is_equal(run, leaf.value, "SLOW")) return refuse_interval(run, ctx);
+  return copied(run, buffer, fast ? "1" : "30000", oclacp::message::kIntervalCopyFailed);
 }
 
 // ---- List keys ----------------------------------------------------------------------------------------------------

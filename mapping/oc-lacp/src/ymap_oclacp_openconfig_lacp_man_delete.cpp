@@ -1,3 +1,5 @@
+// Of the group openconfig_lacp_man; apart, as it alone talks to the data store.
+//
 // The deletion of LACP configuration. A request names an OpenConfig entry, while natively LACP is a container under
 // each interface's configuration; so the data store is asked which interfaces hold one.
 #include <unistd.h>
@@ -89,7 +91,10 @@ class Deletion {
     one_entry_ = yfw_map_do_these_match(node_.tag, "interface") != 0;
     cerrno status = interfaces_.find();
     if (status == YFW_OK) status = delete_interfaces();
-    if (addition_failed_) return run_.end(status);
+    if (addition_failed_) {
+      run_.record(oclacp::message::kEndOfFailedAddition);
+      return status;
+    }
     const cerrno answer = conclude(status);
     interfaces_.release();
     return run_.end(answer);

@@ -62,7 +62,10 @@ cerrno convert_mode(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree*
     return run.end(YFW_OK);
   }
   bool is_active = false;
-  if (const cerrno status = ymap::compare(run, in->value, "active", is_active); status != YFW_OK) return status;
+  if (const cerrno status = ymap::compare(run, in->value, "active", is_active, oclacp::message::kSecondCompareFailed);
+      status != YFW_OK) {
+    return status;
+  }
   ymap::ShortText text;
   const char* const mode = is_active ? "ACTIVE" : "PASSIVE";
   if (const cerrno status = ymap::copy(run, text, mode, ymap::message::kCopyFailed); status != YFW_OK) return status;

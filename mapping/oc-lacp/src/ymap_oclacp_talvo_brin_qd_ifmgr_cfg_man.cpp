@@ -46,8 +46,8 @@ cerrno map_interface_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_da
       return status;
     }
     keep_interface_name(ctx, name);
-    return yfw_map_search_or_add_list(ctx, out, &ctx->request->current_list_node, oclacp::kOcInterface,
-                                      name, "name", kOpenconfigLacp);
+    return yfw_map_search_or_add_list(ctx, out, &ctx->request->current_list_node, oclacp::kOcInterface, name, "name",
+                                      kOpenconfigLacp);
   });
 }
 

@@ -530,6 +530,15 @@ TEST_F(FurtherEntries, OfAMalformedTreeStopTheWalk) {
   expect_nothing_left(request);
 }
 
+TEST_F(FurtherEntries, OfAMalformedTree_AreRecordedAtAnotherPlaceThanTheFirst) {
+  further.root()->children[0].children = nullptr;
+  EXPECT_EQ(walk(request), YFW_MALFORMED_TREE);
+  const support::Place of_further = support::place_of(platform, "Failed to get subtrees!");
+  request.root()->children = nullptr;
+  EXPECT_EQ(walk(request), YFW_MALFORMED_TREE);
+  support::expect_two_places(of_further, support::place_of(platform, "Failed to get subtrees!"));
+}
+
 TEST_F(FurtherEntries, StopWhenTheListPathIsRefused) {
   platform.script("yfw_map_update_current_list_node", 2, 0x44);
   EXPECT_EQ(walk(request), 0x44U);

@@ -302,6 +302,15 @@ TEST_F(Deletion, FailedAdditionReturnsItsCodeAndLeavesTheDataStoreOpen) {
   }
 }
 
+TEST_F(Deletion, EndOfAFailedAddition_IsRecordedAtAnotherPlaceThanTheOrdinaryEnd) {
+  Request request(entry_of("Bundle-Ether2"));
+  EXPECT_EQ(run(request), YFW_SKIP_SUBTREE);
+  const support::Place ordinary = support::place_of(platform, "End");
+  platform.script("yfw_map_datatree_add_path_flagged", 1, kFailure);
+  EXPECT_EQ(run(request), kFailure);
+  support::expect_two_places(ordinary, support::place_of(platform, "End"));
+}
+
 // ---- All of LACP
 
 TEST_F(Deletion, OfAllTakesEveryItemAndSkips) {

@@ -150,6 +150,16 @@ TEST_F(ConfiguredMode, FailedComparisonFailsOnAnInterfaceThatIsNotShownToo) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
+TEST_F(ConfiguredMode, FailedComparisons_AreRecordedAtAPlaceEach) {
+  const std::string text = " qd2oc_cfglacpmode yfw_strcmp_s failed with error : status 0x00000077\n";
+  platform.script("yfw_strcmp_s", 1, 0x77, "\"on\"");
+  EXPECT_EQ(run(qd2oc_cfglacpmode, "passive"), 0x77U);
+  const support::Place first = support::place_of(platform, text);
+  platform.script("yfw_strcmp_s", 1, 0x77, "\"active\"");
+  EXPECT_EQ(run(qd2oc_cfglacpmode, "passive"), 0x77U);
+  support::expect_two_places(first, support::place_of(platform, text));
+}
+
 TEST_F(ConfiguredMode, WithoutValueFailsInItsFirstComparison) {
   Request request(leaf("mode"));
   EXPECT_EQ(qd2oc_cfglacpmode(platform.ctx(), request.root(), platform.output()), support::kStringRefused);
