@@ -58,7 +58,7 @@ std::string running_text(Request request, std::size_t interfaces) {
 }
 
 // A device that is read when the request comes, as the program does it.
-class Device final : public oclacp::host::Device {
+class Device final : public oclacp::host::DeviceSnapshot {
  public:
   explicit Device(TreePtr running, TreePtr operational = nullptr)
       : running_(std::move(running)), operational_(std::move(operational)) {}

@@ -71,6 +71,12 @@ Records::~Records() {
   }
 }
 
+void warn(const std::vector<std::string>& sentences) {
+  for (const std::string& sentence : sentences) {
+    std::cerr << "oclacp: " << sentence << '\n';
+  }
+}
+
 void warn_unkeyed_entries(size_t entries) {
   if (entries != 0) {
     std::cerr << "oclacp: left out " << entries << " native list entries that have no keys\n";

@@ -74,6 +74,9 @@ class Records {
 // Tells, on the standard error, which leaves were left out of an answer.
 void warn_omitted_leaves(const host::Answer& answer);
 
+// Shows what a device has to tell, a sentence each, on the standard error.
+void warn(const std::vector<std::string>& sentences);
+
 // Tells, on the standard error, of native list entries that were left out.
 void warn_unkeyed_entries(size_t entries);
 

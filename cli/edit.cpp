@@ -3,10 +3,10 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "cli/command.h"
-#include "host/devices/directory_device.h"
-#include "host/devices/editable_directory.h"
+#include "host/devices/open_device.h"
 #include "host/files/read_file.h"
 #include "host/yang/document_check.h"
 
@@ -34,7 +34,7 @@ void add_edit_options(CLI::App& command, EditArguments& arguments) {
   add_debug_options(command, arguments);
 }
 
-host::EditPlan plan(host::Translator& translator, const host::Device& device, EditArguments& arguments) {
+host::EditPlan plan(host::Translator& translator, const host::DeviceSnapshot& device, EditArguments& arguments) {
   const Records records(arguments);
   host::EditPlan plan = arguments.request ? translator.plan_edit(*arguments.request, device, arguments.options)
                                           : translator.plan_delete(arguments.path, device, arguments.options);
@@ -42,17 +42,23 @@ host::EditPlan plan(host::Translator& translator, const host::Device& device, Ed
   return plan;
 }
 
+// From before the device is read until it is changed it is locked, so that nobody's work is lost.
+void change(host::Translator& translator, host::Device& device, EditArguments& arguments) {
+  const std::unique_ptr<host::DeviceLock> lock = device.lock({});
+  const std::shared_ptr<const host::DeviceSnapshot> before = device.snapshot();
+  host::EditPlan planned = plan(translator, *before, arguments);
+  if (planned.changes_something()) {
+    warn(device.commit(*lock, *before, std::move(planned.running), {}));
+  }
+}
+
 void edit(host::Translator& translator, EditArguments& arguments) {
+  const std::unique_ptr<host::Device> device = host::open_device(translator.native_context(), arguments.device);
   if (!arguments.options.is_dry_run && !arguments.expects_no_change) {
-    host::EditableDirectory directory(translator.native_context(), arguments.device);
-    const host::EditPlan planned = plan(translator, directory.device(), arguments);
-    if (planned.changes_something()) {
-      directory.commit(planned.running.get());
-    }
+    change(translator, *device, arguments);
     return;
   }
-  const host::DirectoryDevice device(translator.native_context(), arguments.device);
-  const host::EditPlan planned = plan(translator, device, arguments);
+  const host::EditPlan planned = plan(translator, *device->snapshot(), arguments);
   if (arguments.options.is_dry_run) {
     print(planned.native_edit + planned.difference);
   } else if (planned.changes_something()) {

@@ -9,7 +9,7 @@
 #include "cli/command.h"
 #include "cli/terminal.h"
 #include "cli/watch.h"
-#include "host/devices/directory_device.h"
+#include "host/devices/open_device.h"
 #include "host/present/answer_table.h"
 
 namespace oclacp::cli {
@@ -39,12 +39,12 @@ std::string check_seconds(const std::string& text) {
              : "'" + text + "' is no number from 0.1 to 86400";
 }
 
-host::Answer read(host::Translator& translator, GetArguments& arguments) {
-  const host::DirectoryDevice device(translator.native_context(), arguments.device);
+host::Answer read(host::Translator& translator, host::Device& device, GetArguments& arguments) {
+  const std::shared_ptr<const host::DeviceSnapshot> snapshot = device.snapshot();
   const Records records(arguments);
   arguments.get.debug_log = arguments.options.debug_log;
   arguments.get.trace = arguments.options.trace;
-  return translator.get(device, arguments.get);
+  return translator.get(*snapshot, arguments.get);
 }
 
 void show(const host::Translator& translator, const host::Answer& answer, AnswerFormat format) {
@@ -55,8 +55,9 @@ void show(const host::Translator& translator, const host::Answer& answer, Answer
   }
 }
 
-void get(host::Translator& translator, GetArguments& arguments) {
-  const host::Answer answer = read(translator, arguments);
+void get(host::Translator& translator, host::Device& device, GetArguments& arguments) {
+  const host::Answer answer = read(translator, device, arguments);
+  warn(device.snapshot()->warnings());
   warn_omitted_leaves(answer);
   show(translator, answer, arguments.format);
   for (const std::string& failure : answer.failures) {
@@ -70,13 +71,13 @@ void get(host::Translator& translator, GetArguments& arguments) {
 void run(GetArguments& arguments) {
   arguments.get.kind = arguments.reads_state ? host::RequestKind::kReadState : host::RequestKind::kReadConfig;
   const std::unique_ptr<host::Translator> translator = make_translator(arguments);
+  const std::unique_ptr<host::Device> device = host::open_device(translator->native_context(), arguments.device);
   if (arguments.lists_unmapped) {
-    const host::DirectoryDevice device(translator->native_context(), arguments.device);
-    print(translator->list_unmapped(device, arguments.get.path));
+    print(translator->list_unmapped(*device->snapshot(), arguments.get.path));
   } else if (arguments.watch_seconds > 0) {
-    watch(*translator, arguments.watch_seconds, [&] { return read(*translator, arguments); });
+    watch(*translator, arguments.watch_seconds, [&] { return read(*translator, *device, arguments); });
   } else {
-    get(*translator, arguments);
+    get(*translator, *device, arguments);
   }
 }
 

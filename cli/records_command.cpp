@@ -5,7 +5,7 @@
 
 #include "cli/command.h"
 #include "cli/locations.h"
-#include "host/devices/directory_device.h"
+#include "host/devices/open_device.h"
 #include "host/files/read_file.h"
 #include "host/records/record_printer.h"
 #include "host/translation/translator.h"
@@ -82,10 +82,10 @@ std::string RecordsCommand::run() const {
 std::string RecordsCommand::decode() const {
   const host::Bag& bag = bag_named(host::register_records_of(module_), name_);
   const std::string bytes = host::read_text_file(file_, bag.schema.top().size);
-  host::InterfaceNames interfaces = host::interface_names(host::EmptyDevice());
+  host::InterfaceNames interfaces = host::interface_names(host::EmptySnapshot());
   if (!device_.empty()) {
     const host::Translator translator({shipped_schemas(), ""}, module_);
-    interfaces = host::interface_names(host::DirectoryDevice(translator.native_context(), device_));
+    interfaces = host::interface_names(*host::open_device(translator.native_context(), device_)->snapshot());
   }
   const host::DecodedField record = host::decode_record(bag, bytes, interfaces);
   return format_ == "json" ? host::record_as_json(bag, record) : host::record_as_table(record);

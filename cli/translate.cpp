@@ -4,7 +4,7 @@
 #include <string>
 
 #include "cli/command.h"
-#include "host/devices/directory_device.h"
+#include "host/devices/open_device.h"
 #include "host/files/read_file.h"
 #include "host/yang/document_check.h"
 
@@ -21,16 +21,17 @@ struct TranslateArguments : TranslationArguments {
 
 const Choices<bool> kTargets = {{"native", false}, {"openconfig", true}};
 
-// Null without one.
-std::unique_ptr<host::Device> open_device(const host::Translator& translator, const TranslateArguments& arguments) {
+// What the device holds; null without one.
+std::shared_ptr<const host::DeviceSnapshot> read_device(const host::Translator& translator,
+                                                        const TranslateArguments& arguments) {
   if (arguments.device.empty()) {
     return nullptr;
   }
-  return std::make_unique<host::DirectoryDevice>(translator.native_context(), arguments.device);
+  return host::open_device(translator.native_context(), arguments.device)->snapshot();
 }
 
-void translate_to_openconfig(host::Translator& translator, const host::Device* device, const std::string& native,
-                             TranslateArguments& arguments) {
+void translate_to_openconfig(host::Translator& translator, const host::DeviceSnapshot* device,
+                             const std::string& native, TranslateArguments& arguments) {
   host::ToOpenconfigOptions options;
   if (arguments.options.kind == host::RequestKind::kReadState) {
     options.kind = host::RequestKind::kReadState;
@@ -48,14 +49,14 @@ void translate_to_openconfig(host::Translator& translator, const host::Device* d
 
 void translate(TranslateArguments& arguments) {
   const std::unique_ptr<host::Translator> translator = make_translator(arguments);
-  const std::unique_ptr<host::Device> device = open_device(*translator, arguments);
+  const std::shared_ptr<const host::DeviceSnapshot> device = read_device(*translator, arguments);
   const std::string request = host::read_text_file(arguments.file, host::kMaxRequestBytes);
   if (arguments.goes_to_openconfig) {
     translate_to_openconfig(*translator, device.get(), request, arguments);
     return;
   }
-  const host::EmptyDevice nothing;
-  const host::Device& asked = device == nullptr ? static_cast<const host::Device&>(nothing) : *device;
+  const host::EmptySnapshot nothing;
+  const host::DeviceSnapshot& asked = device == nullptr ? static_cast<const host::DeviceSnapshot&>(nothing) : *device;
   host::Translation translation;
   {
     const Records records(arguments);

@@ -66,7 +66,7 @@ void check_same_interface(const EditNode& node) {
 
 class Application {
  public:
-  Application(const ly_ctx* native, const Device& device) : native_(native), device_(device) {
+  Application(const ly_ctx* native, const DeviceSnapshot& device) : native_(native), device_(device) {
     if (device.running() == nullptr) {
       return;
     }
@@ -220,13 +220,13 @@ class Application {
   }
 
   const ly_ctx* native_;
-  const Device& device_;
+  const DeviceSnapshot& device_;
   TreePtr tree_;
 };
 
 }  // namespace
 
-TreePtr apply_edit(const ly_ctx* native, const EditTree& edit, const Device& device) {
+TreePtr apply_edit(const ly_ctx* native, const EditTree& edit, const DeviceSnapshot& device) {
   Application application(native, device);
   application.apply_below(edit.root(), nullptr);
   return application.take_valid();

@@ -15,6 +15,6 @@ namespace oclacp::host {
 //
 // Throws Error, naming the native node, for what cannot be applied, for a value that the native model does not take,
 // and when the result is not valid.
-TreePtr apply_edit(const ly_ctx* native, const EditTree& edit, const Device& device);
+TreePtr apply_edit(const ly_ctx* native, const EditTree& edit, const DeviceSnapshot& device);
 
 }  // namespace oclacp::host

@@ -163,10 +163,10 @@ ProbeResult Probe::native(const lysc_node* node, const std::string& value) {
 
 ProbeResult Probe::native_alone(const lysc_node* node, const std::string& value) {
   const TreePtr data = native_data(schemas_.native(), node, value);
-  return run_native(data.get(), EmptyDevice(data.get()));
+  return run_native(data.get(), EmptySnapshot(data.get()));
 }
 
-ProbeResult Probe::run_native(const lyd_node* data, const Device& device) {
+ProbeResult Probe::run_native(const lyd_node* data, const DeviceSnapshot& device) {
   const lysc_node* top = data->schema;
   const yfw_map_walker walker = module_.native_walker(top->module->ns, top->name);
   if (walker == nullptr) {

@@ -49,14 +49,14 @@ class Probe {
  private:
   // `about`: only what is added for this leaf counts; null for all.
   ProbeResult run_request(const std::string& path, uint32_t operation, const lysc_node* about);
-  ProbeResult run_native(const lyd_node* data, const Device& device);
+  ProbeResult run_native(const lyd_node* data, const DeviceSnapshot& device);
 
   const MappingModule& module_;
   const Schemas& schemas_;
   SchemaIndex& openconfig_;
   SchemaIndex& native_;
   TreePtr configuration_;  // LACP on the sample interface
-  EmptyDevice device_;
+  EmptySnapshot device_;
 };
 
 }  // namespace oclacp::host

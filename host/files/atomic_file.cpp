@@ -70,9 +70,10 @@ class Aside {
     check(fsync(descriptor_.number()) == 0);
   }
 
-  void put_in_place() {
+  std::optional<FileVersion> put_in_place() {
     check(std::rename(name_.c_str(), file_.c_str()) == 0);
     is_in_place_ = true;
+    return file_version(descriptor_.number());
   }
 
  private:
@@ -99,14 +100,16 @@ void make_names_durable(const std::string& file) {
 
 }  // namespace
 
-void replace_file(const std::string& file, std::string_view content) {
+std::optional<FileVersion> replace_file(const std::string& file, std::string_view content) {
+  std::optional<FileVersion> version;
   {
     Aside aside(file);
     aside.take_mode_and_owner();
     aside.write(content);
-    aside.put_in_place();
+    version = aside.put_in_place();
   }
   make_names_durable(file);
+  return version;
 }
 
 }  // namespace oclacp::host

@@ -1,8 +1,11 @@
 // Files that outlive a crash.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
+
+#include "host/files/file_version.h"
 
 namespace oclacp::host {
 
@@ -11,7 +14,8 @@ namespace oclacp::host {
 // takes the file's name. The mode stays; the group stays when the caller is of it, the owner when the caller is the
 // owner or root. One caller at a time; a file that was left aside by a crash goes.
 //
-// Throws Error, naming the file. The file is then as it was, unless the sentence says otherwise.
-void replace_file(const std::string& file, std::string_view content);
+// Returns what tells the new file from any later one. Throws Error, naming the file. The file is then as it was, unless
+// the sentence says otherwise.
+std::optional<FileVersion> replace_file(const std::string& file, std::string_view content);
 
 }  // namespace oclacp::host

@@ -187,7 +187,7 @@ class Decoder {
 }  // namespace
 
 // A handle is the interface's number in the inventory, from 1.
-InterfaceNames interface_names(const Device& device) {
+InterfaceNames interface_names(const DeviceSnapshot& device) {
   return [inventory = device.interfaces()](std::uint32_t handle) {
     return handle == 0 || handle > inventory.size() ? std::string() : inventory[handle - 1].name;
   };

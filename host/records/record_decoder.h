@@ -39,7 +39,7 @@ struct DecodedField {
 using InterfaceNames = std::function<std::string(std::uint32_t handle)>;
 
 // The names of a device's interfaces, by the handles that the host's interface manager gives out. Copies them.
-OCLACP_HOST_API InterfaceNames interface_names(const Device& device);
+OCLACP_HOST_API InterfaceNames interface_names(const DeviceSnapshot& device);
 
 // Decodes one record of a bag. The bytes are as in the memory of the machine that runs this: numbers in its byte order,
 // addresses (MAC, IPv4, IPv6) in network order. Of a union, the arm that its discriminator chooses is decoded; none

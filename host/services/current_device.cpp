@@ -38,7 +38,7 @@ class Pattern {
 
 }  // namespace
 
-CurrentDevice::CurrentDevice(const Device& device) : device_(device), outer_(installed) {
+CurrentDevice::CurrentDevice(const DeviceSnapshot& device) : device_(device), outer_(installed) {
   installed = this;
 }
 

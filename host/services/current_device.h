@@ -18,7 +18,7 @@ namespace oclacp::host {
 // Installs a device for the current thread as long as this lives. Scopes may be nested; the inner one counts.
 class CurrentDevice {
  public:
-  explicit CurrentDevice(const Device& device);
+  explicit CurrentDevice(const DeviceSnapshot& device);
   ~CurrentDevice();
   CurrentDevice(const CurrentDevice&) = delete;
   CurrentDevice& operator=(const CurrentDevice&) = delete;
@@ -28,7 +28,7 @@ class CurrentDevice {
   // The one of this thread; null outside of every scope.
   static CurrentDevice* current();
 
-  [[nodiscard]] const Device& device() const { return device_; }
+  [[nodiscard]] const DeviceSnapshot& device() const { return device_; }
 
   // Whether an interface's configuration holds something of LACP, or the device counts it as if.
   bool has_lacp(std::string_view interface) { return device_.assumes_lacp() || configuration().has_lacp(interface); }
@@ -42,7 +42,7 @@ class CurrentDevice {
   const FoundItems* find_items(const std::string& pattern);
 
  private:
-  const Device& device_;
+  const DeviceSnapshot& device_;
   CurrentDevice* outer_;
   std::optional<ActiveConfiguration> configuration_;
   std::optional<InterfaceTable> interfaces_;

@@ -110,7 +110,7 @@ namespace {
 
 // An edit from its text to what it comes to natively; the later are made of the earlier.
 struct TranslatedEdit {
-  TranslatedEdit(ParsedRequest parsed, const MappingModule& module, SchemaIndex& paths, const Device& device,
+  TranslatedEdit(ParsedRequest parsed, const MappingModule& module, SchemaIndex& paths, const DeviceSnapshot& device,
                  const TranslateOptions& options)
       : request(std::move(parsed)), installed(device), log(paths, true) {
     apply_default(options.operation, request.tree);
@@ -127,7 +127,8 @@ struct TranslatedEdit {
 
 }  // namespace
 
-Translation Translator::translate(const std::string& request, const Device& device, const TranslateOptions& options) {
+Translation Translator::translate(const std::string& request, const DeviceSnapshot& device,
+                                  const TranslateOptions& options) {
   Translation translation;
   if (options.kind == RequestKind::kEdit) {
     const TranslatedEdit edit(parse_request(parts_->schemas.request(), request), parts_->module, parts_->native_paths,
@@ -150,15 +151,17 @@ Translation Translator::translate(const std::string& request, const Device& devi
   return translation;
 }
 
-EditPlan Translator::plan_edit(const std::string& request, const Device& device, const TranslateOptions& options) {
+EditPlan Translator::plan_edit(const std::string& request, const DeviceSnapshot& device,
+                               const TranslateOptions& options) {
   return plan(parse_request(parts_->schemas.request(), request), device, options);
 }
 
-EditPlan Translator::plan_delete(const std::string& path, const Device& device, const TranslateOptions& options) {
+EditPlan Translator::plan_delete(const std::string& path, const DeviceSnapshot& device,
+                                 const TranslateOptions& options) {
   return plan(parse_delete_path(parts_->schemas.request(), path), device, options);
 }
 
-EditPlan Translator::plan(ParsedRequest request, const Device& device, const TranslateOptions& options) {
+EditPlan Translator::plan(ParsedRequest request, const DeviceSnapshot& device, const TranslateOptions& options) {
   TranslatedEdit edit(std::move(request), parts_->module, parts_->native_paths, device, options);
   check_creations(edit.request.tree, edit.installed);
   EditPlan plan;

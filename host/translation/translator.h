@@ -103,29 +103,29 @@ class OCLACP_HOST_API Translator {
   [[nodiscard]] const ly_ctx* openconfig_context() const;
 
   // Translates a request in JSON or XML. Throws Error; nothing is changed by a refused request, nor by any other.
-  Translation translate(const std::string& request, const Device& device, const TranslateOptions& options);
+  Translation translate(const std::string& request, const DeviceSnapshot& device, const TranslateOptions& options);
 
   // Reads a device: its configuration, or its operational state too. Throws Error.
-  Answer get(const Device& device, const GetOptions& options);
+  Answer get(const DeviceSnapshot& device, const GetOptions& options);
 
   // The native configuration of the interfaces below `path` (as in GetOptions) that OpenConfig has no form for: a line
   // for each leaf, with its native path and its value. Throws Error.
-  std::string list_unmapped(const Device& device, const std::string& path);
+  std::string list_unmapped(const DeviceSnapshot& device, const std::string& path);
 
   // Translates native data in JSON (RFC 7951) or XML, with any number of native top nodes. The interfaces that have
   // LACP are those of `device`; with null those of the input. Throws Error.
-  Answer to_openconfig(const std::string& native, const Device* device, const ToOpenconfigOptions& options);
+  Answer to_openconfig(const std::string& native, const DeviceSnapshot* device, const ToOpenconfigOptions& options);
 
   // Translates an edit and applies it to the configuration of `device`, which stays as it is; to carry the plan out is
   // the caller's part. Throws Error as translate() does, and for what cannot be applied.
-  EditPlan plan_edit(const std::string& request, const Device& device, const TranslateOptions& options);
+  EditPlan plan_edit(const std::string& request, const DeviceSnapshot& device, const TranslateOptions& options);
 
   // The same for the delete of one node; `path` as in GetOptions.
-  EditPlan plan_delete(const std::string& path, const Device& device, const TranslateOptions& options);
+  EditPlan plan_delete(const std::string& path, const DeviceSnapshot& device, const TranslateOptions& options);
 
  private:
   struct Parts;
-  EditPlan plan(ParsedRequest request, const Device& device, const TranslateOptions& options);
+  EditPlan plan(ParsedRequest request, const DeviceSnapshot& device, const TranslateOptions& options);
 
   std::unique_ptr<Parts> parts_;
 };

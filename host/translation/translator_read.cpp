@@ -20,9 +20,9 @@ const lyd_node* find_top(const lyd_node* tops, std::string_view name) {
 
 // The device of a translation without one: it has LACP where the input has, and everywhere when the input is state
 // without the configuration of interfaces.
-class InputDevice final : public EmptyDevice {
+class InputSnapshot final : public EmptySnapshot {
  public:
-  explicit InputDevice(const lyd_node* input) : EmptyDevice(input) {}
+  explicit InputSnapshot(const lyd_node* input) : EmptySnapshot(input) {}
 
   [[nodiscard]] bool assumes_lacp() const override {
     return lyd_child(find_top(running(), "interface-configurations")) == nullptr;
@@ -44,13 +44,13 @@ struct ReadRequest {
 };
 
 // The device's data for a native top node; null when it has none.
-const lyd_node* find_data(const Device& device, const lysc_node* top) {
+const lyd_node* find_data(const DeviceSnapshot& device, const lysc_node* top) {
   return find_top((top->flags & LYS_CONFIG_W) != 0 ? device.running() : device.operational(), top->name);
 }
 
 }  // namespace
 
-Answer Translator::get(const Device& device, const GetOptions& options) {
+Answer Translator::get(const DeviceSnapshot& device, const GetOptions& options) {
   const CurrentDevice installed(device);
   const uint32_t operation = operation_code(options.kind);
   const RecordSinks sinks = {options.debug_log, options.trace};
@@ -77,7 +77,7 @@ Answer Translator::get(const Device& device, const GetOptions& options) {
   return answer;
 }
 
-std::string Translator::list_unmapped(const Device& device, const std::string& path) {
+std::string Translator::list_unmapped(const DeviceSnapshot& device, const std::string& path) {
   const CurrentDevice installed(device);
   const ReadRequest read_request(parts_->schemas.request(), parts_->module, parts_->native_paths, path,
                                  operation_code(RequestKind::kReadConfig), {});
@@ -96,9 +96,10 @@ std::string Translator::list_unmapped(const Device& device, const std::string& p
   return text;
 }
 
-Answer Translator::to_openconfig(const std::string& native, const Device* device, const ToOpenconfigOptions& options) {
+Answer Translator::to_openconfig(const std::string& native, const DeviceSnapshot* device,
+                                 const ToOpenconfigOptions& options) {
   const ParsedNative parsed = parse_native(parts_->schemas.native(), native, options.kind == RequestKind::kReadState);
-  const InputDevice input_device(parsed.data.get());
+  const InputSnapshot input_device(parsed.data.get());
   const CurrentDevice installed(device == nullptr ? input_device : *device);
   parts_->module.require_offer();
   const RecordSinks sinks = {options.debug_log, options.trace};

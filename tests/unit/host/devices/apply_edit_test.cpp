@@ -1,6 +1,6 @@
 #include "host/devices/apply_edit.h"
 
-#include "tests/unit/host/devices/kept_device.h"
+#include "tests/unit/host/devices/memory_device.h"
 #include "tests/unit/host/trees/output_log_test.h"
 
 namespace oclacp::host {
@@ -26,14 +26,14 @@ class EditApplicationTest : public OutputLogTest {
   }
 
   // What `device` holds after the edit, compared as libyang compares.
-  void expect_result(const Device& device, const std::string& expected) {
+  void expect_result(const DeviceSnapshot& device, const std::string& expected) {
     const TreePtr result = apply_edit(schemas().native(), EditTree(edit_), device);
     const TreePtr wanted = running(expected);
     EXPECT_EQ(print_tree(schemas().native(), result.get(), LYD_JSON),
               print_tree(schemas().native(), wanted.get(), LYD_JSON));
   }
 
-  void expect_refusal(const Device& device, const std::string& part) {
+  void expect_refusal(const DeviceSnapshot& device, const std::string& part) {
     EXPECT_THAT(refusal_of([&] { apply_edit(schemas().native(), EditTree(edit_), device); }), HasSubstr(part));
   }
 
@@ -45,7 +45,7 @@ TEST_F(EditApplicationTest, SetsWhatIsNamedAndKeepsTheRest) {
   open(edit_, "a", entry_);
   set("period", "1");
   set("mode", "passive");
-  expect_result(KeptDevice(interface_a(R"("description": "x", "Talvo-Brin-QD-bundlemgr-cfg:lacp":
+  expect_result(MemorySnapshot(interface_a(R"("description": "x", "Talvo-Brin-QD-bundlemgr-cfg:lacp":
                                        {"mode": "active", "system-priority": 5})")),
                 interface_a(R"("description": "x", "Talvo-Brin-QD-bundlemgr-cfg:lacp":
                             {"mode": "passive", "system-priority": 5, "period": 1})"));
@@ -54,33 +54,33 @@ TEST_F(EditApplicationTest, SetsWhatIsNamedAndKeepsTheRest) {
 TEST_F(EditApplicationTest, MakesWhatIsNotThere) {
   open(edit_, "a", entry_);
   set("period", "1");
-  expect_result(EmptyDevice(), lacp_of_a(R"("period": 1)"));
+  expect_result(EmptySnapshot(), lacp_of_a(R"("period": 1)"));
 }
 
 TEST_F(EditApplicationTest, AnEntryThatIsOnlyNamedIsMade) {
   open(edit_, "a", entry_);
-  expect_result(KeptDevice("{}"), interface_a(""));
+  expect_result(MemorySnapshot("{}"), interface_a(""));
 }
 
 TEST_F(EditApplicationTest, WhatIsDeletedMustBeThere) {
   open(edit_, "a", entry_);
   set("period", nullptr, YFW_OPERATION_DELETE);
-  expect_result(KeptDevice(lacp_of_a(R"("period": 1, "mode": "active")")), lacp_of_a(R"("mode": "active")"));
+  expect_result(MemorySnapshot(lacp_of_a(R"("period": 1, "mode": "active")")), lacp_of_a(R"("mode": "active")"));
   const std::string refusal = std::string(kNativeA) +
                               "/Talvo-Brin-QD-bundlemgr-cfg:lacp/period: cannot be deleted, the device has no such "
                               "configuration";
   const std::string source = "/openconfig-lacp:lacp/interfaces/interface[name='a']/config/interval: ";
-  expect_refusal(KeptDevice(lacp_of_a(R"("mode": "active")")), source + refusal);
-  expect_refusal(KeptDevice(interface_a("")), refusal);
-  expect_refusal(KeptDevice("{}"), refusal);
-  expect_refusal(EmptyDevice(), refusal);
+  expect_refusal(MemorySnapshot(lacp_of_a(R"("mode": "active")")), source + refusal);
+  expect_refusal(MemorySnapshot(interface_a("")), refusal);
+  expect_refusal(MemorySnapshot("{}"), refusal);
+  expect_refusal(EmptySnapshot(), refusal);
 }
 
 TEST_F(EditApplicationTest, WhatIsRemovedNeedNotBeThere) {
   open(edit_, "a", entry_);
   set("period", nullptr, YFW_OPERATION_REMOVE);
-  expect_result(KeptDevice(lacp_of_a(R"("period": 1, "mode": "active")")), lacp_of_a(R"("mode": "active")"));
-  expect_result(KeptDevice(interface_a("")), interface_a(""));
+  expect_result(MemorySnapshot(lacp_of_a(R"("period": 1, "mode": "active")")), lacp_of_a(R"("mode": "active")"));
+  expect_result(MemorySnapshot(interface_a("")), interface_a(""));
 }
 
 TEST_F(EditApplicationTest, AnEntryThatOnlyRemovesIsNotMade) {
@@ -88,46 +88,47 @@ TEST_F(EditApplicationTest, AnEntryThatOnlyRemovesIsNotMade) {
   add(edit_, std::string(kEntry) + "/interface-virtual", kIfmgr, nullptr,
       find(request_, {"interfaces", "interface", "name"}));
   set("period", nullptr, YFW_OPERATION_REMOVE);
-  expect_result(KeptDevice("{}"), "{}");
+  expect_result(MemorySnapshot("{}"), "{}");
 }
 
 TEST_F(EditApplicationTest, AnEntryThatSetsAndRemovesIsMade) {
   open(edit_, "a", entry_);
   set("period", nullptr, YFW_OPERATION_REMOVE);
   set("mode", "active");
-  expect_result(KeptDevice("{}"), lacp_of_a(R"("mode": "active")"));
+  expect_result(MemorySnapshot("{}"), lacp_of_a(R"("mode": "active")"));
 }
 
 TEST_F(EditApplicationTest, WhatIsCreatedMustNotBeThere) {
   open(edit_, "a", entry_);
   set("period", "1", YFW_OPERATION_CREATE);
-  expect_result(KeptDevice("{}"), lacp_of_a(R"("period": 1)"));
-  expect_refusal(KeptDevice(lacp_of_a(R"("period": 1)")), "/Talvo-Brin-QD-bundlemgr-cfg:lacp/period: is there already");
+  expect_result(MemorySnapshot("{}"), lacp_of_a(R"("period": 1)"));
+  expect_refusal(MemorySnapshot(lacp_of_a(R"("period": 1)")),
+                 "/Talvo-Brin-QD-bundlemgr-cfg:lacp/period: is there already");
 }
 
 TEST_F(EditApplicationTest, ADeletedContainerGoesWithAllThatIsInItAndTheEntryStays) {
   open(edit_, "a", leaf(YFW_OPERATION_NONE));
   EXPECT_EQ(add_lacp(edit_, "", nullptr, leaf(YFW_OPERATION_REMOVE)), YFW_OK);
-  expect_result(KeptDevice(lacp_of_a(R"("period": 1, "talvo-extensions": {"enable": [null]})")), interface_a(""));
+  expect_result(MemorySnapshot(lacp_of_a(R"("period": 1, "talvo-extensions": {"enable": [null]})")), interface_a(""));
 }
 
 TEST_F(EditApplicationTest, AContainerThatBecameEmptyCountsAsNotThere) {
   open(edit_, "a", leaf(YFW_OPERATION_NONE));
   EXPECT_EQ(add_lacp(edit_, "", nullptr, leaf(YFW_OPERATION_DELETE)), YFW_OK);
-  expect_refusal(KeptDevice(lacp_of_a("")), "/Talvo-Brin-QD-bundlemgr-cfg:lacp: cannot be deleted");
+  expect_refusal(MemorySnapshot(lacp_of_a("")), "/Talvo-Brin-QD-bundlemgr-cfg:lacp: cannot be deleted");
 }
 
 TEST_F(EditApplicationTest, WhatIsSetInADeletedContainerReplacesIt) {
   open(edit_, "a", leaf(YFW_OPERATION_NONE));
   EXPECT_EQ(add_lacp(edit_, "", nullptr, leaf(YFW_OPERATION_REMOVE)), YFW_OK);
   set("mode", "passive");
-  expect_result(KeptDevice(lacp_of_a(R"("mode": "active", "period": 1)")), lacp_of_a(R"("mode": "passive")"));
+  expect_result(MemorySnapshot(lacp_of_a(R"("mode": "active", "period": 1)")), lacp_of_a(R"("mode": "passive")"));
 }
 
 TEST_F(EditApplicationTest, AGlobalLeafIsDeleted) {
   EXPECT_EQ(add(edit_, "/lacp/system-priority", kBundlemgr, nullptr, leaf(YFW_OPERATION_DELETE)), YFW_OK);
-  expect_result(KeptDevice(R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 5}})"), "{}");
-  expect_refusal(EmptyDevice(), "native /Talvo-Brin-QD-bundlemgr-cfg:lacp/system-priority: cannot be deleted");
+  expect_result(MemorySnapshot(R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 5}})"), "{}");
+  expect_refusal(EmptySnapshot(), "native /Talvo-Brin-QD-bundlemgr-cfg:lacp/system-priority: cannot be deleted");
 }
 
 TEST_F(EditApplicationTest, AValueThatTheNativeModelDoesNotTakeIsRefused) {
@@ -135,14 +136,14 @@ TEST_F(EditApplicationTest, AValueThatTheNativeModelDoesNotTakeIsRefused) {
   set("mode", "sometimes");
   const std::string refusal =
       std::string(kNativeA) + "/Talvo-Brin-QD-bundlemgr-cfg:lacp/mode: Invalid enumeration value \"sometimes\"";
-  expect_refusal(KeptDevice("{}"), refusal);
-  expect_refusal(KeptDevice(lacp_of_a(R"("mode": "active")")), refusal);
+  expect_refusal(MemorySnapshot("{}"), refusal);
+  expect_refusal(MemorySnapshot(lacp_of_a(R"("mode": "active")")), refusal);
 }
 
 TEST_F(EditApplicationTest, AnotherInterfaceThanTheRequestNamesIsLeftAlone) {
   open(edit_, "b", entry_);
   EXPECT_EQ(add_lacp(edit_, "", nullptr, leaf(YFW_OPERATION_REMOVE)), YFW_OK);
-  const KeptDevice device(R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [
+  const MemorySnapshot device(R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [
       {"active": "act", "interface-name": "b", "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": "active"}}]}})");
   expect_refusal(device, "[interface-name='b']: belongs to another interface");
 }
@@ -154,13 +155,13 @@ TEST_F(EditApplicationTest, ANameThatDiffersInItsSlashesIsAnotherInterface) {
   source->operation = YFW_OPERATION_REMOVE;
   open(edit_, "b/1", entry);
   EXPECT_EQ(add_lacp(edit_, "", nullptr, source), YFW_OK);
-  const KeptDevice device(R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [
+  const MemorySnapshot device(R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [
       {"active": "act", "interface-name": "b/1", "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": "active"}}]}})");
   expect_refusal(device, "[interface-name='b/1']: belongs to another interface");
 }
 
 TEST_F(EditApplicationTest, TheDeviceStaysAsItIs) {
-  const KeptDevice device(lacp_of_a(R"("mode": "active")"));
+  const MemorySnapshot device(lacp_of_a(R"("mode": "active")"));
   const std::string before = print_tree(schemas().native(), device.running(), LYD_JSON);
   open(edit_, "a", entry_);
   set("mode", "passive");
@@ -168,9 +169,9 @@ TEST_F(EditApplicationTest, TheDeviceStaysAsItIs) {
   EXPECT_EQ(print_tree(schemas().native(), device.running(), LYD_JSON), before);
 }
 
-class LoudDevice final : public KeptDevice {
+class LoudDevice final : public MemorySnapshot {
  public:
-  using KeptDevice::KeptDevice;
+  using MemorySnapshot::MemorySnapshot;
   [[nodiscard]] std::string normalized_value(const lysc_node& leaf, std::string_view value) const override {
     return std::string(leaf.name) == "period" ? std::string(value) + "000" : std::string(value);
   }

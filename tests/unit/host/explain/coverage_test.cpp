@@ -77,7 +77,7 @@ TEST_F(CoverageTest, AServedLeafIsOneThatAReadAloneIsNotRefusedFor) {
     GetOptions options;
     options.kind = RequestKind::kReadState;
     options.path = bare_path(leaf.schema);
-    const std::string refusal = refusal_of([&] { translator.get(EmptyDevice(), options); });
+    const std::string refusal = refusal_of([&] { translator.get(EmptySnapshot(), options); });
     EXPECT_EQ(refusal == "accepted", leaf.in_reads) << options.path << ": " << refusal;
   }
 }

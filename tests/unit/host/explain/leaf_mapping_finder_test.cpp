@@ -1,6 +1,6 @@
 #include "host/explain/leaf_mapping_finder.h"
 
-#include "host/devices/directory_device.h"
+#include "host/devices/folder_device.h"
 #include "host/explain/sample_values.h"
 #include "host/translation/translator.h"
 #include "tests/unit/host/explain/explain_test.h"
@@ -49,7 +49,7 @@ class FlowsTest : public testing::Test {
  protected:
   // What the translator makes of a value of a leaf of openconfig-lacp, in the native leaf.
   std::vector<std::string> edited(const LeafMapping& mapping, const std::string& value) {
-    const std::string edit = translator_.translate(document(mapping.from, value), EmptyDevice(), {}).text;
+    const std::string edit = translator_.translate(document(mapping.from, value), EmptySnapshot(), {}).text;
     lyd_node* data = nullptr;
     EXPECT_EQ(
         lyd_parse_data_mem(schemas().native(), edit.c_str(), LYD_JSON, LYD_PARSE_ONLY | LYD_PARSE_STRICT, 0, &data),
@@ -59,7 +59,8 @@ class FlowsTest : public testing::Test {
   }
 
   // What it makes of a value of a native leaf. The schema nodes of the translator are others than those of the mapping.
-  std::vector<std::string> reported(const LeafMapping& mapping, const std::string& value, const Device& device) {
+  std::vector<std::string> reported(const LeafMapping& mapping, const std::string& value,
+                                    const DeviceSnapshot& device) {
     ToOpenconfigOptions options;
     options.kind = RequestKind::kReadState;
     const Answer answer = translator_.to_openconfig(document(mapping.from, value), &device, options);
@@ -84,7 +85,9 @@ class FlowsTest : public testing::Test {
 
   Explained explained_;
   Translator translator_{{OCLACP_SCHEMAS, ""}, OCLACP_MODULE};
-  DirectoryDevice device_{translator_.native_context(), OCLACP_EXAMPLES "/device"};
+  std::shared_ptr<const DeviceSnapshot> snapshot_ =
+      FolderDevice(translator_.native_context(), OCLACP_EXAMPLES "/device").snapshot();
+  const DeviceSnapshot& device_ = *snapshot_;
 };
 
 TEST_F(FlowsTest, EachEditIsTranslatedAsItIsTold) {
@@ -148,7 +151,7 @@ TEST_F(FlowsTest, WhatNeedsLacpIsNotReportedOfADeviceWithoutConfiguration) {
       const auto made = std::find_if(mapping.conversions.begin(), mapping.conversions.end(),
                                      [](const Conversion& conversion) { return conversion.to.has_value(); });
       ASSERT_NE(made, mapping.conversions.end()) << row.leaf->node;
-      EXPECT_EQ(reported(mapping, made->from, EmptyDevice()).empty(), mapping.needs_lacp) << row.leaf->node;
+      EXPECT_EQ(reported(mapping, made->from, EmptySnapshot()).empty(), mapping.needs_lacp) << row.leaf->node;
       if (mapping.needs_lacp) {
         conditional.emplace_back(mapping.to->name);
       }

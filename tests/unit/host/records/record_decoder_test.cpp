@@ -75,7 +75,7 @@ TEST(RecordDecoder, HandleIsShownAsTheInterface) {
 }
 
 TEST(RecordDecoder, HandlesAreTheNumbersOfTheInventory) {
-  class TwoInterfaces final : public Device {
+  class TwoInterfaces final : public DeviceSnapshot {
    public:
     [[nodiscard]] uint32_t router_type() const override { return 0; }
     [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }

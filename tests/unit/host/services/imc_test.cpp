@@ -11,7 +11,7 @@ namespace oclacp::host {
 namespace {
 
 // A device with some interfaces and no configuration.
-class InventoryDevice final : public Device {
+class InventoryDevice final : public DeviceSnapshot {
  public:
   [[nodiscard]] uint32_t router_type() const override { return 1; }
   [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }

@@ -5,7 +5,7 @@
 
 #include "host/base/contract.h"
 #include "host/base/status_text.h"
-#include "host/devices/directory_device.h"
+#include "host/devices/folder_device.h"
 #include "host/services/current_device.h"
 #include "tests/unit/host/host_test.h"
 
@@ -36,13 +36,13 @@ class DeviceFolder : public testing::Test {
   }
 
   [[nodiscard]] std::string opened() const {
-    return refusal_of([this] { const DirectoryDevice ignored(schemas().native(), folder_.path()); });
+    return refusal_of([this] { FolderDevice(schemas().native(), folder_.path()).snapshot(); });
   }
 
   // What sysdb_find() gives for a pattern over the active interfaces of the folder's device.
   [[nodiscard]] std::vector<std::string> find(const char* pattern) const {
-    const DirectoryDevice device(schemas().native(), folder_.path());
-    const CurrentDevice installed(device);
+    const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
+    const CurrentDevice installed(*device);
     sysdb_handle connection = nullptr;
     EXPECT_EQ(_sysdb_bind(&connection, SYSDB_ACTIVE_INTERFACES, SYSDB_BIND_FLAGS), YFW_OK);
     uint32_t count = 0;
@@ -66,18 +66,18 @@ class DeviceFolder : public testing::Test {
 
 TEST_F(DeviceFolder, TellsPlatformInventoryAndConfiguration) {
   write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp)));
-  const DirectoryDevice device(schemas().native(), folder_.path());
-  EXPECT_EQ(device.router_type(), 3U);
-  ASSERT_EQ(device.interfaces().size(), 3U);
-  EXPECT_EQ(device.interfaces()[0].name, "GigabitEthernet0/0/0/1");
-  EXPECT_EQ(device.interfaces()[0].type, InterfaceType::kPhysical);
-  EXPECT_EQ(device.interfaces()[1].type, InterfaceType::kBundle);
-  EXPECT_EQ(device.interfaces()[2].type, InterfaceType::kVirtual);
-  ASSERT_NE(device.running(), nullptr);
+  const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
+  EXPECT_EQ(device->router_type(), 3U);
+  ASSERT_EQ(device->interfaces().size(), 3U);
+  EXPECT_EQ(device->interfaces()[0].name, "GigabitEthernet0/0/0/1");
+  EXPECT_EQ(device->interfaces()[0].type, InterfaceType::kPhysical);
+  EXPECT_EQ(device->interfaces()[1].type, InterfaceType::kBundle);
+  EXPECT_EQ(device->interfaces()[2].type, InterfaceType::kVirtual);
+  ASSERT_NE(device->running(), nullptr);
 }
 
 TEST_F(DeviceFolder, RefusesWhatIsMissing) {
-  EXPECT_EQ(refusal_of([] { const DirectoryDevice ignored(schemas().native(), "/no/such"); }),
+  EXPECT_EQ(refusal_of([] { FolderDevice(schemas().native(), "/no/such").snapshot(); }),
             "/no/such: no such device directory");
   std::filesystem::remove(folder_.path() + "/running.json");
   EXPECT_EQ(opened(), folder_.path() + "/running.json: No such file or directory");
@@ -164,8 +164,8 @@ TEST_F(DeviceFolder, NamesThatDifferInTheirSlashesHaveDifferentElements) {
   write(kPlatform, configuration(entry("act", "Port0/1", kLacp) + "," + entry("act", "Port0_1", kLacp)));
   const std::vector<std::string> items = find(".*/lacp/");
   EXPECT_THAT(items, testing::ElementsAre("Port0_1_/lacp/", "Port0_1/lacp/"));
-  const DirectoryDevice device(schemas().native(), folder_.path());
-  const CurrentDevice installed(device);
+  const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
+  const CurrentDevice installed(*device);
   const auto display_name = [](const char* element) {
     std::array<char, 64> name{};
     EXPECT_EQ(imc_display_namestring(element, name.data(), name.size(), 0), YFW_OK);
@@ -177,8 +177,8 @@ TEST_F(DeviceFolder, NamesThatDifferInTheirSlashesHaveDifferentElements) {
 
 TEST_F(DeviceFolder, AnItemThatIsCutIsWholeInTheNextList) {
   write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp) + "," + entry("act", "Bundle-Ether2", kLacp)));
-  const DirectoryDevice device(schemas().native(), folder_.path());
-  const CurrentDevice installed(device);
+  const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
+  const CurrentDevice installed(*device);
   sysdb_handle connection = nullptr;
   ASSERT_EQ(_sysdb_bind(&connection, SYSDB_ACTIVE_INTERFACES, SYSDB_BIND_FLAGS), YFW_OK);
   for (int turn = 0; turn < 2; ++turn) {
@@ -213,8 +213,8 @@ TEST_F(DeviceFolder, KnowsWhereLacpIsConfigured) {
   write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp) + "," +
                                  entry("act", "Bundle-Ether2", R"(, "Talvo-Brin-QD-bundlemgr-cfg:lacp": {})") + "," +
                                  entry("pre", "Bundle-Ether3", kLacp)));
-  const DirectoryDevice device(schemas().native(), folder_.path());
-  const CurrentDevice installed(device);
+  const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
+  const CurrentDevice installed(*device);
   EXPECT_NE(get_intf_type_if_lacp_configured("Bundle-Ether1"), 0U);
   EXPECT_EQ(get_intf_type_if_lacp_configured("Bundle-Ether2"), 0U);
   EXPECT_EQ(get_intf_type_if_lacp_configured("Bundle-Ether3"), 0U);
@@ -222,8 +222,8 @@ TEST_F(DeviceFolder, KnowsWhereLacpIsConfigured) {
 
 TEST_F(DeviceFolder, ConfiguredInterfacesHaveDisplayNamesToo) {
   write(kPlatform, configuration(entry("act", "HundredGigE0/1/0/0", "")));
-  const DirectoryDevice device(schemas().native(), folder_.path());
-  const CurrentDevice installed(device);
+  const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
+  const CurrentDevice installed(*device);
   std::array<char, 64> name{};
   EXPECT_EQ(imc_display_namestring("HundredGigE0_1_0_0", name.data(), name.size(), 0), YFW_OK);
   EXPECT_STREQ(name.data(), "HundredGigE0/1/0/0");
@@ -232,14 +232,14 @@ TEST_F(DeviceFolder, ConfiguredInterfacesHaveDisplayNamesToo) {
 TEST(DataStore, ServesTheActiveInterfacesOnlyAndOnlyWithADevice) {
   sysdb_handle connection = nullptr;
   EXPECT_EQ(_sysdb_bind(&connection, SYSDB_ACTIVE_INTERFACES, SYSDB_BIND_FLAGS), kBadQuery);
-  const EmptyDevice device;
+  const EmptySnapshot device;
   const CurrentDevice installed(device);
   EXPECT_EQ(_sysdb_bind(&connection, "/oper/", SYSDB_BIND_FLAGS), kBadQuery);
   EXPECT_EQ(connection, nullptr);
 }
 
 TEST(DataStore, RefusesQueriesThatItCannotAnswer) {
-  const EmptyDevice device;
+  const EmptySnapshot device;
   const CurrentDevice installed(device);
   sysdb_handle connection = nullptr;
   ASSERT_EQ(_sysdb_bind(&connection, SYSDB_ACTIVE_INTERFACES, SYSDB_BIND_FLAGS), YFW_OK);
@@ -253,7 +253,7 @@ TEST(DataStore, RefusesQueriesThatItCannotAnswer) {
 
 TEST(DataStore, ItsLibraryIsPresentWithAndWithoutADevice) {
   EXPECT_EQ(access(SYSDB_LIBRARY_PATH, R_OK), 0);
-  const EmptyDevice device;
+  const EmptySnapshot device;
   const CurrentDevice installed(device);
   EXPECT_EQ(access(SYSDB_LIBRARY_PATH, R_OK), 0);
 }
@@ -271,13 +271,13 @@ TEST(DataStore, TheGlobalConnectionNeedsNoDeviceAndHoldsNothing) {
 
 TEST(Platform, ItsTypeIsTheDevices) {
   EXPECT_EQ(platform_get_router_type(), 0U);
-  const EmptyDevice device;
+  const EmptySnapshot device;
   const CurrentDevice installed(device);
   EXPECT_EQ(platform_get_router_type(), device.router_type());
 }
 
 TEST(DataStore, OtherProbesGoToTheSystem) {
-  const EmptyDevice device;
+  const EmptySnapshot device;
   const CurrentDevice installed(device);
   EXPECT_EQ(access("/", R_OK), 0);
   EXPECT_NE(access("/no/such", F_OK), 0);
@@ -286,7 +286,7 @@ TEST(DataStore, OtherProbesGoToTheSystem) {
 
 TEST(DataStore, TheInnerOfTwoDevicesCounts) {
   EXPECT_EQ(CurrentDevice::current(), nullptr);
-  const EmptyDevice device;
+  const EmptySnapshot device;
   const CurrentDevice outer(device);
   {
     const CurrentDevice inner(device);

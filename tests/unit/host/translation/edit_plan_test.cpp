@@ -1,6 +1,6 @@
 #include "host/translation/edit_plan.h"
 
-#include "tests/unit/host/devices/kept_device.h"
+#include "tests/unit/host/devices/memory_device.h"
 
 namespace oclacp::host {
 namespace {

@@ -6,7 +6,7 @@
 namespace oclacp::host {
 namespace {
 
-class DeviceOfType final : public Device {
+class DeviceOfType final : public DeviceSnapshot {
  public:
   explicit DeviceOfType(uint32_t type) : type_(type) {}
 
@@ -65,7 +65,7 @@ TEST(MappingModule, IsAskedWhetherItServesTheDevice) {
 
 TEST(MappingModule, ServesADeviceOfWhichNothingIsKnown) {
   const MappingModule module(OCLACP_MODULE);
-  const EmptyDevice device;
+  const EmptySnapshot device;
   const CurrentDevice installed(device);
   EXPECT_EQ(refusal_of([&] { module.require_offer(); }), "accepted");
 }

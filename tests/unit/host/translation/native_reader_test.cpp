@@ -3,7 +3,7 @@
 
 #include "host/services/current_device.h"
 #include "host/trees/path_request.h"
-#include "tests/unit/host/devices/kept_device.h"
+#include "tests/unit/host/devices/memory_device.h"
 #include "tests/unit/host/trees/native_test.h"
 
 namespace oclacp::host {
@@ -68,7 +68,7 @@ class ReadingTest : public testing::Test {
 
   MappingModule module_{OCLACP_MODULE};
   SchemaIndex paths_{schemas().request()};
-  KeptDevice device_{"{}"};
+  MemorySnapshot device_{"{}"};
   std::vector<std::string> trace_;
 };
 

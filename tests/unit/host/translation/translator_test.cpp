@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "host/devices/directory_device.h"
+#include "host/devices/folder_device.h"
 #include "host/present/trace_tree.h"
 #include "tests/unit/host/host_test.h"
 
@@ -22,7 +22,9 @@ class TranslatorTest : public testing::Test {
   }
 
   Translator translator_{{OCLACP_SCHEMAS, ""}, OCLACP_MODULE};
-  DirectoryDevice device_{translator_.native_context(), OCLACP_EXAMPLES "/device"};
+  std::shared_ptr<const DeviceSnapshot> snapshot_ =
+      FolderDevice(translator_.native_context(), OCLACP_EXAMPLES "/device").snapshot();
+  const DeviceSnapshot& device_ = *snapshot_;
 };
 
 TEST_F(TranslatorTest, TheResultHasTheFormatOfTheRequestUnlessAskedOtherwise) {

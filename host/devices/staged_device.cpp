@@ -1,0 +1,74 @@
+#include "host/devices/staged_device.h"
+
+#include <utility>
+
+#include "host/base/error.h"
+
+namespace oclacp::host {
+
+class StagedDevice::Snapshot final : public DeviceSnapshot {
+ public:
+  Snapshot(std::shared_ptr<const DeviceSnapshot> base, TreePtr running, uint64_t number)
+      : base_(std::move(base)), running_(std::move(running)), number_(number) {}
+
+  [[nodiscard]] uint32_t router_type() const override { return base_->router_type(); }
+  [[nodiscard]] const std::vector<Interface>& interfaces() const override { return base_->interfaces(); }
+  [[nodiscard]] const lyd_node* running() const override { return running_.get(); }
+  [[nodiscard]] const lyd_node* operational() const override { return base_->operational(); }
+  [[nodiscard]] bool assumes_lacp() const override { return base_->assumes_lacp(); }
+  [[nodiscard]] std::string normalized_value(const lysc_node& leaf, std::string_view value) const override {
+    return base_->normalized_value(leaf, value);
+  }
+  [[nodiscard]] Version version() const override {
+    constexpr uint64_t kStaged = uint64_t{1} << 63;  // apart from those of the device below
+    return {kStaged | number_, kStaged | number_};
+  }
+  [[nodiscard]] std::vector<std::string> warnings() const override { return base_->warnings(); }
+
+ private:
+  std::shared_ptr<const DeviceSnapshot> base_;
+  TreePtr running_;
+  uint64_t number_;
+};
+
+StagedDevice::StagedDevice(Device& below) : below_(below), base_(below.snapshot()) {}
+
+std::shared_ptr<const DeviceSnapshot> StagedDevice::snapshot() {
+  if (staged_ != nullptr) {
+    return staged_;
+  }
+  return base_;
+}
+
+std::unique_ptr<DeviceLock> StagedDevice::lock(const LockOptions& /*options*/) {
+  return std::make_unique<DeviceLock>(*this);
+}
+
+std::vector<std::string> StagedDevice::commit(const DeviceLock& lock, const DeviceSnapshot& base, TreePtr running,
+                                              const CommitOptions& /*options*/) {
+  if (&lock.device() != this) {
+    throw Error(name() + ": cannot be changed under the lock of another device");
+  }
+  if (base.version() != snapshot()->version()) {
+    throw Error(name() + ": the edit was made from an earlier configuration, and is left out");
+  }
+  staged_ = std::make_shared<const Snapshot>(base_, std::move(running), ++commits_);
+  return {};
+}
+
+std::vector<std::string> StagedDevice::apply(const DeviceLock& lock, const CommitOptions& options) {
+  if (!is_changed()) {
+    return {};
+  }
+  lyd_node* running = nullptr;
+  if (staged_->running() != nullptr &&
+      lyd_dup_siblings(staged_->running(), nullptr, LYD_DUP_RECURSIVE | LYD_DUP_WITH_FLAGS, &running) != LY_SUCCESS) {
+    throw Error(name() + ": no memory is left for a copy of the configuration, and nothing is changed");
+  }
+  std::vector<std::string> told = below_.commit(lock, *base_, TreePtr(running), options);
+  base_ = below_.snapshot();
+  staged_ = nullptr;
+  return told;
+}
+
+}  // namespace oclacp::host
