@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 #include "frame/message.h"
 #include "yfw/context.h"
@@ -71,16 +72,10 @@ class Activation {
   // Records a failed platform call with the handler's name and the text of its code.
   void record_failed_call(MessageWith<2> message, cerrno status) const;
 
-  // Records End and answers `status`.
+  // Records End and returns `status`.
   [[nodiscard]] cerrno end(cerrno status) const {
     record(message::kEnd);
     return status;
-  }
-
-  // Records an error or event, then End, and answers `status`.
-  [[nodiscard]] cerrno end_with(MessageWith<0> message, cerrno status) const {
-    record(message);
-    return end(status);
   }
 
   [[nodiscard]] const char* name() const { return handler_.name; }
@@ -90,14 +85,37 @@ class Activation {
   yfw_map_ctx ctx_;
 };
 
-// Runs `work` in the frame of a handler that takes an input node and an output tree. `work` gets the activation and
-// answers the status.
+// How the work of a handler ended: its status, and whether the frame records End. A status alone stands for both.
+struct Outcome {
+  // NOLINTNEXTLINE(google-explicit-constructor)
+  constexpr Outcome(cerrno ending) : status(ending) {}
+
+  // For a handler that leaves at once.
+  static constexpr Outcome without_end(cerrno status) {
+    Outcome outcome = status;
+    outcome.records_end = false;
+    return outcome;
+  }
+
+  cerrno status;
+  bool records_end = true;
+};
+
+// Runs `work` in the frame of a handler that takes an input node and an output tree. `work` is given the activation if
+// it takes one, and returns a status or an Outcome.
 template <typename Work>
 cerrno run_in_frame(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, const yfw_datatree* out,
                     Work work) {
   const Activation run(handler, ctx);
   if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  return run.end(work(run));
+  const Outcome outcome = [&]() -> Outcome {
+    if constexpr (std::is_invocable_v<Work, const Activation&>) {
+      return work(run);
+    } else {
+      return work();
+    }
+  }();
+  return outcome.records_end ? run.end(outcome.status) : outcome.status;
 }
 
 }  // namespace ymap

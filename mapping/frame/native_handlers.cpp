@@ -1,22 +1,18 @@
 #include "frame/native_handlers.h"
 
-#include "yfw/map.h"
+#include "frame/addition.h"
 
 namespace ymap {
 
-cerrno report(yfw_map_ctx ctx, yfw_datatree* out, const char* target, const char* ns, const char* value,
-              int last_flag) {
-  return yfw_map_datatree_add_path_flagged(ctx, out, target, ns, value, nullptr, 0, 0, last_flag);
-}
-
 cerrno report_leaf(const Handler& handler, const NativeLeaf& row, yfw_map_ctx ctx, const yfw_datatree* in,
                    yfw_datatree* out) {
-  return run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) {
+  return run_in_frame(handler, ctx, in, out, [&] {
     cerrno status = YFW_OK;
     for (const char* const target : row.targets) {
       if (target == nullptr) continue;
-      status = yfw_map_datatree_add_path_flagged(ctx, out, target, row.ns, in->value, nullptr, 0, row.list_flag,
-                                                 row.last_flag);
+      status = add(
+          ctx, out,
+          {.path = target, .ns = row.ns, .value = in->value, .list_flag = row.list_flag, .last_flag = row.last_flag});
     }
     return status;
   });

@@ -16,8 +16,4 @@ struct NativeLeaf {
 cerrno report_leaf(const Handler& handler, const NativeLeaf& row, yfw_map_ctx ctx, const yfw_datatree* in,
                    yfw_datatree* out);
 
-// Adds an OpenConfig leaf that a native one stands for: no source node, and not a list.
-cerrno report(yfw_map_ctx ctx, yfw_datatree* out, const char* target, const char* ns, const char* value,
-              int last_flag = 0);
-
 }  // namespace ymap

@@ -9,6 +9,12 @@
 namespace ymap {
 namespace {
 
+// Records what is wrong with the tree.
+cerrno malformed(const Activation& run, MessageWith<0> message) {
+  run.record(message);
+  return YFW_MALFORMED_TREE;
+}
+
 cerrno call_leaf(const NativeNode& node, const NativeChild& known, yfw_map_ctx ctx, const yfw_datatree& leaf,
                  yfw_datatree* out) {
   if (node.tree == NativeTree::kOperational) {
@@ -30,10 +36,7 @@ const NativeChild* known_child(const NativeNode& node, yfw_map_ctx ctx, const ch
 
 cerrno dispatch(const Activation& run, const NativeNode& node, yfw_map_ctx ctx, const yfw_datatree& child,
                 yfw_datatree* out) {
-  if (child.tag == nullptr) {
-    run.record(message::kTagMissing);
-    return YFW_MALFORMED_TREE;
-  }
+  if (child.tag == nullptr) return malformed(run, message::kTagMissing);
   run.record(message::kProcessingTag, child.tag);
   if (const NativeChild* const known = known_child(node, ctx, child.tag); known != nullptr) {
     if (known->is_leaf) return call_leaf(node, *known, ctx, child, out);
@@ -94,16 +97,13 @@ class ListEntryWalk {
   ListEntryWalk(const Activation& run, const NativeList& row, yfw_map_ctx ctx, yfw_datatree& node, yfw_datatree* out)
       : run_(run), row_(row), ctx_(ctx), node_(node), out_(out) {}
 
-  cerrno walk(unsigned int count) {
+  Outcome walk(unsigned int count) {
     std::optional<HierarchyEntry> entry(std::in_place, ctx_, node_, YFW_HIERARCHY_LIST, YFW_NODE_LIST_ENTRY);
     cerrno status = yfw_map_update_current_list_node(ctx_, row_.path);
     if (!check_keys(status, count)) return YFW_MALFORMED_TREE;
     if (status == YFW_OK) {
       status = row_.handler(ctx_, &node_, out_);
-      if (status == YFW_SKIP_SUBTREE) {
-        left_at_skip_ = true;
-        return status;
-      }
+      if (status == YFW_SKIP_SUBTREE) return Outcome::without_end(status);
     }
     const std::uint32_t before = ctx_->request->output_list_count;
     yfw_add_to_output_list_ctx(ctx_, out_);
@@ -113,9 +113,6 @@ class ListEntryWalk {
     if (grew) yfw_remove_from_output_list_ctx(ctx_, out_);
     return status;
   }
-
-  // Whether the list handler answered "skip". The same code from a child is a status like any other.
-  [[nodiscard]] bool left_at_skip() const { return left_at_skip_; }
 
  private:
   // Marks the entry's keys; answers whether it may be walked. A configuration entry is marked, and needs a key, also
@@ -133,49 +130,44 @@ class ListEntryWalk {
   yfw_map_ctx ctx_;
   yfw_datatree& node_;
   yfw_datatree* out_;
-  bool left_at_skip_ = false;
 };
 
 }  // namespace
 
 cerrno walk_native_container(const Handler& handler, const NativeContainer& row, yfw_map_ctx ctx,
                              const yfw_datatree* in, yfw_datatree* out) {
-  const Activation run(handler, ctx);
-  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  const std::optional<unsigned int> count = child_count_of(*in);
-  if (!count) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
-  std::optional<HierarchyEntry> entry(std::in_place, ctx, mutable_node(in), YFW_HIERARCHY_CONTAINER,
-                                      YFW_NODE_CONTAINER);
-  cerrno status = row.handler(ctx, in, *count, out);
-  if (status == YFW_SKIP_SUBTREE) return YFW_OK;
-  if (status == YFW_OK) status = dispatch_children(run, row.node, ctx, *in, *count, out);
-  entry.reset();
-  return run.end(status);
+  return run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> Outcome {
+    const std::optional<unsigned int> count = child_count_of(*in);
+    if (!count) return malformed(run, message::kSubtreesMissing);
+    const HierarchyEntry entry(ctx, mutable_node(in), YFW_HIERARCHY_CONTAINER, YFW_NODE_CONTAINER);
+    const cerrno status = row.handler(ctx, in, *count, out);
+    if (status == YFW_SKIP_SUBTREE) return Outcome::without_end(YFW_OK);
+    return status == YFW_OK ? dispatch_children(run, row.node, ctx, *in, *count, out) : status;
+  });
 }
 
 cerrno walk_native_list_entry(const Handler& handler, const NativeList& row, yfw_map_ctx ctx, const yfw_datatree* in,
                               yfw_datatree* out) {
-  const Activation run(handler, ctx);
-  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  const EntryState state(row, *ctx->request);
-  const std::optional<unsigned int> count = child_count_of(*in);
-  if (!count) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
-  // In operational data an entry without children is told and walked all the same.
-  if (*count == 0 && row.node.tree == NativeTree::kOperational) run.record(message::kKeysMissing);
-  ListEntryWalk walk(run, row, ctx, mutable_node(in), out);
-  const cerrno status = walk.walk(*count);
-  return walk.left_at_skip() ? status : run.end(status);
+  return run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> Outcome {
+    const EntryState state(row, *ctx->request);
+    const std::optional<unsigned int> count = child_count_of(*in);
+    if (!count) return malformed(run, message::kSubtreesMissing);
+    // In operational data an entry without children is reported and walked all the same.
+    if (*count == 0 && row.node.tree == NativeTree::kOperational) run.record(message::kKeysMissing);
+    return ListEntryWalk(run, row, ctx, mutable_node(in), out).walk(*count);
+  });
 }
 
 cerrno walk_native_augment(const Handler& handler, const NativeAugment& row, yfw_map_ctx ctx, const yfw_datatree* in,
                            yfw_datatree* out) {
-  const Activation run(handler, ctx);
-  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  if (!child_count_of(*in)) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
-  if (in->tag == nullptr) return run.end_with(message::kTagMissing, YFW_MALFORMED_TREE);
-  if (yfw_map_do_these_match(in->tag, row.tag) != 0) return run.end(row.walk(ctx, in, out));
-  if (yfw_map_do_these_match(in->ns, row.ns) == 0) return run.end(row.parse_augments(ctx, in, out));
-  return run.end_with(message::kTagIgnored, YFW_OK);
+  return run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> cerrno {
+    if (!child_count_of(*in)) return malformed(run, message::kSubtreesMissing);
+    if (in->tag == nullptr) return malformed(run, message::kTagMissing);
+    if (yfw_map_do_these_match(in->tag, row.tag) != 0) return row.walk(ctx, in, out);
+    if (yfw_map_do_these_match(in->ns, row.ns) == 0) return row.parse_augments(ctx, in, out);
+    run.record(message::kTagIgnored);
+    return YFW_OK;
+  });
 }
 
 }  // namespace ymap

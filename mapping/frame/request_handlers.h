@@ -8,9 +8,8 @@ namespace ymap {
 
 // A native value made from an OpenConfig one.
 struct NativeValue {
-  cerrno status = YFW_OK;
+  Outcome outcome = YFW_OK;  // unless it is YFW_OK the handler ends with it, and without an addition
   const char* text = nullptr;
-  bool abandoned = false;  // a failed string operation: the handler leaves at once, without an End record
 };
 
 // Makes the native value of a leaf that is set. `buffer` holds the text that the result points to.
@@ -60,9 +59,5 @@ cerrno no_op_unchecked(const Handler& handler, yfw_map_ctx ctx, const yfw_datatr
 
 // A node that another module adds by augmentation: refused when the request adds it, ignored otherwise.
 cerrno refuse_added_augment(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
-
-// Adds a target in a read: the request node's own value, no source node.
-cerrno ask_for(yfw_map_ctx ctx, yfw_datatree* out, const char* target, const char* ns, const char* value, int list_flag,
-               int last_flag);
 
 }  // namespace ymap

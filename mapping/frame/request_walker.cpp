@@ -354,14 +354,17 @@ class ListWalk : public Walk {
 // skip.
 template <typename NodeWalk, typename Row>
 cerrno walk_node(const Handler& handler, const Row& row, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  const Activation run(handler, ctx);
-  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  const std::optional<unsigned int> child_count = child_count_of(*in);
-  if (!child_count) return run.end_with(message::kSubtreesMissing, YFW_MALFORMED_TREE);
-  NodeWalk walk(run, row, ctx, mutable_node(in), out);
-  if (const cerrno status = walk.check(*child_count); status != YFW_OK) return run.end(status);
-  const cerrno status = walk.walk(*child_count);
-  return walk.left_at_skip() ? status : run.end(status);
+  return run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> Outcome {
+    const std::optional<unsigned int> child_count = child_count_of(*in);
+    if (!child_count) {
+      run.record(message::kSubtreesMissing);
+      return YFW_MALFORMED_TREE;
+    }
+    NodeWalk walk(run, row, ctx, mutable_node(in), out);
+    if (const cerrno status = walk.check(*child_count); status != YFW_OK) return status;
+    const cerrno status = walk.walk(*child_count);
+    return walk.left_at_skip() ? Outcome::without_end(status) : status;
+  });
 }
 
 }  // namespace
@@ -378,7 +381,7 @@ cerrno walk_list_entry(const Handler& handler, const RequestList& row, yfw_map_c
 
 cerrno walk_leaf(const Handler& handler, const RequestLeaf& row, yfw_map_ctx ctx, const yfw_datatree* in,
                  yfw_datatree* out) {
-  return run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) {
+  return run_in_frame(handler, ctx, in, out, [&] {
     const cerrno status = row.handler(ctx, in, out);
     yfw_request_state& request = *ctx->request;
     if (request.whole_subtree == 1 || request.key_pending != YFW_KEY_PENDING_NONE) return status;

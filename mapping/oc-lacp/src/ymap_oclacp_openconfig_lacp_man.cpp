@@ -4,6 +4,7 @@
 #include <iterator>
 #include <string_view>
 
+#include "frame/addition.h"
 #include "frame/request.h"
 #include "frame/request_handlers.h"
 #include "messages.h"
@@ -35,7 +36,7 @@ namespace {
 //   system-priority  copied
 
 NativeValue abandon(cerrno status) {
-  return {.status = status, .abandoned = true};
+  return {.outcome = ymap::Outcome::without_end(status)};
 }
 
 // Puts a native value into the buffer; `failure` is the message for a copy that fails.
@@ -55,7 +56,7 @@ NativeValue refuse_interval(const Activation& run, yfw_map_ctx ctx) {
   // A tag that the field already holds is overwritten and not freed here, which is meant.
   ctx->request->error_tag = yfw_strdup("interval", YFW_ALLOCATION_TAG);
   run.record(oclacp::message::kIntervalRefused);
-  return {.status = YFW_UNSUPPORTED_INTERVAL};
+  return {.outcome = YFW_UNSUPPORTED_INTERVAL};
 }
 
 NativeValue native_period(const Activation& run, yfw_map_ctx ctx, const yfw_datatree& leaf, ShortText& buffer) {
@@ -86,7 +87,7 @@ constexpr xpath_list_type_t kInterfaceTargets[] = {
 constexpr int kInterfaceTargetCount = static_cast<int>(std::size(kInterfaceTargets)) - 1;
 
 cerrno map_interface_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) -> cerrno {
+  return ymap::run_in_frame(handler, ctx, in, out, [&]() -> cerrno {
     xpath_list_type_t targets[std::size(kInterfaceTargets)];
     std::memcpy(targets, kInterfaceTargets, sizeof targets);
     static_cast<void>(oc2qd_intf_name(ctx, kInterfaceTargetCount, targets));
@@ -96,19 +97,22 @@ cerrno map_interface_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_da
     for (int i = 0; i < kInterfaceTargetCount; ++i) {
       const xpath_list_type_t& target = targets[i];
       if (target.selected == 0) continue;
-      status = deletes
-                   ? oc_to_qd_all_lacp_cfg_delete(ctx, in, out)
-                   : yfw_map_datatree_add_path_flagged(ctx, out, target.path, target.ns, nullptr, read ? nullptr : in,
-                                                       0, 1, static_cast<int>(target.list_entry));
+      status = deletes ? oc_to_qd_all_lacp_cfg_delete(ctx, in, out)
+                       : ymap::add(ctx, out,
+                                   {.path = target.path,
+                                    .ns = target.ns,
+                                    .source = read ? nullptr : in,
+                                    .list_flag = 1,
+                                    .last_flag = static_cast<int>(target.list_entry)});
     }
     return status;
   });
 }
 
 cerrno map_member_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) {
-    return yfw_map_datatree_add_path_flagged(ctx, out, oclacp::kMember, kBundlemgrOper, nullptr,
-                                             ymap::is_read(ctx) ? nullptr : in, 0, 1, 0);
+  return ymap::run_in_frame(handler, ctx, in, out, [&] {
+    const yfw_datatree* const source = ymap::is_read(ctx) ? nullptr : in;
+    return ymap::add(ctx, out, {.path = oclacp::kMember, .ns = kBundlemgrOper, .source = source, .list_flag = 1});
   });
 }
 
@@ -118,13 +122,17 @@ cerrno ask_for_interface(yfw_map_ctx ctx, const yfw_datatree& leaf, yfw_datatree
   constexpr std::uint8_t kGateLevel = 3;
   const yfw_key_gate& gate = ctx->request->key_gate;
   if (gate.word != 0 && gate.level < kGateLevel) return YFW_OK;
-  static_cast<void>(ymap::ask_for(ctx, out, oclacp::kInterfaceName, kIfmgrCfg, leaf.value, 1, 0));
-  return ymap::ask_for(ctx, out, oclacp::kInterfaceActive, kIfmgrCfg, oclacp::kActiveClass, 1, 0);
+  const auto ask_for = [&](const char* path, const char* value) {
+    return ymap::add(ctx, out, {.path = path, .ns = kIfmgrCfg, .value = value, .list_flag = 1});
+  };
+  static_cast<void>(ask_for(oclacp::kInterfaceName, leaf.value));
+  return ask_for(oclacp::kInterfaceActive, oclacp::kActiveClass);
 }
 
 cerrno edit_interface(yfw_map_ctx ctx, const yfw_datatree& leaf, yfw_datatree* out) {
   const auto add = [&](const char* path, const char* value, int list_flag) {
-    return yfw_map_datatree_add_path_flagged(ctx, out, path, kIfmgrCfg, value, &leaf, 0, list_flag, 0);
+    return ymap::add(ctx, out,
+                     {.path = path, .ns = kIfmgrCfg, .value = value, .source = &leaf, .list_flag = list_flag});
   };
   static_cast<void>(add(oclacp::kInterfaceName, leaf.value, 1));
   if (yfw_map_is_request_delete(&leaf) != 0) return add(oclacp::kInterfaceActive, leaf.value, 1);
@@ -135,13 +143,13 @@ cerrno edit_interface(yfw_map_ctx ctx, const yfw_datatree& leaf, yfw_datatree* o
 }
 
 cerrno map_interface_key(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) {
+  return ymap::run_in_frame(handler, ctx, in, out, [&] {
     return ymap::is_read(ctx) ? ask_for_interface(ctx, *in, out) : edit_interface(ctx, *in, out);
   });
 }
 
 cerrno ignore_name(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) -> cerrno {
+  return ymap::run_in_frame(handler, ctx, in, out, [&]() -> cerrno {
     // The name reaches the native side through the list key; whether it is deleted makes no difference.
     if (!ymap::is_read(ctx)) static_cast<void>(yfw_map_is_request_delete(in));
     return YFW_OK;

@@ -6,6 +6,7 @@
 
 #include <cstring>
 
+#include "frame/addition.h"
 #include "frame/handler.h"
 #include "frame/request.h"
 #include "imc/imc.h"
@@ -87,17 +88,17 @@ class Deletion {
   Deletion(const Activation& run, yfw_map_ctx ctx, yfw_datatree& node, yfw_datatree* out)
       : run_(run), ctx_(ctx), node_(node), out_(out), interfaces_(run) {}
 
-  cerrno carry_out() {
+  ymap::Outcome carry_out() {
     one_entry_ = yfw_map_do_these_match(node_.tag, "interface") != 0;
     cerrno status = interfaces_.find();
     if (status == YFW_OK) status = delete_interfaces();
     if (addition_failed_) {
       run_.record(oclacp::message::kEndOfFailedAddition);
-      return status;
+      return ymap::Outcome::without_end(status);
     }
     const cerrno answer = conclude(status);
     interfaces_.release();
-    return run_.end(answer);
+    return answer;
   }
 
  private:
@@ -141,7 +142,9 @@ class Deletion {
   }
 
   cerrno add(const char* path, const char* ns, const char* value, int list_flag, int last_flag) {
-    return yfw_map_datatree_add_path_flagged(ctx_, out_, path, ns, value, &node_, 0, list_flag, last_flag);
+    return ymap::add(
+        ctx_, out_,
+        {.path = path, .ns = ns, .value = value, .source = &node_, .list_flag = list_flag, .last_flag = last_flag});
   }
 
   cerrno conclude(cerrno status) {
@@ -165,20 +168,19 @@ class Deletion {
 };
 
 cerrno delete_interface_lacp(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  const Activation run(handler, ctx);
-  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  return Deletion(run, ctx, ymap::mutable_node(in), out).carry_out();
+  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& run) {
+    return Deletion(run, ctx, ymap::mutable_node(in), out).carry_out();
+  });
 }
 
 cerrno delete_global(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) {
-    return yfw_map_datatree_add_path_flagged(ctx, out, oclacp::kLacpSystemPriority, kBundlemgrCfg, nullptr, in, 0, 0,
-                                             0);
+  return ymap::run_in_frame(handler, ctx, in, out, [&] {
+    return ymap::add(ctx, out, {.path = oclacp::kLacpSystemPriority, .ns = kBundlemgrCfg, .source = in});
   });
 }
 
 cerrno delete_all(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) {
+  return ymap::run_in_frame(handler, ctx, in, out, [&] {
     if (yfw_map_do_these_match(in->tag, "lacp") != 0) static_cast<void>(delete_global_lacp(ctx, in, out));
     return oclacp_to_qd_bundle_lacp_config_delete(ctx, in, out);
   });

@@ -4,7 +4,7 @@
 //   period           "true", "1000" -> "FAST"; "30000" -> "SLOW"; anything else is refused
 //   system-priority  copied
 //   system-mac       copied
-#include "frame/native_handlers.h"
+#include "frame/addition.h"
 #include "frame/request_handlers.h"
 #include "frame/texts.h"
 #include "messages.h"
@@ -18,6 +18,7 @@
 using oclacp::kOpenconfigLacp;
 using ymap::Activation;
 using ymap::Handler;
+using ymap::Outcome;
 
 namespace {
 
@@ -35,42 +36,46 @@ struct CopiedLeaf {
 
 cerrno copy_leaf(const Handler& handler, const CopiedLeaf& row, yfw_map_ctx ctx, const yfw_datatree* in,
                  yfw_datatree* out) {
-  const Activation run(handler, ctx);
-  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  const char* name = nullptr;
-  if (const cerrno status = interface_of(run, ctx, name); status != YFW_OK) return status;
-  if (!oclacp::is_mapped(name)) return run.end(YFW_OK);
-  return run.end(ymap::report(ctx, out, row.target, kOpenconfigLacp, in->value));
+  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> Outcome {
+    const char* name = nullptr;
+    if (const cerrno status = interface_of(run, ctx, name); status != YFW_OK) return Outcome::without_end(status);
+    if (!oclacp::is_mapped(name)) return YFW_OK;
+    return ymap::add(ctx, out, {.path = row.target, .ns = kOpenconfigLacp, .value = in->value});
+  });
 }
 
 // Reports a converted text unless the request's options suppress it.
 cerrno report_converted(yfw_map_ctx ctx, yfw_datatree* out, const char* target, const char* text) {
   if (oclacp::options_suppress(*ctx->request->descriptor)) return YFW_OK;
-  return ymap::report(ctx, out, target, kOpenconfigLacp, text);
+  return ymap::add(ctx, out, {.path = target, .ns = kOpenconfigLacp, .value = text});
 }
 
 // The mode is compared before the interface is looked at; for the period it is the other way round.
 cerrno convert_mode(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  const Activation run(handler, ctx);
-  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  const char* name = nullptr;
-  if (const cerrno status = interface_of(run, ctx, name); status != YFW_OK) return status;
-  bool is_on = false;
-  if (const cerrno status = ymap::compare(run, in->value, "on", is_on); status != YFW_OK) return status;
-  if (is_on) {
-    run.record(oclacp::message::kModeIsOn, run.name());
-    return run.end(YFW_OK);
-  }
-  bool is_active = false;
-  if (const cerrno status = ymap::compare(run, in->value, "active", is_active, oclacp::message::kSecondCompareFailed);
-      status != YFW_OK) {
-    return status;
-  }
-  ymap::ShortText text;
-  const char* const mode = is_active ? "ACTIVE" : "PASSIVE";
-  if (const cerrno status = ymap::copy(run, text, mode, ymap::message::kCopyFailed); status != YFW_OK) return status;
-  if (!oclacp::is_mapped(name)) return run.end(YFW_OK);
-  return run.end(report_converted(ctx, out, "/lacp/interfaces/interface/config/lacp-mode", text.text));
+  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> Outcome {
+    const char* name = nullptr;
+    if (const cerrno status = interface_of(run, ctx, name); status != YFW_OK) return Outcome::without_end(status);
+    bool is_on = false;
+    if (const cerrno status = ymap::compare(run, in->value, "on", is_on); status != YFW_OK) {
+      return Outcome::without_end(status);
+    }
+    if (is_on) {
+      run.record(oclacp::message::kModeIsOn, run.name());
+      return YFW_OK;
+    }
+    bool is_active = false;
+    if (const cerrno status = ymap::compare(run, in->value, "active", is_active, oclacp::message::kSecondCompareFailed);
+        status != YFW_OK) {
+      return Outcome::without_end(status);
+    }
+    ymap::ShortText text;
+    const char* const mode = is_active ? "ACTIVE" : "PASSIVE";
+    if (const cerrno status = ymap::copy(run, text, mode, ymap::message::kCopyFailed); status != YFW_OK) {
+      return Outcome::without_end(status);
+    }
+    if (!oclacp::is_mapped(name)) return YFW_OK;
+    return report_converted(ctx, out, "/lacp/interfaces/interface/config/lacp-mode", text.text);
+  });
 }
 
 // The interval of a period in milliseconds. Null for one that has none, and also when a comparison fails: its code is
@@ -87,29 +92,31 @@ cerrno refuse_period(const Activation& run, yfw_map_ctx ctx) {
   yfw_oc_error_path(ctx);
   // A tag that the field already holds is overwritten and not freed here, which is meant.
   ctx->request->error_tag = yfw_strdup("interval", YFW_ALLOCATION_TAG);
-  return run.end(YFW_UNSUPPORTED_INTERVAL);
+  return YFW_UNSUPPORTED_INTERVAL;
 }
 
 cerrno convert_period(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  const Activation run(handler, ctx);
-  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  const char* name = nullptr;
-  if (const cerrno status = interface_of(run, ctx, name); status != YFW_OK) return status;
-  if (!oclacp::is_mapped(name)) return run.end(YFW_OK);
-  bool equal = false;
-  if (const cerrno status = ymap::compare(run, in->value, "true", equal); status != YFW_OK) return status;
-  const char* const interval = equal ? "FAST" : interval_of_milliseconds(run, in->value);
-  if (interval == nullptr) return refuse_period(run, ctx);
-  ymap::ShortText text;
-  if (const cerrno status = ymap::copy(run, text, interval, ymap::message::kCopyFailed); status != YFW_OK)
-    return status;
-  return run.end(report_converted(ctx, out, "/lacp/interfaces/interface/config/interval", text.text));
+  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> Outcome {
+    const char* name = nullptr;
+    if (const cerrno status = interface_of(run, ctx, name); status != YFW_OK) return Outcome::without_end(status);
+    if (!oclacp::is_mapped(name)) return YFW_OK;
+    bool equal = false;
+    if (const cerrno status = ymap::compare(run, in->value, "true", equal); status != YFW_OK) {
+      return Outcome::without_end(status);
+    }
+    const char* const interval = equal ? "FAST" : interval_of_milliseconds(run, in->value);
+    if (interval == nullptr) return refuse_period(run, ctx);
+    ymap::ShortText text;
+    if (const cerrno status = ymap::copy(run, text, interval, ymap::message::kCopyFailed); status != YFW_OK) {
+      return Outcome::without_end(status);
+    }
+    return report_converted(ctx, out, "/lacp/interfaces/interface/config/interval", text.text);
+  });
 }
 
 cerrno report_global_priority(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) {
-    return report_converted(ctx, out, oclacp::kOcSystemPriority, in->value);
-  });
+  return ymap::run_in_frame(handler, ctx, in, out,
+                            [&] { return report_converted(ctx, out, oclacp::kOcSystemPriority, in->value); });
 }
 
 }  // namespace

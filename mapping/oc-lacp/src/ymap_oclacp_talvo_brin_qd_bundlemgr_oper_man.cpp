@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "frame/addition.h"
 #include "frame/native_handlers.h"
 #include "frame/request_handlers.h"
 #include "frame/texts.h"
@@ -23,6 +24,7 @@ using oclacp::kOpenconfigLacp;
 using ymap::Activation;
 using ymap::Handler;
 using ymap::NativeLeaf;
+using ymap::Outcome;
 
 namespace {
 
@@ -47,10 +49,12 @@ std::uint8_t port_state_of(const char* value) {
 }
 
 cerrno report_port_state(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) -> cerrno {
+  return ymap::run_in_frame(handler, ctx, in, out, [&]() -> cerrno {
     const std::uint8_t state = port_state_of(in->value);
     for (const PortStateLeaf& leaf : kPortStateLeaves) {
-      static_cast<void>(ymap::report(ctx, out, leaf.target, kOpenconfigLacp, leaf.text_of(state), 1));
+      const char* const text = leaf.text_of(state);
+      static_cast<void>(
+          ymap::add(ctx, out, {.path = leaf.target, .ns = kOpenconfigLacp, .value = text, .last_flag = 1}));
     }
     return YFW_OK;
   });
@@ -69,12 +73,12 @@ struct BundleLeaf {
 
 cerrno report_bundle_leaf(const Handler& handler, const BundleLeaf& row, yfw_map_ctx ctx, const yfw_datatree* in,
                           yfw_datatree* out) {
-  const Activation run(handler, ctx);
-  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  const char* name = nullptr;
-  if (const cerrno status = bundle_of(run, ctx, name); status != YFW_OK) return status;
-  if (!oclacp::is_mapped(name)) return run.end(YFW_OK);
-  return run.end(ymap::report(ctx, out, row.target, kOpenconfigLacp, in->value));
+  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> Outcome {
+    const char* name = nullptr;
+    if (const cerrno status = bundle_of(run, ctx, name); status != YFW_OK) return Outcome::without_end(status);
+    if (!oclacp::is_mapped(name)) return YFW_OK;
+    return ymap::add(ctx, out, {.path = row.target, .ns = kOpenconfigLacp, .value = in->value});
+  });
 }
 
 // The OpenConfig text of an applied mode; null for a mode that is neither of the two.
@@ -85,22 +89,25 @@ const char* openconfig_mode(const char* mode) {
 }
 
 cerrno report_applied_mode(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  const Activation run(handler, ctx);
-  if (!run.has_arguments(in, out)) return YFW_INVALID_ARGUMENTS;
-  const char* native = nullptr;
-  static_cast<void>(yfw_map_get_node_info(ctx, "/lacp-bundles/bundles/bundle/data", "applied-lacp-mode", &native));
-  ymap::ShortText text;  // stays empty for an unknown mode, and is then reported empty
-  if (const char* const mode = openconfig_mode(native); mode != nullptr) {
-    if (const cerrno status = ymap::copy(run, text, mode, ymap::message::kCopyFailed); status != YFW_OK) return status;
-  }
-  const char* name = nullptr;
-  if (const cerrno status = bundle_of(run, ctx, name); status != YFW_OK) return status;
-  if (ymap::operation_of(ctx) != YFW_REQUEST_READ_STATE || !oclacp::is_mapped(name)) return run.end(YFW_OK);
-  return run.end(ymap::report(ctx, out, "/lacp/interfaces/interface/state/lacp-mode", kOpenconfigLacp, text.text));
+  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> Outcome {
+    const char* native = nullptr;
+    static_cast<void>(yfw_map_get_node_info(ctx, "/lacp-bundles/bundles/bundle/data", "applied-lacp-mode", &native));
+    ymap::ShortText text;  // stays empty for an unknown mode, and is then reported empty
+    if (const char* const mode = openconfig_mode(native); mode != nullptr) {
+      if (const cerrno status = ymap::copy(run, text, mode, ymap::message::kCopyFailed); status != YFW_OK) {
+        return Outcome::without_end(status);
+      }
+    }
+    const char* name = nullptr;
+    if (const cerrno status = bundle_of(run, ctx, name); status != YFW_OK) return Outcome::without_end(status);
+    if (ymap::operation_of(ctx) != YFW_REQUEST_READ_STATE || !oclacp::is_mapped(name)) return YFW_OK;
+    return ymap::add(ctx, out,
+                     {.path = "/lacp/interfaces/interface/state/lacp-mode", .ns = kOpenconfigLacp, .value = text.text});
+  });
 }
 
 cerrno map_bundle_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) -> cerrno {
+  return ymap::run_in_frame(handler, ctx, in, out, [&]() -> cerrno {
     const char* name = nullptr;
     const cerrno status = get_bundle_name_from_oper_tree(ctx, &name);
     if (name == nullptr || yfw_is_oc_subinterface(name) != 0) return status;
@@ -110,9 +117,9 @@ cerrno map_bundle_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_datat
 }
 
 cerrno map_member_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) {
+  return ymap::run_in_frame(handler, ctx, in, out, [&] {
     const yfw_datatree* const deleted = yfw_map_is_request_delete(in) != 0 ? in : nullptr;
-    return yfw_map_datatree_add_path_flagged(ctx, out, oclacp::kOcMember, kOpenconfigLacp, nullptr, deleted, 0, 1, 0);
+    return ymap::add(ctx, out, {.path = oclacp::kOcMember, .ns = kOpenconfigLacp, .source = deleted, .list_flag = 1});
   });
 }
 

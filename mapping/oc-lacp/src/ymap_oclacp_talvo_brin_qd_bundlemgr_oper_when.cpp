@@ -9,7 +9,9 @@ namespace {
 cerrno accept_any_node(const ymap::Handler& handler, yfw_map_ctx ctx, const yfw_datatree* node) {
   constexpr cerrno kNoNode = 1;
   const ymap::Activation run(handler, ctx);
-  return node != nullptr ? run.end(YFW_OK) : run.end_with(ymap::message::kNothingToEvaluate, kNoNode);
+  if (node != nullptr) return run.end(YFW_OK);
+  run.record(ymap::message::kNothingToEvaluate);
+  return run.end(kNoNode);
 }
 
 }  // namespace

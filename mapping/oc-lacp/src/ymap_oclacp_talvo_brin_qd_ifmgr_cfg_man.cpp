@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "frame/native_handlers.h"
+#include "frame/addition.h"
 #include "messages.h"
 #include "models.h"
 #include "native_conversion.h"
@@ -32,7 +32,7 @@ bool is_preconfigured(const yfw_datatree& entry) {
 }
 
 cerrno map_interface_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) -> cerrno {
+  return ymap::run_in_frame(handler, ctx, in, out, [&]() -> cerrno {
     if (is_preconfigured(*in)) return YFW_SKIP_SUBTREE;
     const char* name = nullptr;
     const cerrno looked_up = get_intf_name_from_tree(ctx, &name);
@@ -40,8 +40,12 @@ cerrno map_interface_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_da
     if (looked_up != YFW_OK) return looked_up;
     if (!oclacp::is_mapped(name)) return YFW_OK;
     if (yfw_map_is_request_delete(in) != 0) {
-      const cerrno status = yfw_map_datatree_add_path_flagged(ctx, out, oclacp::kOcInterface, kOpenconfigLacp, nullptr,
-                                                              in, oclacp::list_slot(ctx), 1, 0);
+      const cerrno status = ymap::add(ctx, out,
+                                      {.path = oclacp::kOcInterface,
+                                       .ns = kOpenconfigLacp,
+                                       .source = in,
+                                       .word = oclacp::list_slot(ctx),
+                                       .list_flag = 1});
       yfw_map_copy_trim_path_list_ctx(ctx, oclacp::kOcInterface);
       return status;
     }
@@ -60,16 +64,19 @@ cerrno map_interface_name(const Handler& handler, yfw_map_ctx ctx, const yfw_dat
     }
     keep_interface_name(ctx, name);
     if (!oclacp::is_mapped(name)) return YFW_OK;
-    const cerrno status = ymap::report(ctx, out, oclacp::kOcInterfaceName, kOpenconfigLacp, name);
+    const auto add_name = [&](const char* path) {
+      return ymap::add(ctx, out, {.path = path, .ns = kOpenconfigLacp, .value = name});
+    };
+    const cerrno status = add_name(oclacp::kOcInterfaceName);
     if (ymap::operation_of(ctx) != YFW_REQUEST_READ_STATE) return status;
-    return ymap::report(ctx, out, oclacp::kOcInterfaceStateName, kOpenconfigLacp, name);
+    return add_name(oclacp::kOcInterfaceStateName);
   });
 }
 
 // Nodes of the bundle model go to the walker of their kind; whatever is not bundle or lacp goes to that of
 // bundle-member, which passes over what it does not expect.
 cerrno hand_to_augment(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
-  return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& /*run*/) -> cerrno {
+  return ymap::run_in_frame(handler, ctx, in, out, [&]() -> cerrno {
     if (yfw_map_do_these_match(in->ns, oclacp::kBundlemgrCfg) == 0) return YFW_OK;
     if (yfw_map_do_these_match(in->tag, "bundle") != 0) {
       return ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvlb_interface_configuration(ctx, in, out);

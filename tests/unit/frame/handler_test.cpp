@@ -31,6 +31,11 @@ cerrno run_probe(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in
   });
 }
 
+cerrno leave_at_once(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
+  return ymap::run_in_frame(handler, ctx, in, out, [] { return ymap::Outcome::without_end(YFW_MALFORMED_TREE); });
+}
+
+YMAP_DEFINE_SIMPLE_HANDLER(leaves_at_once, leave_at_once)
 YMAP_DEFINE_SIMPLE_HANDLER(probe_node, run_probe)
 YMAP_DEFINE_SIMPLE_HANDLER(other_node, run_probe)
 YMAP_DEFINE_CONTAINER_HANDLER(probe_container, run_probe)
@@ -217,16 +222,9 @@ TEST_F(HandlerFrame, AFailedCallIsToldWithTheHandlersNameAndTheTextOfItsCode) {
   EXPECT_EQ(platform.traced("probe_node", " probe_node yfw_strcpy_s failed with error : status 0x00000012\n"), 1U);
 }
 
-TEST_F(HandlerFrame, ErrorThenEndWithTheStatusThatIsGiven) {
-  const cerrno status = [&] {
-    static constinit auto call_site_ids = ymap::unset_call_site_ids();
-    static constexpr Handler kHandler{
-        .name = "ends", .file = "file", .line = 1, .prototype = "cerrno ends()", .call_site_ids = call_site_ids.ids};
-    return Activation(kHandler, platform.ctx()).end_with(message::kTagMissing, YFW_MALFORMED_TREE);
-  }();
-  EXPECT_EQ(status, YFW_MALFORMED_TREE);
-  EXPECT_THAT(platform.trace(),
-              ElementsAre("TRC ends: Start", "ERR ends: Tag name is not available!", "TRC ends: End"));
+TEST_F(HandlerFrame, OutcomeWithoutEnd_IsReturnedAndNoEndIsRecorded) {
+  EXPECT_EQ(leaves_at_once(platform.ctx(), request.root(), platform.output()), YFW_MALFORMED_TREE);
+  EXPECT_THAT(platform.trace(), ElementsAre("TRC leaves_at_once: Start"));
 }
 
 TEST_F(HandlerFrame, TraceRecordsAreCutAtTheirCapacityAndLogLinesAreNot) {

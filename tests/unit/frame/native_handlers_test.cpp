@@ -1,5 +1,6 @@
 #include "frame/native_handlers.h"
 
+#include "frame/addition.h"
 #include "unit/module_test.h"
 
 namespace {
@@ -71,13 +72,32 @@ TEST_F(NativeHandlers, OfTwoTargetsOnlyTheLastOnesStatusCounts) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(NativeHandlers, ReportIsAnAdditionWithoutNode) {
-  EXPECT_EQ(ymap::report(platform.ctx(), platform.output(), kTarget, kNs, "text", 1), YFW_OK);
+TEST_F(NativeHandlers, Addition_HasTheFieldsThatAreGiven) {
+  EXPECT_EQ(ymap::add(platform.ctx(), platform.output(),
+                      {.path = kTarget,
+                       .ns = kNs,
+                       .value = "text",
+                       .source = request.root(),
+                       .word = 7,
+                       .list_flag = 1,
+                       .last_flag = 1}),
+            YFW_OK);
   EXPECT_EQ(only_addition().path, kTarget);
+  EXPECT_EQ(only_addition().ns, kNs);
   EXPECT_EQ(only_addition().value, "text");
-  EXPECT_EQ(only_addition().source, nullptr);
-  EXPECT_EQ(only_addition().list_flag, 0);
+  EXPECT_EQ(only_addition().source, request.root());
+  EXPECT_EQ(only_addition().word, 7U);
+  EXPECT_EQ(only_addition().list_flag, 1);
   EXPECT_EQ(only_addition().last_flag, 1);
+}
+
+TEST_F(NativeHandlers, Addition_OfAPathAlone_HasNothingElse) {
+  EXPECT_EQ(ymap::add(platform.ctx(), platform.output(), {.path = kTarget, .ns = kNs}), YFW_OK);
+  EXPECT_EQ(only_addition().value, std::nullopt);
+  EXPECT_EQ(only_addition().source, nullptr);
+  EXPECT_EQ(only_addition().word, 0U);
+  EXPECT_EQ(only_addition().list_flag, 0);
+  EXPECT_EQ(only_addition().last_flag, 0);
 }
 
 }  // namespace

@@ -22,11 +22,11 @@ NativeValue convert(const Activation& /*run*/, yfw_map_ctx /*ctx*/, const yfw_da
 }
 NativeValue refuse(const Activation& /*run*/, yfw_map_ctx /*ctx*/, const yfw_datatree& /*leaf*/,
                    ShortText& /*buffer*/) {
-  return {.status = 0x11};
+  return {.outcome = 0x11};
 }
 NativeValue abandon(const Activation& /*run*/, yfw_map_ctx /*ctx*/, const yfw_datatree& /*leaf*/,
                     ShortText& /*buffer*/) {
-  return {.status = 0x12, .abandoned = true};
+  return {.outcome = ymap::Outcome::without_end(0x12)};
 }
 
 cerrno converter(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
@@ -216,13 +216,6 @@ TEST_F(RequestHandlers, ForeignNodeThatIsReadOrDeletedIsIgnored) {
   EXPECT_EQ(run(foreign_node, deleting), YFW_OK);
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
   EXPECT_EQ(platform.error_tag(), "");
-}
-
-TEST_F(RequestHandlers, AskedForPathHasTheFlagsThatAreGiven) {
-  EXPECT_EQ(ymap::ask_for(platform.ctx(), platform.output(), "/path", kNs, "act", 1, 0), YFW_OK);
-  EXPECT_EQ(only_addition().value, "act");
-  EXPECT_EQ(only_addition().list_flag, 1);
-  EXPECT_EQ(only_addition().source, nullptr);
 }
 
 }  // namespace
