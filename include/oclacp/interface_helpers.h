@@ -31,9 +31,10 @@ OCLACP_EXPORT void convert_oc_ifname_ifentry(char* ifentry, const char* ifname, 
 
 /*
  * Whether the interface is virtual: the interface manager says so, or its flags allow it and its name is not that of a
- * physical interface. 1: it is; 0: it is not, or that is not known. `*looked_up` is set to 1 when the look-up by name
- * did not settle the question, and is left alone otherwise; it must not be null. A null context ends the process, but
- * only when there is a failed copy to trace.
+ * physical interface; a name that cannot be parsed is none. 1: it is; 0: it is not, or its flags cannot be read, or
+ * its name cannot be copied. `*looked_up` is set to 1 when the look-up by name did not settle the question, and is
+ * left alone otherwise; it must not be null. A null context ends the process, but only when there is a failed copy to
+ * trace.
  */
 OCLACP_EXPORT int yfw_lacp_util_is_virtual(const char* ifname, uint32_t* looked_up, yfw_map_ctx ctx);
 

@@ -25,12 +25,16 @@ OCLACP_EXPORT extern imc_handle yfw_oclacp_im_conn;
 
 /*
  * Binds the shared data-store connection if nobody did, and the module's own connection. A second call binds nothing.
- * 0; SYSDB_LIBRARY_MISSING when the data-store client's library is not there, which every call looks for again until it
- * is found; or the code of the bind that failed.
+ * 0; SYSDB_LIBRARY_MISSING when the shared connection is to be bound and the data-store client's library is not there,
+ * which every call looks for again until it is found; or the code of the bind that failed.
  */
 OCLACP_EXPORT cerrno yfw_oclacp_init(void);
 
-/* Unbinds what is bound. The handles keep their values. */
+/*
+ * Unbinds what is bound, the shared connection only if the data-store client's library is there. The module clears
+ * neither handle; imc_db_unbind() may clear the one that it is given, and then a later yfw_oclacp_init() binds it
+ * again. Failures are ignored.
+ */
 OCLACP_EXPORT void yfw_oclacp_cleanup(void);
 
 /*

@@ -2,10 +2,12 @@
  * The native configuration side of the module: interface and LACP configuration become openconfig-lacp configuration.
  *
  * Conventions: those of oclacp/openconfig_lacp.h; names begin ymap_qo_oclacp_ and the model's word. A native node that
- * is not known, or that another model adds, is passed over with 0. YFW_SKIP_SUBTREE of an entry's walker means that the
- * entry is not reported; the walker above it goes on with the next. Walkers answer the status of the first handler or
- * child that fails, or YFW_MALFORMED_TREE. Only the walkers that are declared here are functions of their own for
- * others to call: the containers and lists below them are walked as a part of them, under names of the same kind.
+ * is not known, or that another model adds, is skipped with 0. YFW_SKIP_SUBTREE of an entry's walker means that the
+ * entry, or the rest of it, is not reported; the walker above it goes on with the next (yfw/status.h). Walkers return
+ * the status of the first handler or child that fails, or YFW_MALFORMED_TREE; a skip of their own container handler is
+ * 0. What a handler leaves in the request's scratch is taken back by the walker of its entry (yfw/context.h). Only the
+ * walkers that are declared here are functions of their own for others to call: the containers and lists below them are
+ * walked as a part of them, under names of the same kind.
  */
 #ifndef OCLACP_NATIVE_CONFIG_H
 #define OCLACP_NATIVE_CONFIG_H
@@ -24,8 +26,9 @@ extern "C" {
 /* ---- Interface configuration ---- */
 
 /*
- * The entry walker of interface-configurations, and the walker of one entry. The latter answers YFW_MALFORMED_TREE for
- * an entry without keys and YFW_SKIP_SUBTREE for pre-configuration.
+ * The entry walker of interface-configurations, and the walker of one entry. The latter returns YFW_MALFORMED_TREE for
+ * an entry without keys, YFW_SKIP_SUBTREE for pre-configuration, and what yfw_map_update_current_list_node() returns.
+ * At its end, whatever its status, the interface name in the request is zero and the current list node as it was.
  */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations(yfw_map_ctx ctx,
                                                                                      const yfw_datatree* in,
@@ -45,9 +48,11 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_cont_lvla_interfaceconfi
                                                                                           yfw_datatree* out);
 
 /*
- * Creates the OpenConfig entry of an interface, or marks it as deleted. Skips pre-configuration; does nothing for a
- * sub-interface or an interface without LACP. YFW_SKIP_SUBTREE for pre-configuration, YFW_UNSUPPORTED_NODE when the
- * interface has no name, else the status of the look-up of the name or of the framework's operation.
+ * Finds or creates the OpenConfig entry of an interface, by its whole name, or marks it as deleted. Skips
+ * pre-configuration; does nothing for a sub-interface or an interface without LACP. YFW_SKIP_SUBTREE for
+ * pre-configuration, YFW_UNSUPPORTED_NODE when the interface has no name (no error tag, no error path), else the status
+ * of the look-up of the name or of the framework's operation. Leaves the name, cut to the buffer, and the entry in the
+ * request.
  */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfigurations_interfaceconfiguration(
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
@@ -55,7 +60,7 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfi
 /*
  * Reports an interface's name, and in a read of operational state its state/name as well; the same under two names.
  * Nothing, and 0, for a sub-interface or an interface without LACP. YFW_MALFORMED_TREE when the leaf has no value, else
- * the status of the last addition.
+ * the status of the last addition. Leaves the name, cut to the buffer, in the request.
  */
 OCLACP_EXPORT cerrno
 ymap_qo_oclacp_talvobrinqdifmgrcfg_leaf_lvla_interfaceconfigurations_interfaceconfiguration_interfacename(
@@ -110,7 +115,7 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp(yfw_map_ct
 
 /*
  * The nodes that augment an interface configuration, each with the one tag that it expects. Another node of the bundle
- * model is passed over, and one of a third model goes to the level's hook; both come to 0.
+ * model is skipped, and one of a third model goes to the level's hook; both result in 0.
  */
 /* bfd */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_augment_lvla_interface_configuration(yfw_map_ctx ctx,

@@ -2,7 +2,7 @@
  * The native operational side of the module: bundles and their members become openconfig-lacp state and counters.
  *
  * Conventions: those of oclacp/native_config.h, with two differences. Children are walked in reads of operational state
- * only; under any other operation they count as not known. A node of another model that a request adds is refused.
+ * only; under any other operation they are treated as unknown. A node of another model that a request adds is refused.
  */
 #ifndef OCLACP_NATIVE_OPER_H
 #define OCLACP_NATIVE_OPER_H
@@ -19,8 +19,9 @@ extern "C" {
 #endif
 
 /*
- * The entry walkers of lacp-bundles and lacp-data. They answer the status of the first handler or child that fails,
- * YFW_MALFORMED_TREE among them; what was added before that stays.
+ * The entry walkers of lacp-bundles and lacp-data. They return the status of the first handler or child that fails,
+ * YFW_MALFORMED_TREE among them; what was added before that stays. At the end of each bundle entry the request's
+ * current list node is as it was.
  */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                               yfw_datatree* out);
@@ -174,9 +175,8 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundl
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
 /*
- * Looks up the name of the bundle that is walked. Answers the status of yfw_map_get_node_info(), which also says who
- * owns
- * `*name` and when it is null. Records nothing.
+ * Looks up the name of the bundle that is walked. Returns the status of yfw_map_get_node_info(), which also says who
+ * owns `*name` and when it is null. Records nothing.
  */
 OCLACP_EXPORT cerrno get_bundle_name_from_oper_tree(yfw_map_ctx ctx, const char** name);
 

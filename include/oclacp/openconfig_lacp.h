@@ -31,11 +31,13 @@ extern "C" {
 /*
  * ---- Walkers of containers and list entries; the first is the entry walker of every registration ----
  *
- * Each walks the node that it is named after: its handler once, then the children that `in` names, in their order. They
- * answer the status of the first handler or child that fails, a skip as 0, or an error of their own:
- * YFW_MALFORMED_TREE; YFW_INVALID_ARGUMENTS for a delete with children of `lacp`, its `config` and `interfaces`, or an
- * interface's `config`; YFW_UNSUPPORTED_NODE for a child of this model that is not known, in an edit; for list entries
- * also YFW_BAD_LIST_KEY, YFW_LIST_KEY_DELETED and what the leafref check answers.
+ * Each walks the node that it is named after: its handler, then the children that `in` names, in their order; for a
+ * replace both twice, first with the children hidden. A node that is read or deleted as a whole is expanded: every
+ * child walker is called on the node itself, and its status is ignored. They return the status of the first handler or
+ * child that fails, a skip of their own handler as 0, or an error of their own: YFW_MALFORMED_TREE;
+ * YFW_INVALID_ARGUMENTS for a delete with children of `lacp`, its `config` and `interfaces`, or an interface's
+ * `config`; YFW_UNSUPPORTED_NODE for a child of this model that is not known, in an edit; for list entries also
+ * YFW_BAD_LIST_KEY, YFW_LIST_KEY_DELETED, and what the leafref check and yfw_map_update_current_list_node() return.
  */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
@@ -168,8 +170,9 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_duck_map_leaf(yfw_map_ctx ctx
 /*
  * ---- Leaf walkers ----
  *
- * Each calls the handler of its leaf and answers its status. In a read it notes in the filter bits whether the leaf is
- * a selection or, with a value, a content match.
+ * Each calls the handler of its leaf and returns its status. While neither an expansion runs nor a key is pending it
+ * also marks the node as entered, and in a read notes in the filter bits whether the leaf is a selection or, with a
+ * value, a content match.
  */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_config_systempriority(yfw_map_ctx ctx,
@@ -260,10 +263,16 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_counters_lacptimeou
  * ---- Leaf handlers ----
  *
  * In a read each adds its native leaf, with the value of `in` and without a source. In an edit the handlers of `config`
- * leaves and of an interface's key add theirs with `in` as the source, without a value when it deletes; those of
- * `state` leaves and of a member's key add nothing. The handlers of an interface's state `interval` and of the counter
- * `lacp-tx-errors` refuse their leaf with YFW_UNSUPPORTED_NODE in every request. They answer the status of their
- * (last) addition, or that of their converter.
+ * leaves add theirs with `in` as the source, without a value when it deletes; those of `state` leaves and of a member's
+ * key add nothing. They return the status of their (last) addition, or that of their converter. Different are
+ *
+ * - an interface's key: in a read it adds `interface-name` with its value and `active` with "act", or nothing when
+ *   the request's `key_gate` (yfw/context.h) says so; in an edit the same with `in` as the source, and for a virtual
+ *   interface `interface-virtual` without a value; when it deletes, `interface-name` and `active`, both with its own
+ *   value;
+ * - `name` of an interface's `config`: it adds nothing in any request;
+ * - `interval` of an interface's `state`, and the counter `lacp-tx-errors`: refused with YFW_UNSUPPORTED_NODE in every
+ *   request.
  */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_config_systempriority(yfw_map_ctx ctx,
@@ -376,7 +385,10 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_counters_lacpt
 /* "ACTIVE" becomes "active"; any other value "passive". */
 OCLACP_EXPORT cerrno oc2qd_cfglacpmode(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-/* "FAST" becomes "1", "SLOW" "30000"; any other value is refused with YFW_UNSUPPORTED_INTERVAL. */
+/*
+ * "FAST" becomes "1", "SLOW" "30000"; any other value, or none, is refused with YFW_UNSUPPORTED_INTERVAL. In a read,
+ * and when `in` deletes, no value is looked at.
+ */
 OCLACP_EXPORT cerrno oc2qd_cfginterval(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
 /* Copied. */
@@ -428,10 +440,12 @@ OCLACP_EXPORT cerrno delete_global_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
 
 /*
  * Asks the data store which interfaces hold LACP configuration and deletes the `lacp` container of each, or, for a node
- * tagged "interface", of the first whose data-store name occurs in the entry's name. YFW_SKIP_SUBTREE when all that is
- * to be deleted was added, and in the first pass of a replace; YFW_NOTHING_TO_DELETE for a plain delete of an interface
- * that has none; 0 for a remove of such an interface; else the status of the failed addition or of the data store. The
- * node's operation is left at 4, or 0, with YFW_FLAG_OPERATION_CHANGED, once an interface was taken.
+ * tagged "interface", of the first whose data-store name occurs in the entry's name, the value of its first child. An
+ * addition that fails ends the deletion with its status. Otherwise, for a node that is no interface: YFW_SKIP_SUBTREE,
+ * whatever the data store said. For an interface: YFW_SKIP_SUBTREE when it was found, and while a replace is carried
+ * out; else YFW_NOTHING_TO_DELETE for YFW_OPERATION_DELETE, 0 for YFW_OPERATION_REMOVE, and for any other operation the
+ * status of the data store. Once an interface was found, the node has YFW_FLAG_OPERATION_CHANGED and the operation that
+ * yfw/datatree.h states.
  */
 OCLACP_EXPORT cerrno oclacp_to_qd_bundle_lacp_config_delete(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 

@@ -65,8 +65,8 @@ OCLACP_EXPORT const bag_descriptor* bm_bundle_applied_lacp_mode_bag_getfn(void);
 
 /*
  * Registers all descriptors with the platform's registry, in one transaction. A failed start is returned at once; the
- * first refused descriptor ends the transaction through bag_register_abort(), and its code is returned. Called once, on
- * the thread that loads the module.
+ * first refused descriptor ends the transaction through bag_register_abort(), and its code is returned; a failed end
+ * is returned as it is. Called once, on the thread that loads the module.
  */
 OCLACP_EXPORT cerrno bag_register_all_bundlemgr_distrib_bags(void);
 

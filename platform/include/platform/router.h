@@ -1,7 +1,7 @@
 /*
  * What kind of device this is.
  *
- * Conventions: no failure; called on the thread that loads the module.
+ * Conventions: no failure; called by the capability callback, without a request, on the thread that asks it.
  */
 #ifndef PLATFORM_ROUTER_H
 #define PLATFORM_ROUTER_H

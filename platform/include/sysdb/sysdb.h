@@ -2,10 +2,14 @@
  * The data-store client.
  *
  * Conventions
- * 1. Every operation answers 0 or a failure code.
+ * 1. Every operation returns 0 or a failure code. A failed bind at load is what the module's initialiser returns. In a
+ *    deletion a failed bind, find or step of the list is recorded and ends the search: the interfaces that were not
+ *    reached are treated as having no LACP configuration. A failed unbind or release of a list is ignored.
  * 2. A module uses the client only after access(SYSDB_LIBRARY_PATH, R_OK) found its library; a platform without such a
  *    file answers that probe itself.
- * 3. Called on the request's thread; a connection lives for one call of a handler.
+ * 3. The shared connection is bound and unbound without a request, on the thread that loads and unloads the module.
+ *    Everything else is called on the request's thread, over a connection that lives for one call of a handler; only
+ *    when the framework refuses an addition of a deletion do its connection and its list stay open.
  */
 #ifndef SYSDB_SYSDB_H
 #define SYSDB_SYSDB_H
@@ -36,7 +40,7 @@ typedef struct sysdb_result_list* sysdb_list_handle;
 
 /*
  * The connection to SYSDB_INTERFACE_GLOBALS that all modules share: owned by the platform, null until the first module
- * that needs it binds it.
+ * that needs it binds it. The module unbinds it when it is unloaded and leaves the handle as it is.
  */
 extern sysdb_handle yfw_intf_mgbl_connid;
 

@@ -90,8 +90,9 @@ enum {
 };
 
 /*
- * What a walker keeps of the filter bits when it enters a container or list entry in a read. The mask is this
- * hexadecimal number on purpose: it keeps bits 4, 8, 12 ... 28 and so clears EXPAND, SELECTION and CONTENT_MATCH.
+ * What a walker keeps of the filter bits when it enters a container or list entry in a read, and when it ends the
+ * expansion of a container. The mask is this hexadecimal number on purpose: it keeps bits 4, 8, 12 ... 28 and so clears
+ * EXPAND, SELECTION and CONTENT_MATCH.
  */
 #define YFW_FILTER_ENTRY_MASK 0x11111110u
 
@@ -120,12 +121,13 @@ typedef struct yfw_key_gate {
  * without keys. A handler that is called by itself, without the walker of its entry, leaves what it filled.
  *
  * The framework clears every mark before it calls an entry walker. A module puts the marks back as it found them; the
- * filter bits, `deletion_done`, `request_flags` and the error tag are results and stay.
+ * filter bits, `deletion_done`, `request_flags` and the error tag are results and stay. An error tag that is there is
+ * freed before another is stored, but not by the converters of an interval, which overwrite it.
  */
 typedef struct yfw_request_state {
   yfw_request_descriptor* descriptor; /* first field: points to the operation code */
   char* error_tag;          /* the node an error names: made with yfw_strdup(), freed with named_free(); or null */
-  uint32_t whole_subtree;   /* 1 while a node that was named without children is expanded */
+  uint32_t whole_subtree;   /* 1 while a node is expanded as a whole */
   uint32_t key_pending;     /* YFW_KEY_PENDING_* */
   uint32_t replace_flags;   /* YFW_REPLACE_* */
   uint32_t replace_restore; /* 1 while a replace of a node is carried out in two passes */
@@ -144,7 +146,7 @@ typedef struct yfw_trace_buffer yfw_trace_buffer;
 
 /* The framework's per-request record. */
 typedef struct yfw_map_ctx_record {
-  yfw_request_state* request;     /* null only for handlers that refuse every leaf; never for walkers */
+  yfw_request_state* request;     /* null only for handlers that refuse a node or do nothing; never for walkers */
   uintptr_t debug_log_filter;     /* passed by address to yfw_debug_should_log() */
   yfw_log_stream* error_log;      /* stream of level 0 records */
   yfw_log_stream* trace_log;      /* stream of level 3 records */

@@ -5,9 +5,11 @@
  * 1. The framework owns every node, its texts and its child array. A module keeps no pointer to one after it returned.
  * 2. The framework passes nodes that are writable, although the handlers' signatures say const. A walker puts
  *    `operation`, `children`, `child_count` and the bits YFW_FLAG_OPERATION_CHANGED and YFW_FLAG_SUBTREE back as it
- *    found them; `node_kind`, `hierarchy_flags`, `key_mark` and YFW_FLAG_LIST_KEY stay as marked. One exception: a
- *    deletion of a list entry leaves the entry's operation at YFW_OPERATION_REMOVE (YFW_OPERATION_NONE when it failed
- *    on the way) with YFW_FLAG_OPERATION_CHANGED.
+ *    found them; `node_kind`, `hierarchy_flags`, `key_mark` and YFW_FLAG_LIST_KEY stay as marked, on every node that
+ *    was walked. One exception: a delete of an interface entry that found its interface leaves
+ *    YFW_FLAG_OPERATION_CHANGED on the entry, and as its operation YFW_OPERATION_REMOVE, or YFW_OPERATION_NONE when
+ *    the framework refused an addition before that of the container. The functions that delete do the same to any node
+ *    when they are called by themselves. No other field is changed.
  * 3. One request is walked by one thread at a time.
  */
 #ifndef YFW_DATATREE_H

@@ -5,7 +5,8 @@
  * 1. Every text and node is borrowed for the call; what the framework keeps it copies.
  * 2. Operations that answer a `cerrno` may fail; the module passes the code up unchanged where the operation does not
  *    state otherwise. The others cannot fail.
- * 3. Called on the request's thread, with the context of that request.
+ * 3. Called on the request's thread, with the context of that request. yfw_map_do_these_match() has neither: the
+ *    capability callback calls it without a request, on the thread that asks.
  */
 #ifndef YFW_MAP_H
 #define YFW_MAP_H
@@ -33,10 +34,10 @@ int yfw_map_is_request_add(yfw_map_ctx ctx, const yfw_datatree* node);
 
 /*
  * Tells the framework that the request failed at the current node. Called once, by the handler that finds the error,
- * for the codes YFW_INVALID_ARGUMENTS (null arguments only), YFW_UNSUPPORTED_NODE, YFW_BAD_LIST_KEY,
- * YFW_LIST_KEY_DELETED, YFW_UNKNOWN_AUGMENT, YFW_UNSUPPORTED_INTERVAL and YFW_NOTHING_TO_DELETE. A whole-subtree
- * expansion ignores the results of what it calls, so a call may be followed by a walk that succeeds: only the entry
- * walker's status says whether the request failed.
+ * for the codes YFW_INVALID_ARGUMENTS (null arguments only), YFW_UNSUPPORTED_NODE (but not for a native interface entry
+ * without name), YFW_BAD_LIST_KEY, YFW_LIST_KEY_DELETED, YFW_UNKNOWN_AUGMENT, YFW_UNSUPPORTED_INTERVAL and
+ * YFW_NOTHING_TO_DELETE. A whole-subtree expansion ignores the results of what it calls, so a call may be followed by a
+ * walk that succeeds: only the entry walker's status says whether the request failed.
  */
 void yfw_oc_error_path(yfw_map_ctx ctx);
 
@@ -59,9 +60,9 @@ void yfw_map_remove_from_node_hierarchy(yfw_map_ctx ctx, const yfw_datatree* nod
 cerrno yfw_map_update_current_list_node(yfw_map_ctx ctx, const char* list_path);
 
 /*
- * Checks that the target of a list key's leafref exists. `list_path` is the list, `container` the child ("config") that
- * holds the target, `key` the key leaf's tag, `entry` the list entry. 0 when it exists; a module reports any other
- * answer and ends its walk with it.
+ * Checks that the target of a list key's leafref exists; called for every key leaf under the operation codes that
+ * check list keys. `list_path` is the list, `container` the child ("config") that holds the target, `key` the key
+ * leaf's tag, `entry` the list entry. 0 when it exists; a module reports any other answer and ends its walk with it.
  */
 cerrno yfw_map_check_oc_leafref(yfw_map_ctx ctx, const char* list_path, const char* container, const char* key,
                                 const yfw_datatree* entry);
@@ -72,33 +73,39 @@ cerrno yfw_map_check_oc_leafref(yfw_map_ctx ctx, const char* list_path, const ch
  * mode of a bundle is asked for as "/lacp-bundles/bundles/bundle/data" and "applied-lacp-mode". `leaf` is the leaf's
  * name, `value` the place for the answer, which the framework owns.
  *
- * Answers 0 or why there is no value. The module sets `*value` to null before the call and takes any combination of the
- * two: without a name, the handler of an interface's entry answers YFW_UNSUPPORTED_NODE whatever the status, and that
- * of a bundle's entry opens none and answers the status, which may be 0. A converter that looks up its interface or
- * bundle ends with a status other than 0; a null name with 0 counts as an interface that is not shown. For
- * "applied-lacp-mode" the status is ignored, and null is reported as an empty mode.
+ * Returns 0 or why there is no value. A handler sets `*value` to null before the call and takes any combination of the
+ * two. The handler of an interface's entry returns YFW_UNSUPPORTED_NODE without a name, whatever the status; with a
+ * name and a status other than 0 it returns that. The handler of a bundle's entry uses the name that it got and ignores
+ * the status; without one it opens no entry and returns the status, which may be 0. A converter that looks up its
+ * interface or bundle ends with a status other than 0, also with a name; a null name with 0 is treated as an interface
+ * that is not mapped. For "applied-lacp-mode" the status is ignored: a mode that came with a failure is used, and null
+ * is reported as an empty mode.
  */
 cerrno yfw_map_get_node_info(yfw_map_ctx ctx, const char* path, const char* leaf, const char** value);
 
 /* ---- Output ------------------------------------------------------------------------------------------------------ */
 
 /*
- * Adds one node to the output. `path` is absolute and without keys; a list flag of 1 with a path that ends at a list (a
- * trailing slash is the same) opens an entry, and the key leaves that follow give it its keys. `ns` is the namespace of
- * the target. `value` is null for a list, a container or a delete. `source` is the input node whose edit operation the
- * new node takes. OpenConfig requests pass one in edits and null in reads; from native data only a list entry that is
- * deleted passes one, an interface's or a member's, in any kind of request. `word` is 0, except for one native list
- * handler that passes the address of the request's current-list slot. `list_flag` is 1 for a list entry, for key leaves
- * that a key adds and for both leaves of a member's name, else 0. `last_flag` is 1 for what a converter of
- * configuration adds and for a deleted container, 0 for what a leaf handler copies, and the handler's own choice
- * elsewhere; its meaning is the framework's.
+ * Adds one node to the output. `path` is absolute and without keys; a list flag of 1 with a path that ends at a list
+ * (a trailing slash is the same) opens an entry, and the key leaves that follow give it its keys. `ns` is the
+ * namespace of the target. `value` is null for a list, a container, an empty leaf (`interface-virtual`), a leaf that
+ * is deleted, and a leaf that is named without value; the `interface-name` and `active` that a deleted interface key
+ * adds keep the value of the key. `source` is the input node whose edit operation the new node takes. OpenConfig
+ * requests pass one in edits and null in reads; from native data only a list entry that is deleted passes one, an
+ * interface's or a member's, in any kind of request. `word` is 0, except for the native interface entry that is
+ * deleted: its handler passes the address of the request's current-list slot. `list_flag` is 1 for a list entry, for
+ * the `interface-name` and `active` of an interface key and for both leaves of a member's name, else 0. `last_flag` is
+ * 1 for what the converters of OpenConfig configuration add (`mode`, `period`, `system-mac` and `system-priority` of
+ * an interface's `lacp`), for `applied-lacp-mode` in a read, for the `lacp` container of an interface that is deleted,
+ * for the six leaves of a member's port state and for both leaves of a member's name; it is 0 for everything else,
+ * also for what the converters of native configuration and of a bundle's state add. Its meaning is the framework's.
  *
- * The code of a failure is passed up, with these exceptions, which are meant:
+ * The code of a failure is passed up, with these exceptions, which are intentional:
  * - Where one leaf adds two nodes, the status of the last counts: `interface-name` before `active` (and that before
  *   `interface-virtual`), an interface's `name` before its `state/name`, a member's `interface` before its
  *   `state/interface`, `lacp-errors` before `lacp-unknown-errors`.
- * - The six leaves of a member's port state: all six are added, and the handler answers 0.
- * - The system priority that a delete of /lacp adds before it comes to the interfaces.
+ * - The six leaves of a member's port state: all six are added, and the handler returns 0.
+ * - The system priority that a delete of /lacp adds before the interfaces.
  * - Whatever happens in a whole-subtree expansion.
  */
 cerrno yfw_map_datatree_add_path_flagged(yfw_map_ctx ctx, yfw_datatree* output, const char* path, const char* ns,
@@ -113,16 +120,19 @@ cerrno yfw_map_datatree_add_path_flagged(yfw_map_ctx ctx, yfw_datatree* output, 
 cerrno yfw_map_search_or_add_list(yfw_map_ctx ctx, yfw_datatree* output, yfw_datatree** entry, const char* list_path,
                                   const char* key_value, const char* key_name, const char* ns);
 
-/* The output path list, kept by the native walkers around the children of a list entry. */
+/*
+ * The output path list, kept by the native walkers around the children of a list entry, and also when the list handler
+ * failed. The entry is removed again only if `output_list_count` grew when it was added.
+ */
 void yfw_add_to_output_list_ctx(yfw_map_ctx ctx, yfw_datatree* output);
 void yfw_remove_from_output_list_ctx(yfw_map_ctx ctx, yfw_datatree* output);
 
-/* Cuts the output path list back to a list's path. */
+/* Cuts the output path list back to a list's path; called after the addition of a deleted interface entry. */
 void yfw_map_copy_trim_path_list_ctx(yfw_map_ctx ctx, const char* list_path);
 
 /* ---- The itree stack --------------------------------------------------------------------------------------------- */
 
-/* Called by the list walker for one further entry; answers as a list-key handler does. */
+/* Called by the list walker for one further entry; returns what a list-key handler does. */
 typedef cerrno (*yfw_itree_callback)(yfw_map_ctx ctx, const yfw_datatree* entry, yfw_datatree* output);
 
 /*

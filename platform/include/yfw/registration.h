@@ -2,8 +2,8 @@
  * Registrations: how a framework learns what a mapping module maps.
  *
  * Conventions
- * 1. After loading the module the framework calls its initialiser, then its registration functions, each with a record
- *    of its own, which it owns; before unloading it calls the cleanup function. All on one thread.
+ * 1. After loading the module the framework calls its initialiser and its registration functions, each with a record of
+ *    its own, which it owns; before unloading it calls the cleanup function. All on one thread, without a request.
  * 2. A registration function fills the record with yfw_strncpy_s() and leaves alone what is marked so. It reports
  *    nothing.
  * 3. The field order is part of the contract.

@@ -4,8 +4,9 @@
  * Conventions
  * 1. Every handler of a mapping module, and every operation of the platform that can fail, answers a `cerrno`: 0 is
  *    success, anything else a failure (or, for YFW_SKIP_SUBTREE, an answer that is not an error).
- * 2. A mapping module returns the codes below; codes of platform operations are passed up unchanged. When-handlers are
- *    the exception: they answer 0, or a plain 1 when they are given no node.
+ * 2. A mapping module returns the codes below; codes of platform operations are passed up unchanged where the
+ *    operation does not state otherwise. When-handlers are the exception: they return 0, or a plain 1 when they are
+ *    given no node.
  * 3. Functions of this header may be called from any thread.
  */
 #ifndef YFW_STATUS_H
@@ -27,12 +28,15 @@ typedef uint32_t cerrno;
 #define YFW_INVALID_ARGUMENTS 0xaaf2a000u
 
 /*
- * The tree is malformed: children announced but missing, a node without tag, a list entry without keys, an interface
- * without name.
+ * The tree is malformed: children announced but missing, a node without tag, a list entry without keys, a native
+ * `interface-name` leaf without value.
  */
 #define YFW_MALFORMED_TREE 0xaaf29e00u
 
-/* The node is not supported by the mapping; the request's error tag names it. */
+/*
+ * The node is not supported by the mapping; the request's error tag names it. Also a native interface entry for
+ * which no name is found; then neither is the error tag set nor the error path marked.
+ */
 #define YFW_UNSUPPORTED_NODE 0xaaf2ee00u
 
 /* A list key is missing, doubled or empty; the request's error tag names the key. */
@@ -53,10 +57,10 @@ typedef uint32_t cerrno;
 /* An edit adds a node of another module by augmentation; the request's error tag names it. */
 #define YFW_UNKNOWN_AUGMENT 0xaaf2f800u
 
-/* A LACP period that is neither one second nor thirty; the request's error tag is "interval". */
+/* An interval or native period that is neither one second nor thirty; the request's error tag is "interval". */
 #define YFW_UNSUPPORTED_INTERVAL 0xaaf2fe00u
 
-/* A delete of an interface entry that has no LACP configuration. */
+/* A delete of an interface entry without LACP configuration: there is none, or the data store could not be asked. */
 #define YFW_NOTHING_TO_DELETE 0xaaf28000u
 
 /* The library of the data-store client is not present on the device. */
