@@ -7,7 +7,7 @@
 
 namespace ymap {
 
-// One node of the output. What the fields mean is told with yfw_map_datatree_add_path_flagged().
+// One node of the output. yfw_map_datatree_add_path_flagged() documents the fields.
 struct Addition {
   const char* path;  // absolute, without keys
   const char* ns;

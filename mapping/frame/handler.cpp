@@ -26,7 +26,7 @@ void write_record(const Handler& handler, yfw_map_ctx ctx, const Message& messag
   if (ctx->trace_enabled != 0) {
     const int line = handler.line * 100 + static_cast<int>(message.call_site);
     char text[YFW_TRACE_CAPACITY];
-    // A longer text is cut, which is meant.
+    // A longer text is cut, intentionally.
     static_cast<void>(std::snprintf(text, sizeof text, message.trace, ret_nc_yfw_trace_index_incr(), handler.name, line,
                                     static_cast<void*>(ctx), texts...));
     _lstrace(ctx->trace_buffer, YFW_TRACE_FLAGS, text);

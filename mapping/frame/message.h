@@ -86,12 +86,12 @@ inline constexpr Message kKeyDeleted         = YMAP_ERROR_MESSAGE(10, "The key n
 inline constexpr Message kLeafrefRefused     = YMAP_ERROR_MESSAGE(11, "leafref value check fail");
 inline constexpr Message kProcessingTag      = YMAP_TRACE_MESSAGE(12, "Processing tag '%s'");
 inline constexpr Message kTagIgnored         = YMAP_TRACE_MESSAGE(13, "Unsupported tag. Ignoring.");
-// For a framework that hands over an error node of an XPath evaluation. No handler is given one; the library has the text
-// all the same.
+// For a framework that hands over an error node of an XPath evaluation. No handler is given one; the library has the
+// text all the same.
 inline constexpr Message kXpathErrorNode     = YMAP_TRACE_MESSAGE(14, "got xpath error node");
 // When-handlers
 inline constexpr Message kNothingToEvaluate  = YMAP_TRACE_MESSAGE(15, "No valid input to validate when statement ");
-// Bounded string operations: told at the trace level, which is meant. Each names the function and the failure.
+// Bounded string operations: intentionally at the trace level. Each names the function and the failure.
 inline constexpr Message kCopyFailed         = YMAP_TRACE_MESSAGE(16, " %s yfw_strcpy_s failed with error : %s\n");
 inline constexpr Message kBoundedCopyFailed  = YMAP_TRACE_MESSAGE(17, " %s yfw_strncpy_s failed with error : %s\n");
 inline constexpr Message kCompareFailed      = YMAP_TRACE_MESSAGE(18, " %s yfw_strcmp_s failed with error : %s\n");

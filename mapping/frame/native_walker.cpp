@@ -57,7 +57,7 @@ cerrno dispatch_children(const Activation& run, const NativeNode& node, yfw_map_
   return status;
 }
 
-// Marks the entry's keys; answers whether it has one.
+// Marks the entry's keys; returns whether it has one.
 bool mark_keys(const NativeList& row, const yfw_datatree& entry, unsigned int count) {
   bool found = false;
   for (unsigned int i = 0; i < count; ++i) {
@@ -115,7 +115,7 @@ class ListEntryWalk {
   }
 
  private:
-  // Marks the entry's keys; answers whether it may be walked. A configuration entry is marked, and needs a key, also
+  // Marks the entry's keys; returns whether it may be walked. A configuration entry is marked, and needs a key, also
   // when the current list node could not be set; one of operational data then stays as it is.
   bool check_keys(cerrno current_list_status, unsigned int count) const {
     const bool is_configuration = row_.node.tree == NativeTree::kConfiguration;

@@ -1,5 +1,5 @@
 // The native-side walkers: from native configuration or operational data to the handlers of its nodes. Unknown nodes
-// are passed over; nodes of other namespaces go to the row's augment parser, which may refuse them. Each function is
+// are skipped; nodes of other namespaces go to the row's augment parser, which may refuse them. Each function is
 // the body of one kind of walker; the row says which node it serves.
 #pragma once
 
@@ -66,7 +66,7 @@ cerrno walk_native_container(const Handler& handler, const NativeContainer& row,
 cerrno walk_native_list_entry(const Handler& handler, const NativeList& row, yfw_map_ctx ctx, const yfw_datatree* in,
                               yfw_datatree* out);
 
-// Walks one augmenting node if it is the expected one; passes over others of the module's namespace.
+// Walks one augmenting node if it is the expected one; skips others of the module's namespace.
 cerrno walk_native_augment(const Handler& handler, const NativeAugment& row, yfw_map_ctx ctx, const yfw_datatree* in,
                            yfw_datatree* out);
 

@@ -29,18 +29,18 @@ struct NodeEntry {
   Child child;    // as its parent knows it
 };
 
-consteval std::string_view parent_of(const char* path) {
+constexpr std::string_view parent_of(const char* path) {
   const std::string_view whole = path;
   return whole.substr(0, whole.rfind('/'));
 }
 
-consteval const char* tag_of(const char* path) {
+constexpr const char* tag_of(const char* path) {
   return path + parent_of(path).size() + 1;
 }
 
 // Whether a node is a child of `path` that its walker dispatches by tag; a list's key is not.
 template <typename Child>
-consteval bool is_child(const NodeEntry<Child>& node, const char* path, const char* key) {
+constexpr bool is_child(const NodeEntry<Child>& node, const char* path, const char* key) {
   return parent_of(node.path) == path && (key == nullptr || std::string_view(key) != node.child.tag);
 }
 
@@ -66,7 +66,7 @@ consteval std::array<Child, Count> children_of(const NodeEntry<Child> (&nodes)[N
 
 // Where the node at a path stands; `Nodes` without one.
 template <typename Child, std::size_t Nodes>
-consteval std::size_t find_node(const NodeEntry<Child> (&nodes)[Nodes], std::string_view path) {
+constexpr std::size_t find_node(const NodeEntry<Child> (&nodes)[Nodes], std::string_view path) {
   std::size_t at = 0;
   while (at < Nodes && path != nodes[at].path) ++at;
   return at;

@@ -19,7 +19,7 @@ using ToNative = NativeValue(const Activation& run, yfw_map_ctx ctx, const yfw_d
 struct ConfigLeaf {
   const char* target;  // absolute native path without keys
   const char* ns;
-  int last_flag;                // 1 where a converter answers for the value
+  int last_flag;                // 1 where a converter computes the value
   ToNative* convert = nullptr;  // null: the value is copied
 };
 
@@ -28,7 +28,7 @@ struct StateLeaf {
   const char* target;
   const char* ns;
   int last_flag = 0;
-  bool asks_in_edits = false;  // asks whether an edit deletes, and makes nothing of the answer
+  bool asks_in_edits = false;  // asks whether an edit deletes, and ignores it
 };
 
 // A leaf whose handler passes on to a converter that is a function of its own.
@@ -41,17 +41,17 @@ struct ConvertedLeaf {
 cerrno handle_config_leaf(const Handler& handler, const ConfigLeaf& row, yfw_map_ctx ctx, const yfw_datatree* in,
                           yfw_datatree* out);
 
-// In a read adds the target with the leaf's own value; in an edit adds nothing and answers 0.
+// In a read adds the target with the leaf's own value; in an edit adds nothing and returns 0.
 cerrno handle_state_leaf(const Handler& handler, const StateLeaf& row, yfw_map_ctx ctx, const yfw_datatree* in,
                          yfw_datatree* out);
 
 cerrno handle_converted_leaf(const Handler& handler, const ConvertedLeaf& row, yfw_map_ctx ctx, const yfw_datatree* in,
                              yfw_datatree* out);
 
-// A leaf that the mapping does not serve: marks the error path, stores the tag, answers YFW_UNSUPPORTED_NODE.
+// A leaf that the mapping does not serve: marks the error path, stores the tag, returns YFW_UNSUPPORTED_NODE.
 cerrno refuse_leaf(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
-// A node whose handler has nothing to do: checks the arguments and answers 0.
+// A node whose handler has nothing to do: checks the arguments and returns 0.
 cerrno no_op(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
 // The same without a look at the arguments.

@@ -21,7 +21,7 @@ bool checks_keys(std::uint32_t operation) {
 }
 
 // A replace of one node: the first pass deletes with the children hidden, the second merges what is named. Everything
-// is put back as it was found, so a replace may stand inside another.
+// is restored as it was found, so a replace may stand inside another.
 class Replace {
  public:
   Replace(yfw_request_state& request, yfw_datatree& node)
@@ -56,7 +56,7 @@ class Walk {
   Walk(const Activation& run, const RequestNode& table, yfw_map_ctx ctx, yfw_datatree& node, yfw_datatree* out)
       : run_(run), table_(table), ctx_(ctx), request_(*ctx->request), node_(node), out_(out) {}
 
-  // The walk leaves without an End record: its handler answered "skip" outside of a replace.
+  // The walk leaves without an End record: its handler returned "skip" outside of a replace.
   [[nodiscard]] bool left_at_skip() const { return left_at_skip_; }
 
  protected:
@@ -119,7 +119,7 @@ class Walk {
     return status;
   }
 
-  // Calls every child walker on the node itself, whatever they answer.
+  // Calls every child walker on the node itself, whatever they return.
   void walk_every_child() const {
     for (const RequestChild& known : table_.expansion) {
       if (is_available(known)) known.walk(ctx_, &node_, out_);

@@ -11,7 +11,7 @@ namespace ymap {
 // When a known child is walked.
 enum class Availability : std::uint8_t {
   kAlways,
-  kStateRead,  // only in a read of operational state; otherwise the tag counts as unknown
+  kStateRead,  // only in a read of operational state; otherwise the tag is treated as unknown
 };
 
 // A known child: its tag and its walker or leaf walker.

@@ -21,7 +21,7 @@ inline cerrno compare(const Activation& run, const char* value, const char* know
   return status;
 }
 
-// The same where a failed comparison counts as a difference and is not told.
+// The same where a failed comparison is treated as a difference and not recorded.
 inline bool is_equal(const Activation& run, const char* value, const char* known) {
   int difference = 0;
   return yfw_strcmp_s(run.name(), value, YFW_STRING_NO_LIMIT, known, &difference) == YFW_OK && difference == 0;

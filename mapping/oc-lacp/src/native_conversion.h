@@ -10,7 +10,8 @@
 
 namespace oclacp {
 
-// Whether an interface is shown under /lacp/interfaces: LACP is configured on it and it is no sub-interface.
+// Whether an interface is mapped to an entry of /lacp/interfaces: LACP is configured on it and it is not a
+// sub-interface.
 inline bool is_mapped(const char* interface_name) {
   return interface_name != nullptr && yfw_is_oc_subinterface(interface_name) == 0 &&
          get_intf_type_if_lacp_configured(interface_name) != 0;

@@ -53,7 +53,7 @@ NativeValue native_mode(const Activation& run, yfw_map_ctx /*ctx*/, const yfw_da
 
 NativeValue refuse_interval(const Activation& run, yfw_map_ctx ctx) {
   yfw_oc_error_path(ctx);
-  // A tag that the field already holds is overwritten and not freed here, which is meant.
+  // A tag that the field already holds is overwritten and not freed here, intentionally.
   ctx->request->error_tag = yfw_strdup("interval", YFW_ALLOCATION_TAG);
   run.record(oclacp::message::kIntervalRefused);
   return {.outcome = YFW_UNSUPPORTED_INTERVAL};

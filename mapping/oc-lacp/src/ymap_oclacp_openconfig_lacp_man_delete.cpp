@@ -118,8 +118,8 @@ class Deletion {
     return YFW_OK;
   }
 
-  // A delete of one entry takes the first interface whose data-store name occurs in the entry's name: a substring test,
-  // which is meant. A delete of all of /lacp takes every interface.
+  // A delete of one entry takes the first interface whose data-store name occurs in the entry's name: intentionally a
+  // substring test. A delete of all of /lacp takes every interface.
   bool takes(const char* data_store_name) {
     if (!one_entry_) return true;
     const bool has_key = ymap::child_count_of(node_).value_or(0) != 0;

@@ -79,7 +79,7 @@ cerrno convert_mode(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree*
 }
 
 // The interval of a period in milliseconds. Null for one that has none, and also when a comparison fails: its code is
-// not told.
+// discarded.
 const char* interval_of_milliseconds(const Activation& run, const char* period) {
   int difference = 0;
   if (yfw_strcmp_s(run.name(), period, YFW_STRING_NO_LIMIT, "1000", &difference) != YFW_OK) return nullptr;
@@ -90,7 +90,7 @@ const char* interval_of_milliseconds(const Activation& run, const char* period) 
 cerrno refuse_period(const Activation& run, yfw_map_ctx ctx) {
   run.record(oclacp::message::kIntervalRefused);
   yfw_oc_error_path(ctx);
-  // A tag that the field already holds is overwritten and not freed here, which is meant.
+  // A tag that the field already holds is overwritten and not freed here, intentionally.
   ctx->request->error_tag = yfw_strdup("interval", YFW_ALLOCATION_TAG);
   return YFW_UNSUPPORTED_INTERVAL;
 }
@@ -124,11 +124,14 @@ cerrno report_global_priority(const Handler& handler, yfw_map_ctx ctx, const yfw
 // clang-format off
 
 YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_lacp_systempriority, report_global_priority)
-YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_man_leaf_lvla_bundlemember_id_portactivity, ymap::no_op)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_man_leaf_lvla_bundlemember_id_portactivity,
+    ymap::no_op)
 
 YMAP_DEFINE_SIMPLE_HANDLER(qd2oc_cfglacpmode, convert_mode)
 YMAP_DEFINE_SIMPLE_HANDLER(qd2oc_cfginterval, convert_period)
-YMAP_DEFINE_HANDLER(qd2oc_intfcfgsystempriority, copy_leaf, CopiedLeaf{.target = "/lacp/interfaces/interface/config/system-priority"})
-YMAP_DEFINE_HANDLER(qd2oc_cfgsystemidmac, copy_leaf, CopiedLeaf{.target = "/lacp/interfaces/interface/config/system-id-mac"})
+YMAP_DEFINE_HANDLER(qd2oc_intfcfgsystempriority, copy_leaf, CopiedLeaf{
+    .target = "/lacp/interfaces/interface/config/system-priority"})
+YMAP_DEFINE_HANDLER(qd2oc_cfgsystemidmac, copy_leaf, CopiedLeaf{
+    .target = "/lacp/interfaces/interface/config/system-id-mac"})
 
 // clang-format on

@@ -127,11 +127,15 @@ cerrno map_member_entry(const Handler& handler, yfw_map_ctx ctx, const yfw_datat
 
 // clang-format off
 
-YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle, map_bundle_entry)
-YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_members_member, map_member_entry)
-YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actorportstate, report_port_state)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle,
+    map_bundle_entry)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_members_member,
+    map_member_entry)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_linkdata_actorportstate,
+    report_port_state)
 // The member's name is the key of its entry, and a leaf of its state.
-YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_member_memberinterface, ymap::report_leaf, NativeLeaf{
+YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundles_member_memberinterface,
+    ymap::report_leaf, NativeLeaf{
     .targets = {"/lacp/interfaces/interface/members/member/interface",
                 "/lacp/interfaces/interface/members/member/state/interface"},
     .ns = kOpenconfigLacp,
@@ -139,14 +143,19 @@ YMAP_DEFINE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundle
     .last_flag = 1})
 
 // A tree of bundle members that no walker visits
-YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_data_actorportstate, ymap::no_op)
-YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_man_leaf_lvla_lacpbundlemembers_member_memberinterface, ymap::no_op)
-YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_member_memberinterface, ymap::no_op)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_data_actorportstate,
+    ymap::no_op)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_man_leaf_lvla_lacpbundlemembers_member_memberinterface,
+    ymap::no_op)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdbundlemgroper_leaf_lvla_lacpbundlemembers_member_memberinterface,
+    ymap::no_op)
 
 YMAP_DEFINE_SIMPLE_HANDLER(qd2oc_actorportstate, report_port_state)
 YMAP_DEFINE_SIMPLE_HANDLER(qd2oc_lacpmode, report_applied_mode)
-YMAP_DEFINE_HANDLER(qd2oc_statesystemidmac, report_bundle_leaf, BundleLeaf{.target = "/lacp/interfaces/interface/state/system-id-mac"})
-YMAP_DEFINE_HANDLER(qd2oc_intfstatesystempriority, report_bundle_leaf, BundleLeaf{.target = "/lacp/interfaces/interface/state/system-priority"})
+YMAP_DEFINE_HANDLER(qd2oc_statesystemidmac, report_bundle_leaf, BundleLeaf{
+    .target = "/lacp/interfaces/interface/state/system-id-mac"})
+YMAP_DEFINE_HANDLER(qd2oc_intfstatesystempriority, report_bundle_leaf, BundleLeaf{
+    .target = "/lacp/interfaces/interface/state/system-priority"})
 
 // clang-format on
 

@@ -74,7 +74,7 @@ cerrno map_interface_name(const Handler& handler, yfw_map_ctx ctx, const yfw_dat
 }
 
 // Nodes of the bundle model go to the walker of their kind; whatever is not bundle or lacp goes to that of
-// bundle-member, which passes over what it does not expect.
+// bundle-member, which skips what it does not expect.
 cerrno hand_to_augment(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   return ymap::run_in_frame(handler, ctx, in, out, [&]() -> cerrno {
     if (yfw_map_do_these_match(in->ns, oclacp::kBundlemgrCfg) == 0) return YFW_OK;
@@ -92,10 +92,13 @@ cerrno hand_to_augment(const Handler& handler, yfw_map_ctx ctx, const yfw_datatr
 
 // clang-format off
 
-YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfigurations_interfaceconfiguration, map_interface_entry)
-YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_leaf_lvla_interfaceconfigurations_interfaceconfiguration_interfacename, map_interface_name)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_list_lvla_interfaceconfigurations_interfaceconfiguration,
+    map_interface_entry)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_leaf_lvla_interfaceconfigurations_interfaceconfiguration_interfacename,
+    map_interface_name)
 YMAP_DEFINE_SIMPLE_HANDLER(qd_to_oc_interface_name_leaf_cb, map_interface_name)
-YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments, hand_to_augment)
+YMAP_DEFINE_SIMPLE_HANDLER(ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfiguration_parse_augments,
+    hand_to_augment)
 
 // clang-format on
 
