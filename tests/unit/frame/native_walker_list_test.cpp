@@ -266,6 +266,17 @@ TEST_F(NativeListWalker, OutputListThatDidNotGrowIsNotTouchedAgain) {
   EXPECT_EQ(platform.count("yfw_remove_from_output_list_ctx"), 0U);
 }
 
+TEST_F(NativeListWalker, OutputListThatTheEntryDidNotGrowIsNotTouchedWhateverItsHandlerAndChildrenPutThere) {
+  for (const char* function : {"handler", "second"}) {
+    Request request(entry({leaf("id", "a"), container("second")}));
+    log = {};
+    log.actions[function] = [](yfw_map_ctx ctx) { ++ctx->request->output_list_count; };
+    platform.output_list_grows = false;
+    EXPECT_EQ(walk_config(request), YFW_OK);
+    EXPECT_EQ(platform.count("yfw_remove_from_output_list_ctx"), 0U) << function;
+  }
+}
+
 TEST_F(NativeListWalker, EntriesThatAreAlreadyOnTheOutputListStay) {
   Request request(entry({leaf("id", "a")}));
   yfw_add_to_output_list_ctx(platform.ctx(), platform.output());
