@@ -3,7 +3,7 @@
  *
  * Conventions
  * 1. Names are NUL-terminated, at most 63 characters long, and not null unless that is said; results are 0 for no.
- * 2. None of these functions reports an error: a failed copy is traced, a failed look-up is an answer.
+ * 2. None of these functions reports an error: a failed copy is traced, a failed look-up is a result.
  * 3. The look-ups go through the connection that the platform publishes as yfw_ocifmgr_im_conn, on the request's
  * thread.
  */

@@ -3,7 +3,7 @@
  * the other model. For frameworks and tools that show or check the mapping; a translation needs none of it.
  *
  * Conventions
- * 1. The tables are made of the rows that the handlers themselves are made of, so they say what a translation does.
+ * 1. The tables are built from the rows that define the handlers, so they say what a translation does.
  * 2. Tables and texts are constant data and live as long as the module is loaded.
  * 3. An accessor takes no arguments and may be called from any thread.
  * 4. Paths are absolute and have neither prefixes nor keys. Where a model augments another, a path has steps of both;
@@ -66,7 +66,7 @@ typedef struct oclacp_leaf_table {
 OCLACP_EXPORT oclacp_leaf_table oclacp_openconfig_leaves(void);
 
 /* The leaves of the native interface and LACP configuration, and those of the native operational data; their targets
- * are leaves of openconfig-lacp. A native leaf that is in neither table has no handler, and nothing is made of it. */
+ * are leaves of openconfig-lacp. A native leaf that is in neither table has no handler, and has no effect. */
 OCLACP_EXPORT oclacp_leaf_table oclacp_native_configuration_leaves(void);
 OCLACP_EXPORT oclacp_leaf_table oclacp_native_operational_leaves(void);
 

@@ -41,7 +41,7 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_globalinterfaceconf
                                                                                           const yfw_datatree* in,
                                                                                           yfw_datatree* out);
 
-/* Reports nothing and answers 0. */
+/* Reports nothing and returns 0. */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_cont_lvla_interfaceconfigurations(yfw_map_ctx ctx,
                                                                                           const yfw_datatree* in,
                                                                                           unsigned int child_count,
@@ -76,7 +76,7 @@ ymap_qo_oclacp_talvobrinqdifmgrcfg_lvla_interfaceconfigurations_interfaceconfigu
     yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
 /*
- * Default handlers and hooks for nodes of other namespaces: they answer 0. Those of a list and of a leaf do not look at
+ * Default handlers and hooks for nodes of other namespaces: they return 0. Those of a list and of a leaf do not check
  * their arguments.
  */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdifmgrcfg_duck_map_container(yfw_map_ctx ctx, const yfw_datatree* in,
@@ -154,8 +154,8 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_bfd(yfw_map_ctx
                                                                      yfw_datatree* out);
 
 /*
- * Container handlers, default handlers and hooks: they report nothing and answer 0. The default handlers of a list and
- * of a leaf do not look at their arguments. The walkers of bfd and talvo-extensions call the default container handler,
+ * Container handlers, default handlers and hooks: they report nothing and return 0. The default handlers of a list and
+ * of a leaf do not check their arguments. The walkers of bfd and talvo-extensions call the default container handler,
  * not its further names cont_lvla_bfd and cont_lvla_lacp_talvoextensions.
  */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_cont_lvla_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
@@ -252,7 +252,7 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_iccp_group_pars
 
 /*
  * Leaf handlers of LACP configuration. The first reports the global system priority unless the request's options
- * suppress it (yfw/context.h), and answers the status of the addition; the others answer the status of their converter.
+ * suppress it (yfw/context.h), and returns the status of the addition; the others return that of their converter.
  */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_lacp_systempriority(yfw_map_ctx ctx,
                                                                                           const yfw_datatree* in,
@@ -279,7 +279,7 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgrcfg_man_leaf_lvla_bundle
 /* ---- Value converters of an interface's LACP configuration ----
  *
  * Each reads the name of the interface that is walked and reports its leaf when the interface has LACP configured and
- * is no sub-interface. They answer the status of the addition, 0 when nothing is reported, or the code of the look-up
+ * is no sub-interface. They return the status of the addition, 0 when nothing is reported, or the code of the look-up
  * or string operation that failed. Mode and interval are kept back when the request's options suppress them.
  */
 

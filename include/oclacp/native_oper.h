@@ -28,7 +28,7 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpbundles(yf
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                            yfw_datatree* out);
 
-/* Container handlers and default handlers: they check their arguments and answer 0. */
+/* Container handlers and default handlers: they check their arguments and return 0. */
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_bundlesystemid_systemmacaddr(
     yfw_map_ctx ctx, const yfw_datatree* in, unsigned int child_count, yfw_datatree* out);
 OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_cont_lvla_lacpbundles_data_bundlesystemid(
@@ -121,7 +121,7 @@ OCLACP_EXPORT cerrno ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundl
 
 /*
  * Leaf handlers. Each reports its OpenConfig leaf or leaves with the value of `in`, or calls the converter that does,
- * and answers the status of the (last) addition or of the converter. The handlers of member-interface and
+ * and returns the status of the (last) addition or of the converter. The handlers of member-interface and
  * illegal-packets-received report two leaves each, that of actor-port-state six; it ignores failed additions. The last
  * one, of the device's own MAC address, reports nothing.
  */
@@ -184,13 +184,13 @@ OCLACP_EXPORT cerrno get_bundle_name_from_oper_tree(yfw_map_ctx ctx, const char*
  * ---- Value converters ----
  *
  * All but the first read the name of the bundle that is walked, and report their leaf when LACP is configured on it and
- * it is no sub-interface. They answer the status of the addition, 0 when nothing is reported, or the code of the
+ * it is no sub-interface. They return the status of the addition, 0 when nothing is reported, or the code of the
  * look-up or string operation that failed.
  */
 
 /*
- * The six leaves of a member's port state, from the low eight bits of a decimal number; a text that is none counts as
- * 0. Failed additions are ignored: 0 for any node.
+ * The six leaves of a member's port state, from the low eight bits of a decimal number; a text that is none is treated
+ * as 0. Failed additions are ignored: 0 for any node.
  */
 OCLACP_EXPORT cerrno qd2oc_actorportstate(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
@@ -224,7 +224,7 @@ OCLACP_EXPORT const char* yfw_get_lacp_state_distributing(uint8_t port_state);
  * ---- When-handlers ----
  *
  * The framework calls the one that is named after a container to evaluate the container's `when` statement. They accept
- * any node with 0; without a node they record that there is nothing to evaluate and answer 1.
+ * any node with 0; without a node they record that there is nothing to evaluate and return 1.
  */
 
 OCLACP_EXPORT cerrno

@@ -2,7 +2,7 @@
  * The openconfig-lacp side of the module: OpenConfig requests become native paths.
  *
  * Conventions
- * 1. Every function takes the mapping context first and answers a status of yfw/status.h; 0 is success.
+ * 1. Every function takes the mapping context first and returns a status of yfw/status.h; 0 is success.
  * 2. The context must not be null: the process is ended through __assert_fail() if it is. A null input node or output
  *    tree is refused with YFW_INVALID_ARGUMENTS, except where a function is said not to look at them.
  * 3. Every function records its start, its errors and its end under its own name. No end is recorded for null
@@ -64,7 +64,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_member_state(yfw_ma
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_lvla_lacp_state_counters(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                             yfw_datatree* out);
 
-/* ---- Container handlers: they check their arguments and answer 0 ---- */
+/* ---- Container handlers: they check their arguments and return 0 ---- */
 
 OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp(yfw_map_ctx ctx, const yfw_datatree* in,
                                                                   unsigned int child_count, yfw_datatree* out);
@@ -379,7 +379,7 @@ OCLACP_EXPORT cerrno ymap_oq_oclacp_openconfiglacp_leaf_lvla_lacp_counters_lacpt
  * ---- Configuration converters ----
  *
  * In an edit each adds its native leaf with the converted value, or without a value when `in` deletes; in a read with
- * the value of `in` as it is. They answer the status of the addition, or that of a string operation that failed.
+ * the value of `in` as it is. They return the status of the addition, or that of a string operation that failed.
  */
 
 /* "ACTIVE" becomes "active"; any other value "passive". */
@@ -387,7 +387,7 @@ OCLACP_EXPORT cerrno oc2qd_cfglacpmode(yfw_map_ctx ctx, const yfw_datatree* in, 
 
 /*
  * "FAST" becomes "1", "SLOW" "30000"; any other value, or none, is refused with YFW_UNSUPPORTED_INTERVAL. In a read,
- * and when `in` deletes, no value is looked at.
+ * and when `in` deletes, no value is read.
  */
 OCLACP_EXPORT cerrno oc2qd_cfginterval(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);
 
@@ -418,8 +418,8 @@ OCLACP_EXPORT cerrno oc2qd_intf_name(yfw_map_ctx ctx, int count, xpath_list_type
 /*
  * ---- State converters ----
  *
- * In a read each asks for its native leaf, with the value of `in`, and answers the status of the addition; in an edit
- * it adds nothing and answers 0. All six leaves of a member's port state share the last one.
+ * In a read each asks for its native leaf, with the value of `in`, and returns the status of the addition; in an edit
+ * it adds nothing and returns 0. All six leaves of a member's port state share the last one.
  */
 
 OCLACP_EXPORT cerrno oc2qd_appliedlacpmode(yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out);

@@ -4,7 +4,7 @@
  * Conventions
  * 1. A descriptor is constant data and lives as long as the module is loaded; bag/bag.h says what it holds.
  * 2. Records hold numbers in the byte order of the machine.
- * 3. An accessor takes no arguments and answers the address of its descriptor, from any thread.
+ * 3. An accessor takes no arguments and returns the address of its descriptor, from any thread.
  */
 #ifndef OCLACP_RECORDS_H
 #define OCLACP_RECORDS_H

@@ -257,16 +257,16 @@ class ListWalk : public Walk {
 
   cerrno walk_once(unsigned int count) {
     const std::uint16_t depth = yfw_map_util_itree_stack_size(ctx_);
-    const cerrno answer = call_handler(count);
-    const bool skips = answer == YFW_SKIP_SUBTREE;
+    const cerrno handler_status = call_handler(count);
+    const bool skips = handler_status == YFW_SKIP_SUBTREE;
     if (skips) handle_skip();
-    cerrno status = skips ? YFW_OK : answer;
-    if (answer == YFW_OK) status = dispatch_children(node_, count);
-    if (answer == YFW_OK && status == YFW_OK) status = walk_further_entries(depth);
+    cerrno status = skips ? YFW_OK : handler_status;
+    if (handler_status == YFW_OK) status = dispatch_children(node_, count);
+    if (handler_status == YFW_OK && status == YFW_OK) status = walk_further_entries(depth);
     for (std::uint16_t size = yfw_map_util_itree_stack_size(ctx_); size > depth; --size) {
       yfw_map_util_itree_stack_pop(ctx_);
     }
-    if (answer == YFW_OK && status == YFW_OK && is_expanded(count)) expand();
+    if (handler_status == YFW_OK && status == YFW_OK && is_expanded(count)) expand();
     return status;
   }
 
@@ -324,9 +324,9 @@ class ListWalk : public Walk {
     std::optional<HierarchyEntry> entry;
     enter(entry, further, YFW_HIERARCHY_LIST, YFW_NODE_LIST_ENTRY);
     if (const cerrno status = yfw_map_update_current_list_node(ctx_, row_.path); status != YFW_OK) return status;
-    const cerrno answer = callback(ctx_, &further, out_);
-    if (answer == YFW_SKIP_SUBTREE) return YFW_OK;
-    return answer != YFW_OK ? answer : dispatch_children(further, *count);
+    const cerrno handler_status = callback(ctx_, &further, out_);
+    if (handler_status == YFW_SKIP_SUBTREE) return YFW_OK;
+    return handler_status != YFW_OK ? handler_status : dispatch_children(further, *count);
   }
 
   // An entry that names its key and nothing else is asked for, or deleted, as a whole; so is one that has no children

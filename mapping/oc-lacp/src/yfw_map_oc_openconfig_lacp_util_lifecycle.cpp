@@ -38,7 +38,7 @@ struct Mapping {
 };
 
 void fill(const char* caller, const Mapping& mapping, yfw_map_registration& registration) {
-  // The copies' results are not looked at: every text fits.
+  // The copies' results are not checked: every text fits.
   const auto copy = [caller](char(&field)[YFW_REGISTRATION_TEXT_CAPACITY], const char* text) {
     static_cast<void>(yfw_strncpy_s(caller, field, sizeof field, text, sizeof field));
   };

@@ -50,7 +50,7 @@ cerrno report_converted(yfw_map_ctx ctx, yfw_datatree* out, const char* target, 
   return ymap::add(ctx, out, {.path = target, .ns = kOpenconfigLacp, .value = text});
 }
 
-// The mode is compared before the interface is looked at; for the period it is the other way round.
+// The mode is compared before the interface is checked; for the period it is the other way round.
 cerrno convert_mode(const Handler& handler, yfw_map_ctx ctx, const yfw_datatree* in, yfw_datatree* out) {
   return ymap::run_in_frame(handler, ctx, in, out, [&](const Activation& run) -> Outcome {
     const char* name = nullptr;

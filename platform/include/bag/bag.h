@@ -4,7 +4,7 @@
  * Conventions
  * 1. A module hands its descriptors over in one transaction: start, one registration for each descriptor, end; or
  *    abort, after which the registry holds nothing of the transaction.
- * 2. Every operation that answers a `cerrno` answers 0 or a failure code; the module passes a failure up unchanged.
+ * 2. Every operation that returns a `cerrno` returns 0 or a failure code; the module passes a failure up unchanged.
  * 3. A descriptor, and all that it points to, is constant and lives as long as the module is loaded.
  * 4. Called on the thread that loads the module.
  *

@@ -43,7 +43,7 @@ typedef struct imc_interface_key {
   const char* name;
 } imc_interface_key;
 
-/* Where a look-up puts its answers. */
+/* Where a look-up puts its results. */
 typedef struct imc_interface_attributes {
   uint32_t* interface_handle;
   uint32_t* attribute;
@@ -75,7 +75,7 @@ cerrno imc_interface_find(imc_handle connection, uint32_t key_kind, const imc_in
                           const imc_interface_attributes* attributes);
 
 /*
- * Reads an interface's flags; `zero` is 0. Only the low 32 bits are looked at. The module calls it with handle 0 for an
+ * Reads an interface's flags; `zero` is 0. Only the low 32 bits are read. The module calls it with handle 0 for an
  * interface that it did not find, and takes the interface for a physical one when it fails.
  */
 cerrno imc_s_interface_get_flags(imc_handle connection, uint32_t interface_handle, uint32_t zero, uint64_t* flags);

@@ -6,7 +6,7 @@
  *    deletion a failed bind, find or step of the list is recorded and ends the search: the interfaces that were not
  *    reached are treated as having no LACP configuration. A failed unbind or release of a list is ignored.
  * 2. A module uses the client only after access(SYSDB_LIBRARY_PATH, R_OK) found its library; a platform without such a
- *    file answers that probe itself.
+ *    file serves that probe itself.
  * 3. The shared connection is bound and unbound without a request, on the thread that loads and unloads the module.
  *    Everything else is called on the request's thread, over a connection that lives for one call of a handler; only
  *    when the framework refuses an addition of a deletion do its connection and its list stay open.

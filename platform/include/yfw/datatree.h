@@ -69,7 +69,7 @@ typedef struct yfw_datatree {
   uint8_t key_mark;              /* 1 on a list key leaf that was consumed as a key */
   uint32_t flags;                /* YFW_FLAG_* */
   uint32_t value_type;           /* the framework's type number of the value */
-  void* framework;               /* the framework's own; never looked at by a module */
+  void* framework;               /* the framework's own; never read by a module */
 } yfw_datatree;
 
 #ifdef __cplusplus

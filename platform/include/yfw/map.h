@@ -3,7 +3,7 @@
  *
  * Conventions
  * 1. Every text and node is borrowed for the call; what the framework keeps it copies.
- * 2. Operations that answer a `cerrno` may fail; the module passes the code up unchanged where the operation does not
+ * 2. Operations that return a `cerrno` may fail; the module passes the code up unchanged where the operation does not
  *    state otherwise. The others cannot fail.
  * 3. Called on the request's thread, with the context of that request. yfw_map_do_these_match() has neither: the
  *    capability callback calls it without a request, on the thread that asks.
@@ -53,7 +53,7 @@ void yfw_map_add_to_node_hierarchy(yfw_map_ctx ctx, const yfw_datatree* node, in
 void yfw_map_remove_from_node_hierarchy(yfw_map_ctx ctx, const yfw_datatree* node);
 
 /*
- * Tells which list, by its absolute path without keys, the keys that follow belong to: the walk has come to the next
+ * Tells which list, by its absolute path without keys, the keys that follow belong to: the walker has reached the next
  * entry of it. That also closes the output entries that were opened by an addition with the list flag under the entry
  * before. After a failure no list handler and no child of the entry is called.
  */
@@ -62,16 +62,16 @@ cerrno yfw_map_update_current_list_node(yfw_map_ctx ctx, const char* list_path);
 /*
  * Checks that the target of a list key's leafref exists; called for every key leaf under the operation codes that
  * check list keys. `list_path` is the list, `container` the child ("config") that holds the target, `key` the key
- * leaf's tag, `entry` the list entry. 0 when it exists; a module reports any other answer and ends its walk with it.
+ * leaf's tag, `entry` the list entry. 0 when it exists; a module reports any other status and ends its walk with it.
  */
 cerrno yfw_map_check_oc_leafref(yfw_map_ctx ctx, const char* list_path, const char* container, const char* key,
                                 const yfw_datatree* entry);
 
 /*
  * Looks up a leaf of the tree that is walked, by its position. `path`, absolute and without keys, is a list of which an
- * entry is on the hierarchy, or a container below such an entry, whether the walk has come to it or not: the applied
+ * entry is on the hierarchy, or a container below such an entry, whether the walker has reached it or not: the applied
  * mode of a bundle is asked for as "/lacp-bundles/bundles/bundle/data" and "applied-lacp-mode". `leaf` is the leaf's
- * name, `value` the place for the answer, which the framework owns.
+ * name, `value` the place for the value, which the framework owns.
  *
  * Returns 0 or why there is no value. A handler sets `*value` to null before the call and takes any combination of the
  * two. The handler of an interface's entry returns YFW_UNSUPPORTED_NODE without a name, whatever the status; with a

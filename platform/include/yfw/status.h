@@ -2,8 +2,8 @@
  * Status codes.
  *
  * Conventions
- * 1. Every handler of a mapping module, and every operation of the platform that can fail, answers a `cerrno`: 0 is
- *    success, anything else a failure (or, for YFW_SKIP_SUBTREE, an answer that is not an error).
+ * 1. Every handler of a mapping module, and every operation of the platform that can fail, returns a `cerrno`: 0 is
+ *    success, anything else a failure (or, for YFW_SKIP_SUBTREE, a result that is not an error).
  * 2. A mapping module returns the codes below; codes of platform operations are passed up unchanged where the
  *    operation does not state otherwise. When-handlers are the exception: they return 0, or a plain 1 when they are
  *    given no node.

@@ -4,7 +4,7 @@
  * Conventions
  * 1. `caller` is the name of the calling function, for the platform's own diagnostics.
  * 2. A failed operation returns a code. The module traces it and, in a handler, passes it up; a helper that only
- *    answers a question goes on. Neither traced nor passed up are a failed copy of a registration, and a failed
+ *    asks a question goes on. Neither traced nor passed up are a failed copy of a registration, and a failed
  *    comparison with "1000", "30000" or "SLOW", which makes the interval an unsupported one. A failed copy leaves a
  *    terminated text in the destination, of whatever content.
  * 3. Called on the request's thread; by the registrations without a request, on the thread that loads the module.
