@@ -45,25 +45,6 @@ void collect_effect(const EditNode& node, Effect& effect) {
   }
 }
 
-// A mapping finds the interface to delete by a part of its name, so it may come upon another one. That one must not
-// lose its configuration.
-void check_same_interface(const EditNode& node) {
-  const EditNode* entry = &node;
-  while (entry->schema != nullptr && entry->schema->nodetype != LYS_LIST) {
-    entry = entry->parent;
-  }
-  const yfw_datatree* asked = node.source;
-  while (asked != nullptr && info_of(asked).schema->nodetype != LYS_LIST) {
-    asked = info_of(asked).parent;
-  }
-  const char* name = asked == nullptr ? nullptr : key_value(asked);
-  if (name == nullptr || entry->schema == nullptr ||
-      std::find(entry->keys.begin(), entry->keys.end(), name) != entry->keys.end()) {
-    return;
-  }
-  refuse_native(node, "belongs to another interface than the request names, and is left alone");
-}
-
 class Application {
  public:
   Application(const ly_ctx* native, const DeviceSnapshot& device) : native_(native), device_(device) {
@@ -99,7 +80,6 @@ class Application {
 
  private:
   void apply(const EditNode& node, lyd_node* parent) {
-    check_same_interface(node);
     lyd_node* existing = find(node, parent);
     switch (node.operation) {
       case YFW_OPERATION_DELETE:

@@ -1,13 +1,76 @@
 #include "host/translation/module_quirks.h"
 
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <unordered_set>
+
+#include "host/base/error.h"
+#include "host/trees/operation.h"
+
 namespace oclacp::host {
+namespace {
+
+bool is_list_entry(const yfw_datatree* node) {
+  return info_of(node).schema->nodetype == LYS_LIST;
+}
+
+// The innermost list entry around a node, or the node itself; null when there is none.
+const yfw_datatree* entry_around(const yfw_datatree* node) {
+  while (node != nullptr && !is_list_entry(node)) {
+    node = info_of(node).parent;
+  }
+  return node;
+}
+
+}  // namespace
 
 void name_contents_of_bare_entries(RequestTree& read) {
   for (yfw_datatree& node : read.nodes()) {
-    if (info_of(&node).schema->nodetype == LYS_LIST && node.child_count == 0) {
+    if (is_list_entry(&node) && node.child_count == 0) {
       read.add_schema_children(node);
     }
   }
+}
+
+void use_entry_form_keys(RequestTree& edit, CurrentDevice& device) {
+  for (yfw_datatree& node : edit.nodes()) {
+    if (node.value != nullptr && lysc_is_key(info_of(&node).schema) && std::strchr(node.value, '/') != nullptr &&
+        yfw_map_is_request_delete(info_of(&node).parent) != 0 && device.configuration().has_lacp(node.value)) {
+      node.value = device.configuration().element_of(node.value);
+    }
+  }
+}
+
+AbsentEntries::AbsentEntries(RequestTree& edit, CurrentDevice& device) {
+  for (yfw_datatree& node : edit.nodes()) {
+    const char* name = is_list_entry(&node) && deletes(node.operation) ? key_value(&node) : nullptr;
+    if (name == nullptr || device.configuration().has_lacp(name)) {
+      continue;
+    }
+    if (node.operation == YFW_OPERATION_DELETE) {
+      deleted_.push_back(&node);
+    } else {
+      removed_.push_back(&node);
+      node.child_count = 1;  // the key, which libyang puts first
+    }
+  }
+}
+
+void AbsentEntries::check_deleted() const {
+  if (!deleted_.empty()) {
+    throw Error(node_path(deleted_.front()) + ": " + cerr_strerror(YFW_NOTHING_TO_DELETE));
+  }
+}
+
+void AbsentEntries::drop_additions(OutputLog& log) const {
+  if (removed_.empty()) {
+    return;
+  }
+  const std::unordered_set<const yfw_datatree*> removed(removed_.begin(), removed_.end());
+  log.drop_if([&](const OutputLog::Addition& addition) {
+    return addition.source != nullptr && removed.count(entry_around(addition.source)) != 0;
+  });
 }
 
 }  // namespace oclacp::host

@@ -4,6 +4,10 @@
 // What it does is fixed; another framework may make up for it in another way.
 #pragma once
 
+#include <vector>
+
+#include "host/services/current_device.h"
+#include "host/trees/output_log.h"
 #include "host/trees/request_tree.h"
 
 namespace oclacp::host {
@@ -12,5 +16,33 @@ namespace oclacp::host {
 // entry for one of which only the keys are asked, because it expands an entry only when this names its key. It is
 // therefore handed the entry with everything named that the schema has in it.
 void name_contents_of_bare_entries(RequestTree& read);
+
+// The module looks for the interface of a deleted entry among the elements of the data store, by a part of the entry's
+// name. It finds a name with slashes only when the name is in the form of an element, too.
+void use_entry_form_keys(RequestTree& edit, CurrentDevice& device);
+
+// The entries of an edit that are deleted or removed although their interface has no LACP configuration.
+//
+// The module goes through the interfaces that have some, and takes the first whose name is a part of the entry's name:
+// instead of an interface that has none it comes upon another one. When it comes upon none, it goes on with the
+// children of the entry and adds native nodes for them, with the interface's name in the place of the class of
+// configuration.
+class AbsentEntries {
+ public:
+  // To be made before the walk, which changes operations. What is removed is handed to the module with its key alone,
+  // as it does not look below an entry that it deletes, but refuses what it finds below another. `edit` outlives this.
+  AbsentEntries(RequestTree& edit, CurrentDevice& device);
+
+  // What is deleted must be there (RFC 6241, 7.2). Throws Error for the first entry that is not. To be called after the
+  // walk, so that what the module refuses comes first.
+  void check_deleted() const;
+
+  // To remove what is not there changes nothing: drops what the module added for such entries.
+  void drop_additions(OutputLog& log) const;
+
+ private:
+  std::vector<const yfw_datatree*> deleted_;
+  std::vector<const yfw_datatree*> removed_;
+};
 
 }  // namespace oclacp::host

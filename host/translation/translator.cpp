@@ -56,17 +56,6 @@ void apply_default(DefaultOperation operation, RequestTree& tree) {
   }
 }
 
-// The module looks for the interface of a deleted entry among the elements of the data store, by a part of the entry's
-// name. It finds a name with slashes only when the name is in the form of an element, too.
-void use_entry_form_keys(RequestTree& tree, CurrentDevice& device) {
-  for (yfw_datatree& node : tree.nodes()) {
-    if (node.value != nullptr && lysc_is_key(info_of(&node).schema) && std::strchr(node.value, '/') != nullptr &&
-        yfw_map_is_request_delete(info_of(&node).parent) != 0 && device.configuration().has_lacp(node.value)) {
-      node.value = device.configuration().element_of(node.value);
-    }
-  }
-}
-
 void check_strictly(RequestTree& tree) {
   const yfw_datatree* ignored = find_unvisited_node(tree);
   if (ignored != nullptr) {
@@ -114,8 +103,11 @@ struct TranslatedEdit {
                  const TranslateOptions& options)
       : request(std::move(parsed)), installed(device), log(paths, true) {
     apply_default(options.operation, request.tree);
+    const AbsentEntries absent(request.tree, installed);
     use_entry_form_keys(request.tree, installed);
     walk(module, request.tree, log, options);
+    absent.check_deleted();
+    absent.drop_additions(log);
     native.emplace(log);
   }
 
@@ -131,8 +123,8 @@ Translation Translator::translate(const std::string& request, const DeviceSnapsh
                                   const TranslateOptions& options) {
   Translation translation;
   if (options.kind == RequestKind::kEdit) {
-    const TranslatedEdit edit(parse_request(parts_->schemas.request(), request), parts_->module, parts_->native_paths,
-                              device, options);
+    TranslatedEdit edit(parse_request(parts_->schemas.request(), request), parts_->module, parts_->native_paths, device,
+                        options);
     translation.dropped_entries = edit.native->dropped_entries();
     translation.text = print_edit(native_context(), *edit.native, libyang_format(options.format, edit.request.format));
     return translation;

@@ -14,12 +14,13 @@ bool is_leaf(const lysc_node* schema) {
 
 EditTree::EditTree(const OutputLog& log) : log_(log), node_of_entry_(log.entries().size()) {
   nodes_.emplace_back();
-  for (size_t entry = 0; entry < log.entries().size(); ++entry) {
-    dropped_ += is_dropped(static_cast<int>(entry)) ? 1 : 0;
-  }
+  std::vector<bool> is_counted(log.entries().size());
   for (const OutputLog::Addition& addition : log.additions()) {
     if (!is_dropped(addition.entry)) {
       apply(addition);
+    } else if (const auto entry = static_cast<size_t>(addition.entry); !is_counted[entry]) {
+      is_counted[entry] = true;
+      ++dropped_;
     }
   }
 }

@@ -157,6 +157,10 @@ void OutputLog::close_lists_below(std::string_view list_path) {
   }
 }
 
+void OutputLog::drop_if(const std::function<bool(const Addition&)>& is_dropped) {
+  additions_.erase(std::remove_if(additions_.begin(), additions_.end(), is_dropped), additions_.end());
+}
+
 void OutputLog::close_entries(int first) {
   for (auto& [list, open] : open_) {
     while (!open.empty() && open.back() >= first) {

@@ -7,6 +7,7 @@
 // neighbour.
 #pragma once
 
+#include <functional>
 #include <memory_resource>
 #include <string>
 #include <string_view>
@@ -59,6 +60,9 @@ class OutputLog {
   void leave_lists(size_t depth);
   // Closes the open entries of every output list that is inside of the list `list_path`.
   void close_lists_below(std::string_view list_path);
+
+  // Forgets the additions of which `is_dropped` says so. The entries that they opened stay.
+  void drop_if(const std::function<bool(const Addition&)>& is_dropped);
 
   [[nodiscard]] const std::vector<Addition>& additions() const { return additions_; }
   [[nodiscard]] const std::vector<Entry>& entries() const { return entries_; }

@@ -64,5 +64,57 @@ TEST_F(EditOperation, NamedTwice_IsRefused) {
                  twice);
 }
 
+// An interface without LACP, one that is not configured at all, and two of which a part is the name of one with LACP.
+const std::vector<std::string> kAbsent = {"GigabitEthernet0/0/0/4", "Bundle-Ether9", "Bundle-Ether10",
+                                          "Bundle-Ether2.100"};
+
+TEST_F(EditOperation, RemoveOfEntryThatIsNotThere_ChangesNothing) {
+  for (const std::string& name : kAbsent) {
+    SCOPED_TRACE(name);
+    for (const std::string& content : {operation("remove"), operation("remove") + R"(, "config": {"name": ")" + name +
+                                                                R"(", "interval": "FAST"})"}) {
+      const std::string request = entries(entry(name, content));
+      const Outcome translated = translate(request, {"-d", path()});
+      expect_success(translated);
+      EXPECT_EQ(translated.out, "{}\n");
+      const Outcome planned = edit(request, {"--dry-run"});
+      expect_success(planned);
+      EXPECT_EQ(planned.out, "{}\n{}\n");
+      expect_success(edit(request, {"--expect-no-change"}));
+      expect_success(edit(request));
+      EXPECT_EQ(read(), before_);
+    }
+    expect_success(edit(xml_entry(name, "nc:operation='remove'")));
+    EXPECT_EQ(read(), before_);
+    EXPECT_EQ(translate(entries(entry(name, operation("remove")))).out, "{}\n");
+  }
+}
+
+TEST_F(EditOperation, RemoveOfEntryThatIsNotThere_LeavesTheRestOfTheRequest) {
+  std::string list;
+  for (const std::string& name : kAbsent) {
+    list += entry(name, operation("remove")) + ",";
+  }
+  list += entry("Bundle-Ether1", operation("remove")) + ",";
+  list += entry("Bundle-Ether2", R"("config": {"name": "Bundle-Ether2", "lacp-mode": "ACTIVE"})");
+  expect_success(edit(entries(list)));
+  EXPECT_THAT(read(), AllOf(Not(HasSubstr("00:11:22:33:44:55")), HasSubstr(R"("mode": "active")"),
+                            Not(HasSubstr(R"("mode": "passive")")), Not(HasSubstr("Bundle-Ether10"))));
+}
+
+TEST_F(EditOperation, DeleteOfEntryThatIsNotThere_NamesItAndChangesNothing) {
+  for (const std::string& name : kAbsent) {
+    SCOPED_TRACE(name);
+    const std::string reason = "oclacp: /openconfig-lacp:lacp/interfaces/interface[name='" + name +
+                               "']: nothing to delete: the device has no LACP configuration for this interface";
+    expect_refused(entries(entry(name, operation("delete"))), reason);
+    expect_refused(entries(entry("Bundle-Ether1", operation("remove")) + "," + entry(name, operation("delete"))),
+                   reason);
+    expect_refused(xml_entry(name, "nc:operation='delete'"), reason);
+    expect_unchanged(erase("/lacp/interfaces/interface[name='" + name + "']"), reason);
+    expect_unchanged(edit(entries(R"({"name": ")" + name + "\"}"), {"--operation", "delete"}), reason);
+  }
+}
+
 }  // namespace
 }  // namespace support

@@ -140,26 +140,6 @@ TEST_F(EditApplicationTest, AValueThatTheNativeModelDoesNotTakeIsRefused) {
   expect_refusal(MemorySnapshot(lacp_of_a(R"("mode": "active")")), refusal);
 }
 
-TEST_F(EditApplicationTest, AnotherInterfaceThanTheRequestNamesIsLeftAlone) {
-  open(edit_, "b", entry_);
-  EXPECT_EQ(add_lacp(edit_, "", nullptr, leaf(YFW_OPERATION_REMOVE)), YFW_OK);
-  const MemorySnapshot device(R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [
-      {"active": "act", "interface-name": "b", "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": "active"}}]}})");
-  expect_refusal(device, "[interface-name='b']: belongs to another interface");
-}
-
-TEST_F(EditApplicationTest, ANameThatDiffersInItsSlashesIsAnotherInterface) {
-  RequestTree request = parse(interface(R"("name": "b_1", "config": {"interval": "FAST"})"));
-  const yfw_datatree* entry = find(request, {"interfaces", "interface"});
-  yfw_datatree* source = find(request, {"interfaces", "interface", "config", "interval"});
-  source->operation = YFW_OPERATION_REMOVE;
-  open(edit_, "b/1", entry);
-  EXPECT_EQ(add_lacp(edit_, "", nullptr, source), YFW_OK);
-  const MemorySnapshot device(R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [
-      {"active": "act", "interface-name": "b/1", "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": "active"}}]}})");
-  expect_refusal(device, "[interface-name='b/1']: belongs to another interface");
-}
-
 TEST_F(EditApplicationTest, TheDeviceStaysAsItIs) {
   const MemorySnapshot device(lacp_of_a(R"("mode": "active")"));
   const std::string before = print_tree(schemas().native(), device.running(), LYD_JSON);

@@ -163,5 +163,16 @@ TEST_F(EditScriptTest, TextsAreCopied) {
   EXPECT_EQ(edit_.additions().back().value, "active");
 }
 
+TEST_F(EditScriptTest, DropIf_ForgetsWhatIsChosenInOrder) {
+  const yfw_datatree* other = source(YFW_OPERATION_REMOVE);
+  open(edit_, "a", merge_);
+  open(edit_, "b", other);
+  EXPECT_EQ(add_lacp(edit_, "mode", "active", merge_), YFW_OK);
+  edit_.drop_if([&](const OutputLog::Addition& addition) { return addition.source == other; });
+  ASSERT_EQ(edit_.additions().size(), 4U);
+  EXPECT_TRUE(edit_.additions().front().target->is_list());
+  EXPECT_EQ(edit_.additions().back().value, "active");
+}
+
 }  // namespace
 }  // namespace oclacp::host
