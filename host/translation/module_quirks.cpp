@@ -42,6 +42,20 @@ void use_entry_form_keys(RequestTree& edit, CurrentDevice& device) {
   }
 }
 
+void check_nothing_added_below_deletes(RequestTree& edit) {
+  for (const yfw_datatree& node : edit.nodes()) {
+    if (node.operation != YFW_OPERATION_CREATE && node.operation != YFW_OPERATION_REPLACE) {
+      continue;
+    }
+    const yfw_datatree* entry = entry_around(info_of(&node).parent);
+    if (entry != nullptr && deletes(entry->operation)) {
+      throw Error(node_path(&node) + ": cannot be " +
+                  (node.operation == YFW_OPERATION_CREATE ? "created" : "replaced") +
+                  " in a list entry that the request deletes");
+    }
+  }
+}
+
 AbsentEntries::AbsentEntries(RequestTree& edit, CurrentDevice& device) {
   for (yfw_datatree& node : edit.nodes()) {
     const char* name = is_list_entry(&node) && deletes(node.operation) ? key_value(&node) : nullptr;

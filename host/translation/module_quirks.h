@@ -21,6 +21,10 @@ void name_contents_of_bare_entries(RequestTree& read);
 // name. It finds a name with slashes only when the name is in the form of an element, too.
 void use_entry_form_keys(RequestTree& edit, CurrentDevice& device);
 
+// The module does not look below a list entry that it deletes, so that what is created or replaced there would be
+// dropped without a word. Throws Error for the first such node.
+void check_nothing_added_below_deletes(RequestTree& edit);
+
 // The entries of an edit that are deleted or removed although their interface has no LACP configuration.
 //
 // The module goes through the interfaces that have some, and takes the first whose name is a part of the entry's name:

@@ -103,6 +103,7 @@ struct TranslatedEdit {
                  const TranslateOptions& options)
       : request(std::move(parsed)), installed(device), log(paths, true) {
     apply_default(options.operation, request.tree);
+    check_nothing_added_below_deletes(request.tree);
     const AbsentEntries absent(request.tree, installed);
     use_entry_form_keys(request.tree, installed);
     walk(module, request.tree, log, options);

@@ -116,5 +116,27 @@ TEST_F(EditOperation, DeleteOfEntryThatIsNotThere_NamesItAndChangesNothing) {
   }
 }
 
+TEST_F(EditOperation, AdditionsBelowADeletedEntry_AreRefused) {
+  const std::string path = "/interface[name='Bundle-Ether1']/config";
+  for (const char* name : {"delete", "remove"}) {
+    const auto deleted = [&](const std::string& config) {
+      return entries(entry("Bundle-Ether1", operation(name) + R"(, "config": {)" + config + "}"));
+    };
+    const std::string in_a_deleted = " in a list entry that the request deletes\n";
+    expect_refused(deleted(R"("interval": "SLOW", "@interval": {"ietf-netconf:operation": "create"})"),
+                   path + "/interval: cannot be created" + in_a_deleted);
+    expect_refused(deleted(R"("interval": "SLOW", "@interval": {"ietf-netconf:operation": "replace"})"),
+                   path + "/interval: cannot be replaced" + in_a_deleted);
+    expect_refused(deleted(operation("create") + R"(, "interval": "SLOW")"),
+                   path + ": cannot be created" + in_a_deleted);
+  }
+  expect_refused(R"(<lacp xmlns="http://openconfig.net/yang/lacp" xmlns:nc="urn:ietf:params:xml:ns:netconf:base:1.0">
+      <interfaces><interface nc:operation="delete"><name>Bundle-Ether1</name>
+      <config nc:operation="create"><interval>SLOW</interval></config></interface></interfaces></lacp>)",
+                 path + ": cannot be created");
+  expect_success(
+      edit(entries(entry("Bundle-Ether1", operation("delete") + R"(, "config": {"name": "Bundle-Ether1"})"))));
+}
+
 }  // namespace
 }  // namespace support
