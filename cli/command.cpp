@@ -32,7 +32,8 @@ CLI::Option* add_format(CLI::App& command, TranslationArguments& arguments, cons
 }
 
 CLI::Option* add_strict(CLI::App& command, TranslationArguments& arguments) {
-  return command.add_flag("--strict", arguments.options.is_strict, "Refuse an edit of which a node would be ignored");
+  return command.add_flag("--strict", arguments.options.is_strict,
+                          "Refuse an edit of which a node would be ignored, or that there would be a warning about");
 }
 
 CLI::Option* add_device(CLI::App& command, TranslationArguments& arguments) {
@@ -73,7 +74,7 @@ Records::~Records() {
 
 void warn(const std::vector<std::string>& sentences) {
   for (const std::string& sentence : sentences) {
-    std::cerr << "oclacp: " << sentence << '\n';
+    std::cerr << "oclacp: warning: " << sentence << '\n';
   }
 }
 

@@ -39,6 +39,7 @@ host::EditPlan plan(host::Translator& translator, const host::DeviceSnapshot& de
   host::EditPlan plan = arguments.request ? translator.plan_edit(*arguments.request, device, arguments.options)
                                           : translator.plan_delete(arguments.path, device, arguments.options);
   warn_unkeyed_entries(plan.dropped_entries);
+  warn(plan.warnings);
   return plan;
 }
 

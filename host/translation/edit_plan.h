@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "host/yang/libyang_ptr.h"
 
@@ -15,6 +16,9 @@ struct EditPlan {
   std::string native_edit;
   std::string difference;
   size_t dropped_entries = 0;  // as in Translation
+  // What its user may not expect of the edit, a sentence each: list entries that will not be there, configuration that
+  // cannot be read afterwards. A strict edit is refused for them.
+  std::vector<std::string> warnings;
 
   [[nodiscard]] bool changes_something() const { return !first_change.empty(); }
 };

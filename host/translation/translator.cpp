@@ -10,6 +10,7 @@
 #include "host/translation/creation_check.h"
 #include "host/translation/loaded_mapping.h"
 #include "host/translation/module_quirks.h"
+#include "host/translation/read_back.h"
 #include "host/translation/run_walker.h"
 #include "host/trees/edit_printer.h"
 #include "host/trees/edit_tree.h"
@@ -161,6 +162,14 @@ EditPlan Translator::plan(ParsedRequest request, const DeviceSnapshot& device, c
   plan.running = apply_edit(native_context(), *edit.native, device);
   plan.first_change = find_first_change(native_context(), device.running(), plan.running.get());
   plan.dropped_entries = edit.native->dropped_entries();
+  if (plan.changes_something()) {
+    const std::vector<std::string> unreadable =
+        read_back(parts_->module, parts_->openconfig_paths, edit.log, device, plan.running.get());
+    plan.warnings.insert(plan.warnings.end(), unreadable.begin(), unreadable.end());
+  }
+  if (options.is_strict && !plan.warnings.empty()) {
+    throw Error(plan.warnings.front());
+  }
   if (options.is_dry_run) {
     const LYD_FORMAT format = libyang_format(options.format, edit.request.format);
     plan.native_edit = print_edit(native_context(), *edit.native, format);

@@ -48,7 +48,7 @@ struct TranslateOptions {
   DefaultOperation operation = DefaultOperation::kMerge;  // edits only
   Format format = Format::kAsInput;                       // edits only
   // Edits only: refused when a node would be ignored, or when the LACP of a sub-interface is set, which is never read
-  // back.
+  // back. Plans also for what would be a warning (edit_plan.h).
   bool is_strict = false;
   bool is_dry_run = false;  // plans only: the plan tells the native edit and what it changes
   // Where the module's records go; null for nowhere. Both are also filled when the translation is refused.

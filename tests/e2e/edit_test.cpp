@@ -101,11 +101,29 @@ TEST_F(Device, ACanonicalDeviceReadsTheFastPeriodBack) {
   expect_success(edit(config_of("Bundle-Ether9", R"("interval": "FAST")"), {"--expect-no-change"}));
 }
 
-TEST_F(Device, ADeviceThatKeepsWhatIsWrittenKeepsTheFastPeriodAsOne) {
+TEST_F(Device, KeepsAPeriodOfOneAsWritten_WarnsThatItCannotBeRead) {
   write(R"({"oclacp-platform:platform": {"router-type": 7}})", "platform.json");
-  expect_success(edit(config_of("Bundle-Ether9", R"("interval": "FAST")")));
+  const std::string fast = config_of("Bundle-Ether9", R"("interval": "FAST", "lacp-mode": "ACTIVE")");
+  const std::string reason =
+      "native /Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act']"
+      "[interface-name='Bundle-Ether9']/Talvo-Brin-QD-bundlemgr-cfg:lacp/period: '1' has no OpenConfig form, which "
+      "only "
+      "one second (true or 1000) and thirty (30000) have (error tag 'interval', code 0xaaf2fe00); after this edit the "
+      "configuration cannot be read\n";
+  expect_unchanged(edit(fast, {"--strict"}), "oclacp: " + reason);
+  for (const char* dry_run : {"--dry-run", ""}) {
+    const Outcome outcome =
+        edit(fast, dry_run[0] == '\0' ? std::vector<std::string>() : std::vector<std::string>{dry_run});
+    EXPECT_EQ(outcome.status, 0);
+    EXPECT_EQ(outcome.err, "oclacp: warning: " + reason);
+  }
   EXPECT_THAT(last_lacp(), HasSubstr("\"period\": 1\n"));
+  expect_refusal(run({"get", "-d", path()}), "'1' has no OpenConfig form");
+  // What the edit does not touch is not told again.
   expect_success(edit(config_of("Bundle-Ether9", R"("interval": "FAST")"), {"--expect-no-change"}));
+  expect_success(edit(config_of("Bundle-Ether9", R"("lacp-mode": "PASSIVE")"), {"--strict"}));
+  expect_success(edit(config_of("Bundle-Ether9", R"("interval": "SLOW")"), {"--strict"}));
+  expect_success(run({"get", "-d", path()}));
 }
 
 TEST_F(Device, DeletesALeaf) {
