@@ -127,6 +127,7 @@ Translation Translator::translate(const std::string& request, const DeviceSnapsh
   if (options.kind == RequestKind::kEdit) {
     TranslatedEdit edit(parse_request(parts_->schemas.request(), request), parts_->module, parts_->native_paths, device,
                         options);
+    check_creations_set_something(edit.request.tree);
     translation.dropped_entries = edit.native->dropped_entries();
     translation.text = print_edit(native_context(), *edit.native, libyang_format(options.format, edit.request.format));
     return translation;
@@ -158,7 +159,9 @@ EditPlan Translator::plan_delete(const std::string& path, const DeviceSnapshot& 
 EditPlan Translator::plan(ParsedRequest request, const DeviceSnapshot& device, const TranslateOptions& options) {
   TranslatedEdit edit(std::move(request), parts_->module, parts_->native_paths, device, options);
   check_creations(edit.request.tree, edit.installed);
+  check_creations_set_something(edit.request.tree);
   EditPlan plan;
+  plan.warnings = find_entries_without_settings(edit.request.tree, edit.installed);
   plan.running = apply_edit(native_context(), *edit.native, device);
   plan.first_change = find_first_change(native_context(), device.running(), plan.running.get());
   plan.dropped_entries = edit.native->dropped_entries();

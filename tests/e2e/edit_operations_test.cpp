@@ -116,6 +116,50 @@ TEST_F(EditOperation, DeleteOfEntryThatIsNotThere_NamesItAndChangesNothing) {
   }
 }
 
+TEST_F(EditOperation, CreateWithoutSettings_IsRefused) {
+  const std::string reason = ": cannot be created without a setting in it, the device would not have it\n";
+  for (const char* name : {"Bundle-Ether9", "GigabitEthernet0/0/0/4"}) {
+    const std::string path = "/interface[name='" + std::string(name) + "']";
+    const std::string config = R"("config": {"name": ")" + std::string(name) + "\"";
+    const std::string removed = R"(, "interval": [null], "@interval": {"ietf-netconf:operation": "remove"})";
+    expect_refused(entries(entry(name, operation("create"))), path + reason);
+    expect_refused(entries(entry(name, operation("create") + ", " + config + "}")), path + reason);
+    expect_refused(entries(entry(name, operation("create") + ", " + config + removed + "}")), path + reason);
+    expect_refused(entries(entry(name, config + ", " + operation("create") + "}")), path + "/config" + reason);
+    expect_refused(xml_entry(name, "nc:operation='create'"), path + reason);
+    // So it is not there afterwards either.
+    EXPECT_EQ(run({"get", "/lacp/interfaces" + path, "-d", this->path()}).out, "{}\n");
+    expect_unchanged(erase("/lacp/interfaces" + path), "nothing to delete");
+  }
+}
+
+TEST_F(EditOperation, CreateWithASetting_IsThereAfterwards) {
+  const std::string path = "/lacp/interfaces/interface[name='Bundle-Ether9']";
+  const std::string request = entries(
+      entry("Bundle-Ether9", operation("create") + R"(, "config": {"name": "Bundle-Ether9", "interval": "SLOW"})"));
+  expect_success(edit(request));
+  EXPECT_THAT(squeezed(run({"get", path, "-d", this->path()}).out), HasSubstr(R"("interval":"SLOW")"));
+  before_ = read();
+  expect_unchanged(edit(request), ": cannot be created, the device has it already");
+  expect_unchanged(edit(entries(entry("Bundle-Ether9", operation("create")))),
+                   ": cannot be created, the device has it already");
+  expect_success(erase(path));
+  EXPECT_EQ(run({"get", path, "-d", this->path()}).out, "{}\n");
+}
+
+TEST_F(EditOperation, MergeWithoutSettings_WarnsAndIsRefusedWhenStrict) {
+  const std::string reason =
+      "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether9']: names no setting, the device will not have "
+      "it\n";
+  expect_unchanged(edit(config_of("Bundle-Ether9", ""), {"--strict"}), "oclacp: " + reason);
+  const Outcome outcome = edit(config_of("Bundle-Ether9", ""));
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "oclacp: warning: " + reason);
+  EXPECT_EQ(run({"get", "/lacp/interfaces/interface[name='Bundle-Ether9']", "-d", path()}).out, "{}\n");
+  // One that is there already has its settings.
+  expect_success(edit(config_of("Bundle-Ether1", ""), {"--strict"}));
+}
+
 TEST_F(EditOperation, AdditionsBelowADeletedEntry_AreRefused) {
   const std::string path = "/interface[name='Bundle-Ether1']/config";
   for (const char* name : {"delete", "remove"}) {

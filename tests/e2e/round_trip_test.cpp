@@ -53,7 +53,7 @@ TEST_F(RoundTrip, WhatIsSetIsRead) {
 }
 
 TEST_F(RoundTrip, AnInterfaceWithoutSettingsHasNoLacp) {
-  edit(request(entry("Bundle-Ether1", "")));
+  EXPECT_EQ(run({"edit", "-", "-d", folder()}, request(entry("Bundle-Ether1", ""))).status, 0);
   EXPECT_EQ(got(), "{}");
 }
 
@@ -113,7 +113,8 @@ TEST_F(RoundTrip, ADeleteOfAllTakesThePriorityAndTheLacpOfThreeInterfacesAndNoth
 
 TEST_F(RoundTrip, ADeviceThatKeepsWhatIsWrittenHasNoWayBackForFast) {
   write_platform(R"({"oclacp-platform:platform": {"router-type": 7}})");
-  edit(request(entry("Bundle-Ether1", R"(, "interval": "FAST")")));
+  const std::string fast = request(entry("Bundle-Ether1", R"(, "interval": "FAST")"));
+  EXPECT_EQ(run({"edit", "-", "-d", folder()}, fast).status, 0);
   expect_refusal(run({"get", "-d", folder()}),
                  "[interface-name='Bundle-Ether1']/Talvo-Brin-QD-bundlemgr-cfg:lacp/period: "
                  "'1' has no OpenConfig form");
