@@ -147,6 +147,7 @@ TEST_P(GetPath, AnyOfTheModel_GivesItsPartOfTheWhole) {
     const Outcome result = get(path);
     if (is_unserved(path)) {
       const std::string tag = path.substr(path.rfind('/') + 1);
+      EXPECT_EQ(cut_out(path), "{}") << path << " within a container";
       EXPECT_EQ(result.status, 1) << path;
       EXPECT_THAT(result.err, EndsWith("not supported by this mapping (error tag '" + tag + "', code 0xaaf2ee00)\n"));
       continue;
