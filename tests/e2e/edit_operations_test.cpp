@@ -118,14 +118,17 @@ TEST_F(EditOperation, DeleteOfEntryThatIsNotThere_NamesItAndChangesNothing) {
 
 TEST_F(EditOperation, CreateWithoutSettings_IsRefused) {
   const std::string reason = ": cannot be created without a setting in it, the device would not have it\n";
+  const std::string of_config = "/config" + reason;
+  const std::string create = operation("create") + ", ";
+  const std::string removed = R"("config": {"interval": [null],
+                                            "@interval": {"ietf-netconf:operation": "remove"}})";
   for (const char* name : {"Bundle-Ether9", "GigabitEthernet0/0/0/4"}) {
     const std::string path = "/interface[name='" + std::string(name) + "']";
-    const std::string config = R"("config": {"name": ")" + std::string(name) + "\"";
-    const std::string removed = R"(, "interval": [null], "@interval": {"ietf-netconf:operation": "remove"})";
+    const std::string config = R"("config": {"name": ")" + std::string(name) + "\"}";
     expect_refused(entries(entry(name, operation("create"))), path + reason);
-    expect_refused(entries(entry(name, operation("create") + ", " + config + "}")), path + reason);
-    expect_refused(entries(entry(name, operation("create") + ", " + config + removed + "}")), path + reason);
-    expect_refused(entries(entry(name, config + ", " + operation("create") + "}")), path + "/config" + reason);
+    expect_refused(entries(entry(name, create + config)), path + reason);
+    expect_refused(entries(entry(name, create + removed)), path + reason);
+    expect_refused(entries(entry(name, R"("config": {)" + operation("create") + "}")), path + of_config);
     expect_refused(xml_entry(name, "nc:operation='create'"), path + reason);
     // So it is not there afterwards either.
     EXPECT_EQ(run({"get", "/lacp/interfaces" + path, "-d", this->path()}).out, "{}\n");
@@ -162,17 +165,18 @@ TEST_F(EditOperation, MergeWithoutSettings_WarnsAndIsRefusedWhenStrict) {
 
 TEST_F(EditOperation, AdditionsBelowADeletedEntry_AreRefused) {
   const std::string path = "/interface[name='Bundle-Ether1']/config";
+  const std::string interval = path + "/interval";
+  const std::string created = ": cannot be created in a list entry that the request deletes\n";
+  const std::string replaced = ": cannot be replaced in a list entry that the request deletes\n";
+  const auto deleted = [](const std::string& name, const std::string& config) {
+    return entries(entry("Bundle-Ether1", operation(name) + R"(, "config": {)" + config + "}"));
+  };
   for (const char* name : {"delete", "remove"}) {
-    const auto deleted = [&](const std::string& config) {
-      return entries(entry("Bundle-Ether1", operation(name) + R"(, "config": {)" + config + "}"));
-    };
-    const std::string in_a_deleted = " in a list entry that the request deletes\n";
-    expect_refused(deleted(R"("interval": "SLOW", "@interval": {"ietf-netconf:operation": "create"})"),
-                   path + "/interval: cannot be created" + in_a_deleted);
-    expect_refused(deleted(R"("interval": "SLOW", "@interval": {"ietf-netconf:operation": "replace"})"),
-                   path + "/interval: cannot be replaced" + in_a_deleted);
-    expect_refused(deleted(operation("create") + R"(, "interval": "SLOW")"),
-                   path + ": cannot be created" + in_a_deleted);
+    expect_refused(deleted(name, R"("interval": "SLOW", "@interval": {"ietf-netconf:operation": "create"})"),
+                   interval + created);
+    expect_refused(deleted(name, R"("interval": "SLOW", "@interval": {"ietf-netconf:operation": "replace"})"),
+                   interval + replaced);
+    expect_refused(deleted(name, operation("create") + R"(, "interval": "SLOW")"), path + created);
   }
   expect_refused(R"(<lacp xmlns="http://openconfig.net/yang/lacp" xmlns:nc="urn:ietf:params:xml:ns:netconf:base:1.0">
       <interfaces><interface nc:operation="delete"><name>Bundle-Ether1</name>
