@@ -27,10 +27,11 @@ class Parser {
     const std::string_view value =
         colon == std::string_view::npos ? std::string_view() : trimmed(line.substr(colon + 2));
     // Only what belongs to one end is indented by blanks.
-    const bool is_detail = line.starts_with(' ');
-    if (!is_detail) {
-      end_ = nullptr;
+    if (line.starts_with(' ')) {
+      read_detail(label, value);
+      return;
     }
+    end_ = nullptr;
     if (label == "Slave Interface") {
       text_.ports.push_back({std::string(value), {}, {}});
     } else if (label == "System priority") {
@@ -41,8 +42,6 @@ class Parser {
       end_ = &text_.ports.back().actor;
     } else if (label == "details partner lacp pdu:" && !text_.ports.empty()) {
       end_ = &text_.ports.back().partner;
-    } else if (is_detail && end_ != nullptr) {
-      read_detail(label, value);
     }
   }
 
@@ -50,6 +49,9 @@ class Parser {
 
  private:
   void read_detail(std::string_view label, std::string_view value) {
+    if (end_ == nullptr) {
+      return;
+    }
     if (label == "system mac address") {
       end_->system = parse_mac_address(value);
     } else if (label == "port key" || label == "oper key") {  // the actor's and the partner's

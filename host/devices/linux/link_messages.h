@@ -57,7 +57,7 @@ struct LacpStatistics {
   std::optional<std::uint64_t> illegal_received;
 };
 
-// Both read a whole message that libmnl has found in order (mnl_nlmsg_ok()), and return nothing for one of another
+// Both read a message of which its whole length is there (take_message()), and return nothing for one of another
 // type, one that is too short, a link without name, and statistics without those of LACP.
 std::optional<Link> parse_link(const nlmsghdr& message);                       // RTM_NEWLINK
 std::optional<LacpStatistics> parse_lacp_statistics(const nlmsghdr& message);  // RTM_NEWSTATS

@@ -1,17 +1,30 @@
-// Attributes of netlink messages. libmnl's own iteration macros do not compile as C++.
+// Messages and their attributes. libmnl's own iteration macros do not compile as C++.
 #pragma once
 
 #include <libmnl/libmnl.h>
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 #include "host/devices/linux/mac_address.h"
 
 namespace oclacp::host {
+
+// Takes a message from the front of bytes that are aligned as its header has to be; null when no whole one stands
+// there. libmnl's check of it (mnl_nlmsg_ok()) takes a length of 2 GiB and more for a negative one.
+inline const nlmsghdr* take_message(std::string_view& bytes) {
+  const auto* message = reinterpret_cast<const nlmsghdr*>(bytes.data());
+  if (bytes.size() < sizeof(*message) || message->nlmsg_len < sizeof(*message) || message->nlmsg_len > bytes.size()) {
+    return nullptr;
+  }
+  bytes.remove_prefix(std::min<std::size_t>(bytes.size(), NLMSG_ALIGN(message->nlmsg_len)));
+  return message;
+}
 
 // Calls `visit` with each attribute of a message behind its header of `header_size` bytes; stops at one that does not
 // fit into the message.

@@ -154,16 +154,14 @@ std::string_view NetlinkSocket::receive() {
 
 void NetlinkSocket::receive_answer(const std::function<bool(const nlmsghdr&)>& visit) {
   while (true) {
-    const std::string_view answer = receive();
-    int left = static_cast<int>(answer.size());
-    const auto* message = reinterpret_cast<const nlmsghdr*>(answer.data());
-    for (; mnl_nlmsg_ok(message, left); message = mnl_nlmsg_next(message, &left)) {
+    std::string_view answer = receive();
+    while (const nlmsghdr* message = take_message(answer)) {
       // What answers an earlier request, of which nobody read to the end, is skipped.
       if (message->nlmsg_seq == sequence_ && !visit(*message)) {
         return;
       }
     }
-    if (left > 0) {
+    if (!answer.empty()) {
       fail("an answer is cut short");
     }
   }

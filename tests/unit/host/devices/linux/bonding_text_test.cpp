@@ -77,6 +77,12 @@ TEST(BondingText, DetailsOfNoPort_AreSkipped) {
   EXPECT_TRUE(parse_bonding_text("details actor lacp pdu:\n    port key: 5\n").ports.empty());
 }
 
+TEST(BondingText, IndentedPort_IsADetailThatNobodyKnows) {
+  const BondingText text = parse_bonding_text(with_actor("    Slave Interface: a1\n    port key: 5\n"));
+  ASSERT_EQ(text.ports.size(), 1U);
+  EXPECT_EQ(shown(text.ports[0].actor), "- 5 -");
+}
+
 TEST(BondingText, LinesBehindDetails_BelongToThePort) {
   const BondingText text = parse_bonding_text(with_actor("    port key: 5\nSomething: else\n    port number: 7\n"));
   ASSERT_EQ(text.ports.size(), 1U);

@@ -1,7 +1,6 @@
 // The other end of a rtnetlink socket in tests.
 #pragma once
 
-#include <libmnl/libmnl.h>
 #include <linux/netlink.h>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -17,6 +16,8 @@
 #include <utility>
 #include <vector>
 
+#include "host/devices/linux/netlink_attributes.h"
+
 namespace oclacp::host {
 
 // Netlink messages as the bytes of one datagram.
@@ -31,9 +32,8 @@ inline std::string recorded(const std::string& file) {
 // have to be aligned, as those of a std::string on the heap are.
 inline std::vector<std::string> messages_of(const std::string& bytes) {
   std::vector<std::string> messages;
-  int left = static_cast<int>(bytes.size());
-  const auto* message = reinterpret_cast<const nlmsghdr*>(bytes.data());
-  for (; mnl_nlmsg_ok(message, left); message = mnl_nlmsg_next(message, &left)) {
+  std::string_view left = bytes;
+  while (const nlmsghdr* message = take_message(left)) {
     messages.emplace_back(reinterpret_cast<const char*>(message), NLMSG_ALIGN(message->nlmsg_len));
   }
   return messages;
@@ -120,10 +120,9 @@ class FakeKernel {
 
   // Gives all messages of a datagram that are whole the number of the request that they answer.
   static void number(Datagram& datagram, std::uint32_t sequence) {
-    int left = static_cast<int>(datagram.size());
-    auto* message = reinterpret_cast<nlmsghdr*>(datagram.data());
-    for (; mnl_nlmsg_ok(message, left); message = mnl_nlmsg_next(message, &left)) {
-      message->nlmsg_seq = sequence;
+    std::string_view left = datagram;
+    while (const nlmsghdr* message = take_message(left)) {
+      const_cast<nlmsghdr*>(message)->nlmsg_seq = sequence;
     }
   }
 

@@ -91,6 +91,12 @@ TEST(NetlinkSocket, AnswerCutShort_IsRefused) {
   }
 }
 
+TEST(NetlinkSocket, MessageLongerThanNumbersWithASign_IsRefused) {
+  std::string message = kFirst;
+  reinterpret_cast<nlmsghdr*>(message.data())->nlmsg_len = 0xfffffff0;
+  EXPECT_THAT(refusal_of([&] { dump({message}); }), HasSubstr("cut short"));
+}
+
 TEST(NetlinkSocket, Execute_ReturnsWhyTheKernelRefuses) {
   EXPECT_FALSE(execute({make_outcome(0)}));
   const std::optional<KernelRefusal> refusal = execute({make_outcome(EPERM)});
