@@ -38,8 +38,10 @@ CLI::Option* add_strict(CLI::App& command, TranslationArguments& arguments) {
 
 CLI::Option* add_device(CLI::App& command, TranslationArguments& arguments) {
   return command
-      .add_option("-d", arguments.device, "The device: a folder with platform.json, running.json and operational.json")
-      ->type_name("DIR");
+      .add_option("-d", arguments.device,
+                  "The device: a folder with platform.json, running.json and operational.json; linux for the bonds of "
+                  "this machine, linux:NETNS for those of a named network namespace")
+      ->type_name("DEVICE");
 }
 
 void add_locations(CLI::App& command, std::string& published_schemas, std::string& module) {

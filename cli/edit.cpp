@@ -18,6 +18,7 @@ struct EditArguments : TranslationArguments {
   std::optional<std::string> request;  // none when a path is deleted
   std::string path;
   bool expects_no_change = false;
+  host::CommitOptions commit;
 };
 
 void add_edit_options(CLI::App& command, EditArguments& arguments) {
@@ -27,6 +28,10 @@ void add_edit_options(CLI::App& command, EditArguments& arguments) {
   command
       .add_flag("--expect-no-change", arguments.expects_no_change,
                 "Change nothing, and fail if the edit would change something")
+      ->excludes(dry_run);
+  command
+      .add_flag("--may-interrupt", arguments.commit.may_interrupt,
+                "Also make changes for which the links of a bond go down for a moment")
       ->excludes(dry_run);
   add_format(command, arguments, "The format of what --dry-run prints; that of the request by default")->needs(dry_run);
   add_strict(command, arguments);
@@ -49,7 +54,7 @@ void change(host::Translator& translator, host::Device& device, EditArguments& a
   const std::shared_ptr<const host::DeviceSnapshot> before = device.snapshot();
   host::EditPlan planned = plan(translator, *before, arguments);
   if (planned.changes_something()) {
-    warn(device.commit(*lock, *before, std::move(planned.running), {}));
+    warn(device.commit(*lock, *before, std::move(planned.running), arguments.commit));
   }
 }
 

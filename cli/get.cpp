@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "cli/command.h"
 #include "cli/terminal.h"
@@ -39,12 +40,11 @@ std::string check_seconds(const std::string& text) {
              : "'" + text + "' is no number from 0.1 to 86400";
 }
 
-host::Answer read(host::Translator& translator, host::Device& device, GetArguments& arguments) {
-  const std::shared_ptr<const host::DeviceSnapshot> snapshot = device.snapshot();
+host::Answer read(host::Translator& translator, const host::DeviceSnapshot& device, GetArguments& arguments) {
   const Records records(arguments);
   arguments.get.debug_log = arguments.options.debug_log;
   arguments.get.trace = arguments.options.trace;
-  return translator.get(*snapshot, arguments.get);
+  return translator.get(device, arguments.get);
 }
 
 void show(const host::Translator& translator, const host::Answer& answer, AnswerFormat format) {
@@ -55,11 +55,15 @@ void show(const host::Translator& translator, const host::Answer& answer, Answer
   }
 }
 
-void get(host::Translator& translator, host::Device& device, GetArguments& arguments) {
+void get(host::Translator& translator, const host::DeviceSnapshot& device, GetArguments& arguments) {
   const host::Answer answer = read(translator, device, arguments);
-  warn(device.snapshot()->warnings());
+  const std::vector<std::string> warnings = device.warnings();
+  warn(warnings);
   warn_omitted_leaves(answer);
-  show(translator, answer, arguments.format);
+  // When it was said why there is nothing, the header of an empty table says no more.
+  if (arguments.format != AnswerFormat::kTable || answer.data != nullptr || warnings.empty()) {
+    show(translator, answer, arguments.format);
+  }
   for (const std::string& failure : answer.failures) {
     std::cerr << "oclacp: " << failure << '\n';
   }
@@ -75,9 +79,9 @@ void run(GetArguments& arguments) {
   if (arguments.lists_unmapped) {
     print(translator->list_unmapped(*device->snapshot(), arguments.get.path));
   } else if (arguments.watch_seconds > 0) {
-    watch(*translator, arguments.watch_seconds, [&] { return read(*translator, *device, arguments); });
+    watch(*translator, arguments.watch_seconds, [&] { return read(*translator, *device->snapshot(), arguments); });
   } else {
-    get(*translator, *device, arguments);
+    get(*translator, *device->snapshot(), arguments);
   }
 }
 

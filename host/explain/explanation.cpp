@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/devices/linux/leaf_notes.h"
 #include "host/yang/schema_nodes.h"
 
 namespace oclacp::host {
@@ -71,9 +72,29 @@ std::string Explanation::describe_leaf(const lysc_node* leaf) {
                   ? "\nIt has no source: nothing native is read back as it.\n"
                   : "\nThe list key that refers to it carries its value,\n" + line(kIndent, schema_path(key));
     }
-    return text;
+    return text + describe_bonds(leaf);
   }
-  return text + describe_reports(leaf) + describe_incoming(leaf, "An edit sets it from") + describe_askers(leaf);
+  return text + describe_reports(leaf) + describe_incoming(leaf, "An edit sets it from") + describe_askers(leaf) +
+         describe_bonds(leaf);
+}
+
+// What is particular to it when the device is this machine's bonds.
+std::string Explanation::describe_bonds(const lysc_node* leaf) {
+  std::vector<const lysc_node*> sources;
+  if (is_openconfig(leaf)) {
+    for (const LeafMapping& mapping : mappings_.to(leaf)) {
+      append_distinct(sources, mapping.from);
+    }
+  } else {
+    sources.push_back(leaf);
+  }
+  std::string text;
+  for (const lysc_node* source : sources) {
+    if (const char* note = linux_note(bare_path(source)); note != nullptr) {
+      text += line(kIndent, note);
+    }
+  }
+  return paragraph("From bonds of a Linux kernel it is", text);
 }
 
 std::string Explanation::describe_served(const lysc_node* leaf) {

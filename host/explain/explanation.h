@@ -29,6 +29,7 @@ class Explanation {
   std::string describe_askers(const lysc_node* leaf);
   std::string describe_served(const lysc_node* leaf);
   std::string describe_incoming(const lysc_node* leaf, const std::string& heading);
+  std::string describe_bonds(const lysc_node* leaf);
   std::string ways_of(const lysc_node* leaf);
   std::vector<const lysc_node*> entries_named_by(const lysc_node* list);
   [[nodiscard]] bool is_openconfig(const lysc_node* node) const { return node->module->ctx == schemas_.request(); }

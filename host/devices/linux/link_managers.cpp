@@ -16,7 +16,7 @@ bool has_line(const std::string& file, const std::function<bool(const std::strin
   return false;
 }
 
-// The states of systemd-networkd in which it leaves a link alone have other words (man networkctl).
+// A link that systemd-networkd leaves alone has no such file.
 bool is_network_file(const std::string& line) {
   return line.starts_with("NETWORK_FILE=") && line != "NETWORK_FILE=";
 }

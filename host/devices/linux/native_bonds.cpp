@@ -268,7 +268,7 @@ std::vector<std::string> warnings_about(const LinkSnapshot& snapshot) {
     }
   }
   if (lacp_bonds == 0) {
-    warnings.emplace_back("there is no bond in mode 802.3ad here");
+    warnings.emplace_back("there is no bond in mode 802.3ad");
   }
   if (is_withheld(snapshot)) {
     warnings.emplace_back(

@@ -139,7 +139,7 @@ TEST(NativeBonds, NoBond_IsNoDataAndTold) {
   const LinkSnapshot snapshot = replayed_links("none");
   EXPECT_EQ(make_running(schemas().native(), snapshot), nullptr);
   EXPECT_EQ(make_operational(schemas().native(), snapshot), nullptr);
-  EXPECT_THAT(warnings_about(snapshot), ElementsAre("there is no bond in mode 802.3ad here"));
+  EXPECT_THAT(warnings_about(snapshot), ElementsAre("there is no bond in mode 802.3ad"));
 }
 
 TEST(NativeBonds, Interfaces_HaveTheirTypes) {

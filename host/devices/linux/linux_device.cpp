@@ -1,0 +1,232 @@
+#include "host/devices/linux/linux_device.h"
+
+#include <fcntl.h>
+#include <linux/capability.h>
+#include <linux/netlink.h>
+#include <linux/rtnetlink.h>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include "host/base/error.h"
+#include "host/devices/linux/bond_plan.h"
+#include "host/devices/linux/bond_writer.h"
+#include "host/devices/linux/link_managers.h"
+#include "host/devices/linux/native_bonds.h"
+#include "host/devices/linux/network_namespace.h"
+
+namespace oclacp::host {
+namespace {
+
+// The platform type of a machine whose bonds are served.
+constexpr uint32_t kRouterType = 8;
+
+constexpr const char* kLockFolder = "/run/oclacp";
+
+// Whether the thread may change links in the network namespace that it is in.
+bool has_net_admin() {
+  __user_cap_header_struct header = {_LINUX_CAPABILITY_VERSION_3, 0};
+  std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> data{};
+  return syscall(SYS_capget, &header, data.data()) == 0 && (data[0].effective & (1U << CAP_NET_ADMIN)) != 0;
+}
+
+// Creates the file whose lock stands for the network namespace of the thread, and returns its path.
+std::string make_lock_file() {
+  struct stat status {};
+  if (stat("/proc/thread-self/ns/net", &status) != 0) {
+    throw Error(std::string("/proc/thread-self/ns/net: ") + std::strerror(errno));
+  }
+  std::string file = std::string(kLockFolder) + "/linux-" + std::to_string(status.st_ino) + ".lock";
+  if (mkdir(kLockFolder, 0755) != 0 && errno != EEXIST) {
+    throw Error(std::string(kLockFolder) + ": " + std::strerror(errno));
+  }
+  // Users without a right to change bonds have none to keep others from it.
+  const FileDescriptor descriptor(open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+  if (!descriptor.is_open()) {
+    throw Error(file + ": " + std::strerror(errno));
+  }
+  // The folder may be a daemon's, which has to take the lock too after root has.
+  if (geteuid() == 0 && stat(kLockFolder, &status) == 0 &&
+      fchown(descriptor.number(), status.st_uid, status.st_gid) != 0) {
+    throw Error(file + ": " + std::strerror(errno));
+  }
+  return file;
+}
+
+bool is_same(const lyd_node* left, const lyd_node* right) {
+  return lyd_compare_siblings(left, right, LYD_COMPARE_FULL_RECURSION) == LY_SUCCESS;
+}
+
+bool is_same(const std::vector<Interface>& left, const std::vector<Interface>& right) {
+  return std::equal(
+      left.begin(), left.end(), right.begin(), right.end(),
+      [](const Interface& one, const Interface& two) { return one.name == two.name && one.type == two.type; });
+}
+
+class LinuxLock final : public DeviceLock {
+ public:
+  LinuxLock(const Device& device, const std::string& file, const LockOptions& options)
+      : DeviceLock(device), lock_(file, options) {}
+
+ private:
+  FileLock lock_;
+};
+
+}  // namespace
+
+class LinuxDevice::Snapshot final : public DeviceSnapshot {
+ public:
+  // `last`: the one before, or null.
+  Snapshot(const ly_ctx* native, const std::string& device, LinkSnapshot links, const Snapshot* last)
+      : native_(native),
+        device_(device),
+        links_(std::move(links)),
+        interfaces_(list_interfaces(links_)),
+        running_(make_running(native, links_)) {
+    const bool is_configured_as_before =
+        last != nullptr && is_same(interfaces_, last->interfaces_) && is_same(running_.get(), last->running_.get());
+    const Version before = last == nullptr ? Version() : last->version_;
+    version_ = {before.configuration + (is_configured_as_before ? 0 : 1), before.state + 1};
+  }
+
+  [[nodiscard]] uint32_t router_type() const override { return kRouterType; }
+  [[nodiscard]] const std::vector<Interface>& interfaces() const override { return interfaces_; }
+  [[nodiscard]] const lyd_node* running() const override { return running_.get(); }
+  [[nodiscard]] const lyd_node* operational() const override {
+    if (!operational_) {
+      operational_ = make_operational(native_, links_);
+    }
+    return operational_->get();
+  }
+  // What is written is read back in the form that configurations of bonds have.
+  [[nodiscard]] std::string normalized_value(const lysc_node& leaf, std::string_view value) const override {
+    if (std::strcmp(leaf.module->name, "Talvo-Brin-QD-bundlemgr-cfg") != 0) {
+      return std::string(value);
+    }
+    if (std::strcmp(leaf.name, "period") == 0 && value == "1") {
+      return "true";
+    }
+    const std::optional<MacAddress> address =
+        std::strcmp(leaf.name, "system-mac") == 0 ? parse_mac_address(value) : std::nullopt;
+    return address ? to_text(*address) : std::string(value);
+  }
+  [[nodiscard]] Version version() const override { return version_; }
+  [[nodiscard]] std::vector<std::string> warnings() const override {
+    std::vector<std::string> sentences = warnings_about(links_);
+    for (std::string& sentence : sentences) {
+      sentence.insert(0, device_ + ": ");
+    }
+    return sentences;
+  }
+
+  [[nodiscard]] const LinkSnapshot& links() const { return links_; }
+
+ private:
+  const ly_ctx* native_;
+  std::string device_;
+  LinkSnapshot links_;
+  std::vector<Interface> interfaces_;
+  TreePtr running_;
+  mutable std::optional<TreePtr> operational_;
+  Version version_;
+};
+
+LinuxDevice::LinuxDevice(const ly_ctx* native, std::string network_namespace)
+    : native_(native),
+      namespace_(std::move(network_namespace)),
+      name_(namespace_.empty() ? "linux" : "linux:" + namespace_) {}
+
+LinuxDevice::~LinuxDevice() = default;
+
+std::shared_ptr<const DeviceSnapshot> LinuxDevice::snapshot() {
+  const NetworkNamespaceScope scope(namespace_);
+  NetlinkSocket socket;
+  last_ = std::make_shared<const Snapshot>(native_, name_, read_links(socket), last_.get());
+  return last_;
+}
+
+std::unique_ptr<DeviceLock> LinuxDevice::lock(const LockOptions& options) {
+  const NetworkNamespaceScope scope(namespace_);
+  if (!has_net_admin()) {
+    throw Error(name_ + ": to change bonds takes CAP_NET_ADMIN");
+  }
+  return std::make_unique<LinuxLock>(*this, make_lock_file(), options);
+}
+
+std::vector<std::string> LinuxDevice::commit(const DeviceLock& lock, const DeviceSnapshot& base, TreePtr running,
+                                             const CommitOptions& options) {
+  if (dynamic_cast<const LinuxLock*>(&lock) == nullptr || &lock.device() != this) {
+    throw Error(name_ + ": cannot be changed under the lock of another device");
+  }
+  snapshot();
+  if (!is_same(last_->running(), base.running())) {
+    throw Error(name_ + ": was changed by another program meanwhile, and stays as it is");
+  }
+  if (is_withheld(last_->links())) {
+    throw Error(name_ + ": cannot be changed, since the kernel withholds what it is set to");
+  }
+  const std::vector<BondChange> changes = plan_changes(last_->links(), running.get(), options.may_interrupt);
+  const NetworkNamespaceScope scope(namespace_);
+  NetlinkSocket socket;
+  std::vector<std::string> warnings = BondWriter(socket).apply(changes);
+  if (!changes.empty()) {
+    warn_of_managers(last_->links(), warnings);
+  }
+  return warnings;
+}
+
+// Programs that manage the bonds of the initial namespace do not do so elsewhere.
+void LinuxDevice::warn_of_managers(const LinkSnapshot& links, std::vector<std::string>& warnings) {
+  if (!namespace_.empty() || std::exchange(has_warned_of_managers_, true)) {
+    return;
+  }
+  for (const Link& link : links.links) {
+    if (!link.is_lacp_bond()) {
+      continue;
+    }
+    if (const std::optional<std::string> manager = find_manager(link.name, link.index)) {
+      warnings.push_back(link.name + ": is managed by " + *manager +
+                         ", which may set it back; settings that are to stay belong into its files too");
+    }
+  }
+}
+
+int LinuxDevice::change_descriptor() {
+  if (!changes_) {
+    const NetworkNamespaceScope scope(namespace_);
+    sockaddr_nl address{};
+    address.nl_family = AF_NETLINK;
+    address.nl_groups = RTMGRP_LINK;
+    changes_.emplace(::socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC | SOCK_NONBLOCK, NETLINK_ROUTE));
+    if (!changes_->is_open() ||
+        bind(changes_->number(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0) {
+      const std::string reason = std::strerror(errno);
+      changes_.reset();
+      throw Error(name_ + ": changes of links are not told: " + reason);
+    }
+  }
+  return changes_->number();
+}
+
+bool LinuxDevice::take_changes() {
+  const int descriptor = change_descriptor();
+  bool has_changed = false;
+  while (true) {
+    // Which link it is does not matter: all are read anew.
+    char byte = 0;
+    if (recv(descriptor, &byte, sizeof(byte), MSG_TRUNC) >= 0 || errno == ENOBUFS) {
+      has_changed = true;
+    } else if (errno != EINTR) {
+      return has_changed;
+    }
+  }
+}
+
+}  // namespace oclacp::host
