@@ -19,7 +19,7 @@ TEST(Linux, MachineWithoutBonds_SaysSoInOneSentence) {
   const Outcome table = run({"get", "-d", "linux", "--all", "--format", "table"});
   EXPECT_EQ(table.status, 0);
   EXPECT_EQ(table.out, "");
-  EXPECT_EQ(table.err, "oclacp: linux: there is no bond in mode 802.3ad\n");
+  EXPECT_EQ(table.err, "oclacp: warning: linux: there is no bond in mode 802.3ad\n");
   EXPECT_EQ(run({"get", "-d", "linux"}).out, "{}\n");
 }
 

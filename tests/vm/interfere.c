@@ -4,7 +4,6 @@
 //   INTERFERE_AT=open NAME  before the first file of this name is opened
 //
 // So what happens to bonds in the middle of a read or of an edit does not depend on luck.
-#define _GNU_SOURCE
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <linux/rtnetlink.h>
@@ -19,6 +18,7 @@ static void interfere(void) {
   is_done = 1;
   const char* command = getenv("INTERFERE_COMMAND");
   unsetenv("LD_PRELOAD");
+  // NOLINTNEXTLINE(cert-env33-c): a command of a shell is what a check gives.
   if (command == NULL || system(command) != 0) {
     abort();
   }
@@ -31,10 +31,11 @@ static const char* argument_of(const char* moment) {
 }
 
 ssize_t send(int descriptor, const void* bytes, size_t size, int flags) {
-  static int changes;
+  static long changes;
   const char* count = argument_of("change");
   const struct nlmsghdr* message = bytes;
-  if (count != NULL && size >= sizeof(*message) && message->nlmsg_type == RTM_NEWLINK && ++changes == atoi(count)) {
+  if (count != NULL && size >= sizeof(*message) && message->nlmsg_type == RTM_NEWLINK &&
+      ++changes == strtol(count, NULL, 10)) {
     interfere();
   }
   ssize_t (*next)(int, const void*, size_t, int) = (ssize_t(*)(int, const void*, size_t, int))dlsym(RTLD_NEXT, "send");
@@ -44,6 +45,7 @@ ssize_t send(int descriptor, const void* bytes, size_t size, int flags) {
 int open(const char* file, int flags, ...) {
   va_list arguments;
   va_start(arguments, flags);
+  // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): va_start() has just initialised it.
   const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(arguments, mode_t) : 0;
   va_end(arguments);
   const char* name = argument_of("open");

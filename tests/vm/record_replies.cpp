@@ -58,7 +58,7 @@ class Relay {
           return;
         }
         file_ = reinterpret_cast<const nlmsghdr*>(buffer_.data())->nlmsg_type == RTM_GETLINK ? "links" : "statistics";
-        std::ofstream(folder_ / file_, std::ios::trunc);
+        fs::remove(folder_ / file_);  // What an earlier try recorded.
         send(kernel_, buffer_.data(), static_cast<size_t>(size), 0);
       }
     }

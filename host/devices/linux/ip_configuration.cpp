@@ -124,6 +124,12 @@ IpConfiguration::IpConfiguration(NetlinkSocket& socket, std::unordered_set<int> 
   read_neighbours(socket, NTF_PROXY);
 }
 
+void IpConfiguration::drop_from(std::size_t count) {
+  while (items_.size() > count) {
+    items_.pop_back();
+  }
+}
+
 void IpConfiguration::read_addresses(NetlinkSocket& socket) {
   const std::size_t before = items_.size();
   const auto visit = [&](const nlmsghdr& message) {
@@ -137,7 +143,7 @@ void IpConfiguration::read_addresses(NetlinkSocket& socket) {
     items_.push_back({copy_of<ifaddrmsg>(message, NLM_F_CREATE | NLM_F_EXCL, IFA_UNSPEC),
                       "the address " + address_text(header->ifa_family, address), ""});
   };
-  dump_all(socket, RTM_GETADDR, ifaddrmsg(), visit, [&] { items_.erase(items_.begin() + before, items_.end()); });
+  dump_all(socket, RTM_GETADDR, ifaddrmsg(), visit, [&] { drop_from(before); });
 }
 
 void IpConfiguration::read_routes(NetlinkSocket& socket, unsigned char family) {
@@ -194,7 +200,7 @@ void IpConfiguration::read_neighbours(NetlinkSocket& socket, unsigned char flags
   };
   ndmsg header{};
   header.ndm_flags = flags;
-  dump_all(socket, RTM_GETNEIGH, header, visit, [&] { items_.erase(items_.begin() + before, items_.end()); });
+  dump_all(socket, RTM_GETNEIGH, header, visit, [&] { drop_from(before); });
 }
 
 void IpConfiguration::put_back(NetlinkSocket& socket) {

@@ -1,6 +1,7 @@
 // What is configured of IP on interfaces, and lost when they go down.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <unordered_set>
 #include <vector>
@@ -33,6 +34,8 @@ class IpConfiguration {
     std::string reason;  // why it was refused the last time
   };
 
+  // Drops the items behind the first `count`.
+  void drop_from(std::size_t count);
   void read_addresses(NetlinkSocket& socket);
   void read_routes(NetlinkSocket& socket, unsigned char family);
   void read_neighbours(NetlinkSocket& socket, unsigned char flags);
