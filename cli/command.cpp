@@ -5,6 +5,7 @@
 #include <iostream>
 
 #include "cli/locations.h"
+#include "host/present/answer_writer.h"
 #include "host/present/trace_tree.h"
 
 namespace oclacp::cli {
@@ -106,8 +107,8 @@ void print(const std::string& text) {
   }
 }
 
-void print(const host::Translator& translator, const host::Answer& answer, LYD_FORMAT format) {
-  host::write_tree(stdout, translator.openconfig_context(), answer.data.get(), format);
+void print(const host::Answer& answer, LYD_FORMAT format) {
+  host::write_answer(stdout, answer.data, format);
 }
 
 }  // namespace oclacp::cli

@@ -82,6 +82,6 @@ void warn_unkeyed_entries(size_t entries);
 
 // Write a result to the standard output. Nothing that a program reads is lost without a word: throws host::Error.
 void print(const std::string& text);
-void print(const host::Translator& translator, const host::Answer& answer, LYD_FORMAT format);
+void print(const host::Answer& answer, LYD_FORMAT format);
 
 }  // namespace oclacp::cli

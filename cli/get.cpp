@@ -49,9 +49,9 @@ host::Answer read(host::Translator& translator, const host::DeviceSnapshot& devi
 
 void show(const host::Translator& translator, const host::Answer& answer, AnswerFormat format) {
   if (format == AnswerFormat::kTable) {
-    print(host::answer_table(translator.openconfig_context(), answer.data.get(), table_layout()));
+    print(host::answer_table(translator.openconfig_context(), answer.data.top(), table_layout()));
   } else {
-    print(translator, answer, format == AnswerFormat::kXml ? LYD_XML : LYD_JSON);
+    print(answer, format == AnswerFormat::kXml ? LYD_XML : LYD_JSON);
   }
 }
 
@@ -61,7 +61,7 @@ void get(host::Translator& translator, const host::DeviceSnapshot& device, GetAr
   warn(warnings);
   warn_omitted_leaves(answer);
   // When it was said why there is nothing, the header of an empty table says no more.
-  if (arguments.format != AnswerFormat::kTable || answer.data != nullptr || warnings.empty()) {
+  if (arguments.format != AnswerFormat::kTable || !answer.data.is_empty() || warnings.empty()) {
     show(translator, answer, arguments.format);
   }
   for (const std::string& failure : answer.failures) {

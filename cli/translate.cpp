@@ -44,7 +44,7 @@ void translate_to_openconfig(host::Translator& translator, const host::DeviceSna
     answer = translator.to_openconfig(native, device, options);
   }
   warn_omitted_leaves(answer);
-  print(translator, answer, host::libyang_format(arguments.options.format, answer.input_format));
+  print(answer, host::libyang_format(arguments.options.format, answer.input_format));
 }
 
 void translate(TranslateArguments& arguments) {

@@ -47,9 +47,9 @@ void show(const host::Translator& translator, const Sample& now, const Sample* b
   constexpr const char* kClear = "\x1b[H\x1b[2J";
   std::optional<host::EarlierAnswer> earlier;
   if (before != nullptr) {
-    earlier = {before->answer.data.get(), std::chrono::duration<double>(now.time - before->time).count()};
+    earlier = {before->answer.data.top(), std::chrono::duration<double>(now.time - before->time).count()};
   }
-  const std::string table = host::answer_table(translator.openconfig_context(), now.answer.data.get(), table_layout(),
+  const std::string table = host::answer_table(translator.openconfig_context(), now.answer.data.top(), table_layout(),
                                                earlier ? &*earlier : nullptr);
   print(std::string(is_terminal() ? kClear : before == nullptr ? "" : "\n") + table);
   // Behind the table, or a cleared terminal would not show it.

@@ -11,6 +11,7 @@
 #include "host/base/export.h"
 #include "host/files/file_lock.h"
 #include "host/yang/libyang_ptr.h"
+#include "host/yang/native_document.h"
 
 namespace oclacp::host {
 
@@ -49,6 +50,8 @@ class OCLACP_HOST_API DeviceSnapshot {
   // The operational state: the first of its top nodes, of the native models; null when there is none. Throws Error
   // when it cannot be had.
   [[nodiscard]] virtual const lyd_node* operational() const { return nullptr; }
+  // The same as a document, which can be read in pieces; null when the device keeps it in another form.
+  [[nodiscard]] virtual const NativeDocument* operational_document() const { return nullptr; }
   // Whether every interface counts as having LACP, because the configuration of the interfaces is not known.
   [[nodiscard]] virtual bool assumes_lacp() const { return false; }
   // The text that the device keeps when a leaf of its configuration is set to `value`. As written unless the device has

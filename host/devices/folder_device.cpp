@@ -10,40 +10,12 @@
 #include "host/files/atomic_file.h"
 #include "host/files/file_lock.h"
 #include "host/files/read_file.h"
-#include "host/yang/data_check.h"
-#include "host/yang/document_check.h"
+#include "host/yang/native_document.h"
 
 namespace oclacp::host {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Why a text is not taken. While libyang reads a text it names a node without what is around it yet, if it complains of
-// more than the node itself; of a tree that it has read as it is, it knows all.
-std::string complaint_of(const ly_ctx* context, const std::string& text, uint32_t validation) {
-  std::string complaint = last_complaint(context, "not usable");
-  lyd_node* tree = nullptr;
-  if (lyd_parse_data_mem(context, text.c_str(), LYD_JSON, LYD_PARSE_STRICT | LYD_PARSE_ONLY, 0, &tree) == LY_SUCCESS &&
-      lyd_validate_all(&tree, context, validation, nullptr) != LY_SUCCESS) {
-    complaint = last_complaint(context, "not usable");
-  }
-  lyd_free_all(tree);
-  return complaint;
-}
-
-// `validation`: libyang's options for it.
-TreePtr parse_tree(const ly_ctx* context, const std::string& file, const std::string& text, uint32_t validation,
-                   DataKind kind) {
-  // libyang takes an empty file for an empty configuration and does not look behind the end of a document.
-  check_json_document(text, file);
-  lyd_node* tree = nullptr;
-  if (lyd_parse_data_mem(context, text.c_str(), LYD_JSON, LYD_PARSE_STRICT, validation, &tree) != LY_SUCCESS) {
-    throw Error(file + ": " + complaint_of(context, text, validation));
-  }
-  TreePtr data(tree);
-  check_data(tree, kind, file + ": ");
-  return data;
-}
 
 InterfaceType interface_type(std::string_view text) {
   if (text == "physical") {
@@ -86,7 +58,7 @@ struct FolderDevice::Platform {
   std::vector<Interface> interfaces;
 
   static std::shared_ptr<const Platform> parse(const ly_ctx* native, const std::string& file, const std::string& text) {
-    const TreePtr tree = parse_tree(native, file, text, LYD_VALIDATE_NO_STATE, DataKind::kPlatform);
+    const TreePtr tree = NativeDocument(native, text, file, LYD_VALIDATE_NO_STATE, DataKind::kPlatform).take_whole();
     const lys_module* module = ly_ctx_get_module_implemented(native, "oclacp-platform");
     const lyd_node* described = tree.get();
     while (described != nullptr && described->schema->module != module) {
@@ -126,19 +98,19 @@ class FolderDevice::State {
  public:
   State(const ly_ctx* native, std::string file) : native_(native), file_(std::move(file)) {}
 
-  // The first of the top nodes, or null. Throws Error.
-  [[nodiscard]] const lyd_node* tree() const {
-    if (!tree_) {
+  // Throws Error when the file cannot be read.
+  [[nodiscard]] const NativeDocument& document() const {
+    if (!document_) {
       const std::optional<FileVersion> version = file_version(file_);
-      tree_ = parse_tree(native_, file_, read_stable_file(file_), LYD_VALIDATE_PRESENT, DataKind::kState);
+      document_.emplace(native_, read_stable_file(file_), file_, LYD_VALIDATE_PRESENT, DataKind::kState);
       version_ = version;
     }
-    return tree_->get();
+    return *document_;
   }
 
   // Whether the file still says so; what was not read yet will be read as it is then.
   [[nodiscard]] bool is_current() const {
-    if (!tree_) {
+    if (!document_) {
       return true;
     }
     const std::optional<FileVersion> now = file_version(file_);
@@ -148,7 +120,7 @@ class FolderDevice::State {
  private:
   const ly_ctx* native_;
   std::string file_;
-  mutable std::optional<TreePtr> tree_;
+  mutable std::optional<NativeDocument> document_;
   mutable std::optional<FileVersion> version_;
 };
 
@@ -164,7 +136,8 @@ class FolderDevice::Snapshot final : public DeviceSnapshot {
   [[nodiscard]] uint32_t router_type() const override { return platform_->router_type; }
   [[nodiscard]] const std::vector<Interface>& interfaces() const override { return platform_->interfaces; }
   [[nodiscard]] const lyd_node* running() const override { return configuration_->tree.get(); }
-  [[nodiscard]] const lyd_node* operational() const override { return state_->tree(); }
+  [[nodiscard]] const lyd_node* operational() const override { return state_->document().whole(); }
+  [[nodiscard]] const NativeDocument* operational_document() const override { return &state_->document(); }
   [[nodiscard]] std::string normalized_value(const lysc_node& leaf, std::string_view value) const override {
     const bool is_period =
         std::strcmp(leaf.module->name, "Talvo-Brin-QD-bundlemgr-cfg") == 0 && std::strcmp(leaf.name, "period") == 0;
@@ -209,8 +182,8 @@ std::shared_ptr<const DeviceSnapshot> FolderDevice::snapshot() {
   std::shared_ptr<const Platform> platform =
       platform_.get([this](const std::string& text) { return Platform::parse(native_, platform_.file(), text); });
   std::shared_ptr<const Configuration> configuration = running_.get([this](const std::string& text) {
-    return std::make_shared<const Configuration>(
-        Configuration{parse_tree(native_, running_.file(), text, LYD_VALIDATE_NO_STATE, DataKind::kNative)});
+    return std::make_shared<const Configuration>(Configuration{
+        NativeDocument(native_, text, running_.file(), LYD_VALIDATE_NO_STATE, DataKind::kNative).take_whole()});
   });
   if (state_ == nullptr || !state_->is_current()) {
     state_ = std::make_shared<const State>(native_, folder_ + "/operational.json");

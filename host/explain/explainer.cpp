@@ -9,7 +9,7 @@ namespace oclacp::host {
 
 struct Explainer::Parts {
   Schemas schemas;
-  SchemaIndex openconfig;
+  TreeContext openconfig;
   SchemaIndex native;
   MappingModule module;
   LeafTables tables;
@@ -21,7 +21,7 @@ struct Explainer::Parts {
         openconfig(schemas.request()),
         native(schemas.native()),
         module(module_file),
-        tables(module, openconfig, native),
+        tables(module, openconfig.index, native),
         probe(module, schemas, openconfig, native),
         mappings(tables, schemas, probe) {}
 };

@@ -7,7 +7,7 @@
 #include "host/explain/sample_values.h"
 #include "host/services/current_device.h"
 #include "host/translation/run_walker.h"
-#include "host/trees/answer_tree.h"
+#include "host/trees/answer_builder.h"
 #include "host/trees/native_tree.h"
 #include "host/trees/output_log.h"
 #include "host/trees/path_request.h"
@@ -84,13 +84,12 @@ bool has_addition(const OutputLog& log, const lysc_node* schema) {
 }
 
 // The answer has a leaf more than the module added: the one that a key refers to.
-void add_leaves(ProbeResult& result, const OutputLog& log, const lyd_node* top) {
-  const lyd_node* node = nullptr;
-  LYD_TREE_DFS_BEGIN(top, node) {
-    if (is_leaf(node->schema) && has_addition(log, node->schema)) {
-      result.leaves.push_back({node->schema, lyd_get_value(node)});
+void add_leaves(ProbeResult& result, const OutputLog& log, AnswerNode node) {
+  for (; node; node = node.next()) {
+    if (is_leaf(node.schema()) && has_addition(log, node.schema())) {
+      result.leaves.push_back({node.schema(), std::string(node.value())});
     }
-    LYD_TREE_DFS_END(top, node);
+    add_leaves(result, log, node.first_child());
   }
 }
 
@@ -119,7 +118,7 @@ std::optional<std::string> ProbeResult::value_of(const lysc_node* leaf) const {
   return found == leaves.rend() ? std::nullopt : found->value;
 }
 
-Probe::Probe(const MappingModule& module, const Schemas& schemas, SchemaIndex& openconfig, SchemaIndex& native)
+Probe::Probe(const MappingModule& module, const Schemas& schemas, TreeContext& openconfig, SchemaIndex& native)
     : module_(module),
       schemas_(schemas),
       openconfig_(openconfig),
@@ -173,13 +172,13 @@ ProbeResult Probe::run_native(const lyd_node* data, const DeviceSnapshot& device
     return {};
   }
   const CurrentDevice installed(device);
-  OutputLog log(openconfig_, false);
+  OutputLog log(openconfig_.index, false);
   NativeTree tree(data, nullptr);
   if (const auto failure = walk_native(walker, tree.top(), YFW_REQUEST_READ_STATE, log, {}); failure) {
     return refused(*failure);
   }
   ProbeResult result;
-  AnswerTree answer(openconfig_.context());
+  AnswerBuilder answer(openconfig_);
   try {
     answer.add(log);
   } catch (const Error& error) {
@@ -188,10 +187,8 @@ ProbeResult Probe::run_native(const lyd_node* data, const DeviceSnapshot& device
   for (const OutputLog::Entry& entry : log.entries()) {
     result.lists.push_back(entry.list);
   }
-  const TreePtr made = answer.take();
-  if (made != nullptr) {
-    add_leaves(result, log, made.get());
-  }
+  const AnswerData made = answer.take();
+  add_leaves(result, log, made.top());
   return result;
 }
 

@@ -7,6 +7,7 @@
 
 #include "host/devices/device.h"
 #include "host/translation/mapping_module.h"
+#include "host/trees/answer_builder.h"
 #include "host/trees/schema_index.h"
 #include "host/yang/schemas.h"
 
@@ -31,7 +32,7 @@ struct ProbeResult {
 class Probe {
  public:
   // All outlive this. `openconfig` and `native` are the paths of the two sides of `schemas`.
-  Probe(const MappingModule& module, const Schemas& schemas, SchemaIndex& openconfig, SchemaIndex& native);
+  Probe(const MappingModule& module, const Schemas& schemas, TreeContext& openconfig, SchemaIndex& native);
 
   // What an edit that sets a leaf of openconfig-lacp to `value` writes for this leaf.
   ProbeResult edit(const lysc_node* leaf, const std::string& value);
@@ -53,7 +54,7 @@ class Probe {
 
   const MappingModule& module_;
   const Schemas& schemas_;
-  SchemaIndex& openconfig_;
+  TreeContext& openconfig_;
   SchemaIndex& native_;
   TreePtr configuration_;  // LACP on the sample interface
   EmptySnapshot device_;

@@ -46,9 +46,9 @@ struct LinkEnd {
 constexpr std::array kLinkEnds = {LinkEnd{"actor", "system-id", "oper-key", "port-num"},
                                   LinkEnd{"partner", "partner-id", "partner-key", "partner-port-num"}};
 
-const char* value_of(const lyd_node* above, std::string_view leaf) {
-  const lyd_node* found = child_named(above, leaf);
-  return found == nullptr ? nullptr : lyd_get_value(found);
+const char* value_of(AnswerNode above, std::string_view leaf) {
+  const AnswerNode found = above.child(leaf);
+  return found ? found.value().data() : nullptr;
 }
 
 std::string shown(const char* value) {
@@ -73,8 +73,8 @@ Leaves leaves_of(const lysc_node* container) {
 }
 
 template <typename Visit>
-void visit_entries(const lyd_node* list_parent, const Visit& visit) {
-  for (const lyd_node* entry = lyd_child(list_parent); entry != nullptr; entry = entry->next) {
+void visit_entries(AnswerNode list_parent, const Visit& visit) {
+  for (AnswerNode entry = list_parent.first_child(); entry; entry = entry.next()) {
     visit(entry);
   }
 }
@@ -90,10 +90,10 @@ Leaves setting_leaves(const ly_ctx* context) {
   return leaves;
 }
 
-std::string settings_summary(const ly_ctx* context, const lyd_node* answer, const TableLayout& layout) {
+std::string settings_summary(const ly_ctx* context, AnswerNode answer, const TableLayout& layout) {
   std::string text;
-  for (const lyd_node* leaf = lyd_child(child_named(answer, "config")); leaf != nullptr; leaf = leaf->next) {
-    text.append(leaf->schema->name).append(": ").append(lyd_get_value(leaf)).append("\n");
+  for (AnswerNode leaf = answer.child("config").first_child(); leaf; leaf = leaf.next()) {
+    text.append(leaf.schema()->name).append(": ").append(leaf.value()).append("\n");
   }
   std::vector<TextTable::Column> columns = {{"interface"}};
   const Leaves leaves = setting_leaves(context);
@@ -101,10 +101,10 @@ std::string settings_summary(const ly_ctx* context, const lyd_node* answer, cons
     columns.push_back({leaf->name});
   }
   TextTable table(std::move(columns));
-  visit_entries(child_named(answer, "interfaces"), [&](const lyd_node* entry) {
-    std::vector<Cell> row = {{lyd_get_value(lyd_child(entry))}};
+  visit_entries(answer.child("interfaces"), [&](AnswerNode entry) {
+    std::vector<Cell> row = {{std::string(entry.first_child().value())}};
     for (const lysc_node* leaf : leaves) {
-      row.push_back({shown(value_of(child_named(entry, "config"), leaf->name))});
+      row.push_back({shown(value_of(entry.child("config"), leaf->name))});
     }
     table.add(std::move(row));
   });
@@ -114,13 +114,13 @@ std::string settings_summary(const ly_ctx* context, const lyd_node* answer, cons
 // ---- What is configured beside what is in use
 
 // The leaves that `config` and `state` below a node hold, in the order of their schemas, beside the key.
-std::vector<std::string_view> held_settings(const lyd_node* node) {
+std::vector<std::string_view> held_settings(AnswerNode node) {
   std::vector<std::string_view> names;
-  const char* key = node->schema->nodetype == LYS_LIST ? lyd_child(node)->schema->name : "";
+  const char* key = node.schema()->nodetype == LYS_LIST ? node.first_child().schema()->name : "";
   for (const char* side : {"config", "state"}) {
-    for (const lyd_node* leaf = lyd_child(child_named(node, side)); leaf != nullptr; leaf = leaf->next) {
-      const std::string_view name = leaf->schema->name;
-      if (leaf->schema->nodetype == LYS_LEAF && name != key &&
+    for (AnswerNode leaf = node.child(side).first_child(); leaf; leaf = leaf.next()) {
+      const std::string_view name = leaf.schema()->name;
+      if (leaf.schema()->nodetype == LYS_LEAF && name != key &&
           std::find(names.begin(), names.end(), name) == names.end()) {
         names.push_back(name);
       }
@@ -129,9 +129,9 @@ std::vector<std::string_view> held_settings(const lyd_node* node) {
   return names;
 }
 
-std::string settings_table(const char* title, const lyd_node* node, const TableLayout& layout) {
+std::string settings_table(const char* title, AnswerNode node, const TableLayout& layout) {
   const std::vector<std::string_view> names = held_settings(node);
-  if (names.empty() && node->schema->nodetype != LYS_LIST) {
+  if (names.empty() && node.schema()->nodetype != LYS_LIST) {
     return "";
   }
   std::vector<TextTable::Column> columns = {{title}};
@@ -140,8 +140,8 @@ std::string settings_table(const char* title, const lyd_node* node, const TableL
   }
   TextTable table(std::move(columns));
   for (const auto& [side, label] : {std::pair("config", "configured"), std::pair("state", "in use")}) {
-    const lyd_node* container = child_named(node, side);
-    if (container == nullptr || names.empty()) {
+    AnswerNode container = node.child(side);
+    if (!container || names.empty()) {
       continue;
     }
     std::vector<Cell> row = {{label}};
@@ -155,12 +155,12 @@ std::string settings_table(const char* title, const lyd_node* node, const TableL
 
 // ---- Members
 
-const lyd_node* state_of(const lyd_node* member) {
-  return child_named(member, "state");
+AnswerNode state_of(AnswerNode member) {
+  return member.child("state");
 }
 
-const lyd_node* counters_of(const lyd_node* member) {
-  return child_named(state_of(member), "counters");
+AnswerNode counters_of(AnswerNode member) {
+  return state_of(member).child("counters");
 }
 
 Cell state_cell(const char* value) {
@@ -190,9 +190,9 @@ std::string time_text(const char* value) {
 // A bundle's members in tables, each of which shows those that hold something of it.
 class MemberTables {
  public:
-  MemberTables(const lyd_node* members, const TableLayout& layout) : layout_(layout) {
+  MemberTables(AnswerNode members, const TableLayout& layout) : layout_(layout) {
     layout_.indent += 2;
-    visit_entries(members, [this](const lyd_node* member) { members_.push_back(member); });
+    visit_entries(members, [this](AnswerNode member) { members_.push_back(member); });
   }
 
   [[nodiscard]] std::string state() const {
@@ -202,7 +202,7 @@ class MemberTables {
     }
     columns.push_back({"last-change"});
     TextTable table(std::move(columns));
-    return table_of(table, state_of, [](const lyd_node* state) {
+    return table_of(table, state_of, [](AnswerNode state) {
       std::vector<Cell> cells;
       cells.reserve(kStateHeadings.size() + 1);
       for (const Heading& heading : kStateHeadings) {
@@ -215,10 +215,10 @@ class MemberTables {
 
   [[nodiscard]] std::string link_ends() const {
     TextTable table({{"member"}, {"end"}, {"system-id"}, {"key", Align::kRight}, {"port", Align::kRight}});
-    for (const lyd_node* member : members_) {
+    for (AnswerNode member : members_) {
       for (const LinkEnd& end : kLinkEnds) {
         const bool is_first = &end == kLinkEnds.data();
-        const lyd_node* state = state_of(member);
+        AnswerNode state = state_of(member);
         table.add({{is_first ? name_of(member) : ""},
                    {end.name},
                    {shown(value_of(state, end.system))},
@@ -231,7 +231,7 @@ class MemberTables {
 
   [[nodiscard]] std::string counters() const {
     TextTable table(counter_columns("member"));
-    return table_of(table, counters_of, [](const lyd_node* counters) {
+    return table_of(table, counters_of, [](AnswerNode counters) {
       std::vector<Cell> cells;
       for (const Heading& heading : kCounterHeadings) {
         const char* value = value_of(counters, heading.leaf);
@@ -243,10 +243,9 @@ class MemberTables {
   }
 
   // What the counters gained per second since they were those of `earlier`, by member.
-  [[nodiscard]] std::string rates(const std::unordered_map<std::string, const lyd_node*>& earlier,
-                                  double seconds) const {
+  [[nodiscard]] std::string rates(const std::unordered_map<std::string, AnswerNode>& earlier, double seconds) const {
     TextTable table(counter_columns("per second"));
-    for (const lyd_node* member : members_) {
+    for (AnswerNode member : members_) {
       const auto found = earlier.find(name_of(member));
       std::vector<Cell> row = {{name_of(member)}};
       for (const Heading& heading : kCounterHeadings) {
@@ -259,7 +258,7 @@ class MemberTables {
     return text_of(table, 1, "");
   }
 
-  static std::string name_of(const lyd_node* member) { return lyd_get_value(lyd_child(member)); }
+  static std::string name_of(AnswerNode member) { return std::string(member.first_child().value()); }
 
  private:
   static std::vector<TextTable::Column> counter_columns(const char* title) {
@@ -288,7 +287,7 @@ class MemberTables {
   // A row for each member, of what its container holds.
   template <typename Container, typename Cells>
   std::string table_of(TextTable& table, const Container& container_of, const Cells& cells_of) const {
-    for (const lyd_node* member : members_) {
+    for (AnswerNode member : members_) {
       std::vector<Cell> row = cells_of(container_of(member));
       row.insert(row.begin(), Cell{name_of(member)});
       table.add(std::move(row));
@@ -302,29 +301,29 @@ class MemberTables {
   }
 
   TableLayout layout_;
-  std::vector<const lyd_node*> members_;
+  std::vector<AnswerNode> members_;
 };
 
 // The members of an earlier answer, by the interfaces of their bundles and their own.
-using Earlier = std::unordered_map<std::string, std::unordered_map<std::string, const lyd_node*>>;
+using Earlier = std::unordered_map<std::string, std::unordered_map<std::string, AnswerNode>>;
 
-Earlier members_by_name(const lyd_node* answer) {
+Earlier members_by_name(AnswerNode answer) {
   Earlier members;
-  visit_entries(child_named(answer, "interfaces"), [&](const lyd_node* entry) {
-    auto& of_entry = members[lyd_get_value(lyd_child(entry))];
-    visit_entries(child_named(entry, "members"),
-                  [&](const lyd_node* member) { of_entry.emplace(MemberTables::name_of(member), member); });
+  visit_entries(answer.child("interfaces"), [&](AnswerNode entry) {
+    auto& of_entry = members[std::string(entry.first_child().value())];
+    visit_entries(entry.child("members"),
+                  [&](AnswerNode member) { of_entry.emplace(MemberTables::name_of(member), member); });
   });
   return members;
 }
 
-std::string state_tables(const lyd_node* answer, const TableLayout& layout, const EarlierAnswer* earlier) {
+std::string state_tables(AnswerNode answer, const TableLayout& layout, const EarlierAnswer* earlier) {
   std::string text = settings_table("LACP", answer, layout);
-  Earlier before = earlier == nullptr ? Earlier() : members_by_name(earlier->data);
-  visit_entries(child_named(answer, "interfaces"), [&](const lyd_node* entry) {
-    const char* name = lyd_get_value(lyd_child(entry));
+  Earlier before = earlier == nullptr ? Earlier() : members_by_name(earlier->top);
+  visit_entries(answer.child("interfaces"), [&](AnswerNode entry) {
+    const char* name = entry.first_child().value().data();
     text.append(text.empty() ? "" : "\n").append(settings_table(name, entry, layout));
-    const MemberTables members(child_named(entry, "members"), layout);
+    const MemberTables members(entry.child("members"), layout);
     text.append(members.state()).append(members.link_ends()).append(members.counters());
     if (earlier != nullptr) {
       text.append(members.rates(before[name], earlier->seconds));
@@ -333,17 +332,16 @@ std::string state_tables(const lyd_node* answer, const TableLayout& layout, cons
   return text;
 }
 
-bool has_state(const lyd_node* answer) {
-  bool found = child_named(answer, "state") != nullptr;
-  visit_entries(child_named(answer, "interfaces"), [&](const lyd_node* entry) {
-    found |= child_named(entry, "state") != nullptr || child_named(entry, "members") != nullptr;
-  });
+bool has_state(AnswerNode answer) {
+  bool found = static_cast<bool>(answer.child("state"));
+  visit_entries(answer.child("interfaces"),
+                [&](AnswerNode entry) { found |= entry.child("state") || entry.child("members"); });
   return found;
 }
 
 }  // namespace
 
-std::string answer_table(const ly_ctx* context, const lyd_node* answer, const TableLayout& layout,
+std::string answer_table(const ly_ctx* context, AnswerNode answer, const TableLayout& layout,
                          const EarlierAnswer* earlier) {
   return has_state(answer) ? state_tables(answer, layout, earlier) : settings_summary(context, answer, layout);
 }

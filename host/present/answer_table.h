@@ -5,13 +5,13 @@
 
 #include "host/base/export.h"
 #include "host/present/text_table.h"
-#include "host/yang/libyang_ptr.h"
+#include "host/trees/answer_data.h"
 
 namespace oclacp::host {
 
 // What was read some time before, to tell how fast counters grow.
 struct EarlierAnswer {
-  const lyd_node* data;
+  AnswerNode top;
   double seconds;  // between the two, more than 0
 };
 
@@ -19,8 +19,8 @@ struct EarlierAnswer {
 // with its settings in columns. With state: for the system and each bundle what is configured beside what is in use,
 // and for the bundle's members their LACP state, both ends of the link and the counters; with an earlier answer also
 // what each counter gained per second since. What the answer does not hold is shown as "-", a table without any of it
-// not at all. `answer` is the first of the top nodes, null for none; `context` is that of the OpenConfig side.
-OCLACP_HOST_API std::string answer_table(const ly_ctx* context, const lyd_node* answer, const TableLayout& layout,
+// not at all. `answer` is the top node, or none; `context` is that of the OpenConfig side.
+OCLACP_HOST_API std::string answer_table(const ly_ctx* context, AnswerNode answer, const TableLayout& layout,
                                          const EarlierAnswer* earlier = nullptr);
 
 }  // namespace oclacp::host

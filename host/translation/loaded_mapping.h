@@ -5,21 +5,21 @@
 
 #include "host/translation/mapping_module.h"
 #include "host/translation/translator.h"
-#include "host/trees/schema_index.h"
+#include "host/trees/tree_context.h"
 #include "host/yang/schemas.h"
 
 namespace oclacp::host {
 
 struct Translator::Parts {
   Schemas schemas;
-  SchemaIndex native_paths;      // what the module adds for a request
-  SchemaIndex openconfig_paths;  // what it adds for native data
+  TreeContext native;      // what the module adds for a request
+  TreeContext openconfig;  // what it adds for native data
   MappingModule module;
 
   Parts(const SchemaDirectories& directories, const std::string& module_file)
       : schemas(directories),
-        native_paths(schemas.native()),
-        openconfig_paths(schemas.request()),
+        native(schemas.native()),
+        openconfig(schemas.request()),
         module(module_file) {}
 };
 

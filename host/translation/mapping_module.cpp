@@ -51,12 +51,16 @@ MappingModule::MappingModule(const std::string& file) {
   }
 }
 
+bool MappingModule::is_offered() const {
+  return std::none_of(registrations_.begin(), registrations_.end(), [](const yfw_map_registration& registration) {
+    return registration.disables_mapping != nullptr && registration.disables_mapping(registration.openconfig_ns) != 0;
+  });
+}
+
 void MappingModule::require_offer() const {
-  for (const yfw_map_registration& registration : registrations_) {
-    if (registration.disables_mapping != nullptr && registration.disables_mapping(registration.openconfig_ns) != 0) {
-      throw Error("platform type " + std::to_string(platform_get_router_type()) +
-                  ": the mapping module does not offer openconfig-lacp on devices of this type");
-    }
+  if (!is_offered()) {
+    throw Error("platform type " + std::to_string(platform_get_router_type()) +
+                ": the mapping module does not offer openconfig-lacp on devices of this type");
   }
 }
 

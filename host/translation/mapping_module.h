@@ -22,8 +22,9 @@ class MappingModule {
   // `file` is a path. Throws Error when it cannot be loaded, is no such module, or does not start.
   explicit MappingModule(const std::string& file);
 
-  // Asks the module whether it serves the platform type of the installed device (current_device.h). Throws Error
-  // when it does not.
+  // Whether the module serves the platform type of the installed device (current_device.h).
+  [[nodiscard]] bool is_offered() const;
+  // Throws Error when it does not.
   void require_offer() const;
 
   // The entry walker for requests against /openconfig-lacp:lacp.

@@ -47,7 +47,7 @@ bool NativeReader::is_unwanted(const NativeParts& parts, size_t branch, yfw_map_
     return false;
   }
   NativeTree tree = parts.keys_of(branch);
-  OutputLog output(paths_, false);
+  OutputLog output(context_.index, false);
   if (walk_native(walker, tree.top(), operation_, output, {})) {
     return false;
   }
@@ -65,7 +65,7 @@ bool NativeReader::is_unwanted(const NativeParts& parts, size_t branch, yfw_map_
 
 // Nothing when it went well.
 std::optional<std::string> NativeReader::walk(yfw_map_walker walker, const yfw_datatree* top) {
-  OutputLog output(paths_, false);
+  OutputLog output(context_.index, false);
   if (std::optional<std::string> failure = walk_native(walker, top, operation_, output, sinks_)) {
     return failure;
   }
@@ -77,43 +77,67 @@ std::optional<std::string> NativeReader::walk(yfw_map_walker walker, const yfw_d
   return std::nullopt;
 }
 
-// Answers why parts could not be translated.
-std::vector<std::string> NativeReader::read_parts(const lyd_node* data, const NativeSelection::Node* selected,
-                                                  size_t branches_in_part, bool stops_at_failure) {
-  const yfw_map_walker walker = module_.native_walker(data->schema->module->ns, data->schema->name);
-  if (walker == nullptr) {
-    return {};
-  }
-  NativeParts parts(data, selected);
-  if (wanted_.list != nullptr && parts.branches().size() > 1) {
-    parts.drop_if([&](size_t branch) { return is_unwanted(parts, branch, walker); });
-  }
-  std::vector<std::string> failures;
+yfw_map_walker NativeReader::walker_of(const lysc_node* top) const {
+  return module_.native_walker(top->module->ns, top->name);
+}
+
+// Whether to go on.
+bool NativeReader::read_parts(const NativeParts& parts, yfw_map_walker walker) {
+  const bool stops = on_failure_ == OnFailure::kStop;
+  const size_t branches_in_part = stops ? kEntriesInPart : 1;
   for (size_t first = 0; first == 0 || first < parts.branches().size(); first += branches_in_part) {
     NativeTree tree = parts.part(first, branches_in_part);
     if (std::optional<std::string> failure = walk(walker, tree.top())) {
-      failures.push_back(std::move(*failure));
-      if (stops_at_failure) {
-        break;
+      failures_.push_back(std::move(*failure));
+      if (stops) {
+        return false;
       }
     }
   }
-  return failures;
+  return true;
+}
+
+// Which branches are not left out.
+std::vector<bool> NativeReader::find_wanted(const NativeParts& parts, yfw_map_walker walker) const {
+  std::vector<bool> is_wanted(parts.branches().size());
+  for (size_t branch = 0; branch < is_wanted.size(); ++branch) {
+    is_wanted[branch] = !is_unwanted(parts, branch, walker);
+  }
+  return is_wanted;
 }
 
 void NativeReader::read(const lyd_node* data, const NativeSelection::Node* selected) {
-  const std::vector<std::string> failures = read_parts(data, selected, kEntriesInPart, true);
-  if (!failures.empty()) {
-    throw Error(failures.front());
+  const yfw_map_walker walker = data == nullptr ? nullptr : walker_of(data->schema);
+  if (walker == nullptr) {
+    return;
+  }
+  NativeParts parts(data, selected);
+  if (wanted_.list != nullptr && parts.branches().size() > 1) {
+    const std::vector<bool> is_wanted = find_wanted(parts, walker);
+    parts.drop_if([&](size_t branch) { return !is_wanted[branch]; });
+  }
+  if (!read_parts(parts, walker)) {
+    throw Error(failures_.front());
   }
 }
 
-std::vector<std::string> NativeReader::read_by_entry(const lyd_node* data, const NativeSelection::Node* selected) {
-  return read_parts(data, selected, 1, false);
+bool NativeReader::read_in_pieces(const NativeDocument& document, const lysc_node* top,
+                                  const NativeSelection::Node* selected) {
+  const yfw_map_walker walker = walker_of(top);
+  bool goes_on = true;
+  NativeDocument::Visitor visitor;
+  if (wanted_.list != nullptr) {
+    visitor.choose = [&](const lyd_node* keys) { return find_wanted(NativeParts(keys, nullptr), walker); };
+  }
+  visitor.visit = [&](const lyd_node* piece) {
+    goes_on = goes_on && (walker == nullptr || read_parts(NativeParts(piece, selected), walker));
+  };
+  return document.visit(top, visitor) && goes_on;
 }
 
 void NativeReader::finish(Answer& answer) {
   answer.dropped_leaves = answer_.dropped_leaves();
+  answer.failures = std::move(failures_);
   answer.valueless = answer_.valueless();
   answer.data = answer_.take();
 }

@@ -10,7 +10,7 @@
 #include "host/translation/mapping_module.h"
 #include "host/translation/run_walker.h"
 #include "host/translation/translator.h"
-#include "host/trees/answer_tree.h"
+#include "host/trees/answer_builder.h"
 #include "host/trees/native_selection.h"
 #include "host/trees/native_tree.h"
 #include "host/trees/schema_index.h"
@@ -31,39 +31,49 @@ EntryFilter make_entry_filter(const yfw_datatree* request);
 // A tree is walked in parts, so that what is made for a walk stays small beside the data.
 class NativeReader {
  public:
-  // `operation` is the code of a read; `paths` are those of the OpenConfig side. Native list entries that come to
+  // What becomes of an entry that cannot be translated: it ends the walk of its tree, or is left out.
+  enum class OnFailure { kStop, kLeaveOut };
+
+  // `operation` is the code of a read; `context` is that of the OpenConfig side. Native list entries that come to
   // entries of the OpenConfig list, but to none of `wanted`, are left out. All outlive this.
-  NativeReader(const MappingModule& module, SchemaIndex& paths, uint32_t operation, const EntryFilter& wanted,
-               const RecordSinks& sinks)
+  NativeReader(const MappingModule& module, TreeContext& context, uint32_t operation, const EntryFilter& wanted,
+               const RecordSinks& sinks, OnFailure on_failure = OnFailure::kStop)
       : module_(module),
-        paths_(paths),
+        context_(context),
         operation_(operation),
         wanted_(wanted),
         sinks_(sinks),
-        answer_(paths.context()) {}
+        on_failure_(on_failure),
+        answer_(context) {}
 
-  // Reads one native top node, or what is selected of it; a tree that no mapping serves comes to nothing. Throws
-  // Error when something in it cannot be translated, which ends the walk of the whole tree.
+  // Reads one native top node, or what is selected of it; null and a tree that no mapping serves have no effect. Throws
+  // Error when something in it cannot be translated and is not left out.
   void read(const lyd_node* data, const NativeSelection::Node* selected);
 
-  // The same entry by entry, so that one that cannot be translated costs no other. Answers why each of them could not.
-  std::vector<std::string> read_by_entry(const lyd_node* data, const NativeSelection::Node* selected);
+  // The same for a top node of a document, in pieces. False when it has to be read whole, and by another reader then:
+  // this one may have read a part of it. Entries that cannot be translated are told by the whole alone, unless they are
+  // left out.
+  [[nodiscard]] bool read_in_pieces(const NativeDocument& document, const lysc_node* top,
+                                    const NativeSelection::Node* selected);
 
-  // Hands over what was read. Called once.
+  // Hands over what was read, and why entries were left out. Called once.
   void finish(Answer& answer);
 
  private:
-  std::vector<std::string> read_parts(const lyd_node* data, const NativeSelection::Node* selected,
-                                      size_t branches_in_part, bool stops_at_failure);
+  bool read_parts(const NativeParts& parts, yfw_map_walker walker);
+  [[nodiscard]] std::vector<bool> find_wanted(const NativeParts& parts, yfw_map_walker walker) const;
+  [[nodiscard]] yfw_map_walker walker_of(const lysc_node* top) const;
   [[nodiscard]] bool is_unwanted(const NativeParts& parts, size_t branch, yfw_map_walker walker) const;
   std::optional<std::string> walk(yfw_map_walker walker, const yfw_datatree* top);
 
   const MappingModule& module_;
-  SchemaIndex& paths_;
+  TreeContext& context_;
   uint32_t operation_;
   const EntryFilter& wanted_;
   const RecordSinks& sinks_;
-  AnswerTree answer_;
+  OnFailure on_failure_;
+  AnswerBuilder answer_;
+  std::vector<std::string> failures_;
 };
 
 }  // namespace oclacp::host

@@ -16,6 +16,8 @@ namespace oclacp::host {
 struct RecordSinks {
   std::ostream* debug_log = nullptr;
   std::vector<std::string>* trace = nullptr;  // records are appended, also those of a walk that fails
+
+  [[nodiscard]] bool are_used() const { return debug_log != nullptr || trace != nullptr; }
 };
 
 // Walks a request under an operation code (YFW_REQUEST_*) into `output`. Throws Error when the request fails.

@@ -12,6 +12,7 @@
 #include "host/base/export.h"
 #include "host/devices/device.h"
 #include "host/translation/edit_plan.h"
+#include "host/trees/answer_data.h"
 #include "host/yang/libyang_ptr.h"
 #include "host/yang/schemas.h"
 
@@ -80,7 +81,7 @@ struct ToOpenconfigOptions {
 
 // OpenConfig data made of native data.
 struct Answer {
-  TreePtr data;                        // the first of the top nodes, null for none; lives no longer than the translator
+  AnswerData data;                     // lives no longer than the translator
   std::vector<std::string> failures;   // why entries were left out; a sentence each, in the form of a Error
   size_t dropped_leaves = 0;           // left out because the module named no list entry for them
   std::vector<std::string> valueless;  // leaves that were left out because what the device says there has no form

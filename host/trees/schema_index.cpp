@@ -68,6 +68,7 @@ const Target* SchemaIndex::resolve(std::string_view path, std::string_view ns) {
       ++target.key_index;
     }
   }
+  target.number = targets_.size();
   return &targets_.emplace_back(std::move(target));
 }
 

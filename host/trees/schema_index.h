@@ -17,6 +17,7 @@ struct Target {
   const lysc_node* schema;
   std::vector<const lysc_node*> chain;  // from the top node to `schema`
   std::vector<const lysc_node*> lists;  // the lists among them, outermost first
+  size_t number = 0;                    // among the targets of its index
   unsigned key_index = kNotAKey;        // place among the keys of the innermost list
 
   static constexpr unsigned kNotAKey = ~0U;

@@ -1,14 +1,16 @@
 #include "host/trees/subtree_filter.h"
 
-#include <cstring>
-#include <unordered_set>
+#include <string>
+#include <unordered_map>
+#include <vector>
 
 #include "host/trees/request_tree.h"
 
 namespace oclacp::host {
 namespace {
 
-// Whether a node of a request says what the parts around it must hold.
+using Index = AnswerData::Index;
+
 bool is_match(const yfw_datatree& node) {
   return requested_value(&node) != nullptr;
 }
@@ -18,22 +20,13 @@ bool is_selection(const yfw_datatree& node) {
   return node.value == nullptr;
 }
 
-bool holds(const lyd_node* node, const yfw_datatree& match) {
-  for (const lyd_node* child = lyd_child(node); child != nullptr; child = child->next) {
-    if (child->schema == info_of(&match).schema) {
-      // By what the value means: 04096 is 4096.
-      const char* value = requested_value(&match);
-      return lyd_value_compare(reinterpret_cast<const lyd_node_term*>(child), value, std::strlen(value)) == LY_SUCCESS;
-    }
-  }
-  return false;
-}
-
 // The nodes that a request asks for.
 class Selection {
  public:
-  // Whether `wanted` asks for this node of the same schema, or for something in it, which is noted.
-  bool take(const lyd_node* node, const yfw_datatree& wanted) {
+  Selection(AnswerData& answer, ValueCheck& values) : answer_(answer), values_(values), marks_(answer.size()) {}
+
+  // Whether `wanted` asks for this node, of the same schema, or for something in it, which is noted.
+  bool take(Index node, const yfw_datatree& wanted) {
     bool names_content = false;
     for (unsigned index = 0; index < wanted.child_count; ++index) {
       const yfw_datatree& below = wanted.children[index];
@@ -43,64 +36,93 @@ class Selection {
       }
     }
     if (!names_content) {
-      whole_.insert(node);
+      marks_[node] = kWhole;
       return true;
     }
     const bool is_asked_for = take_below(node, wanted);
-    if (is_asked_for) {
-      partly_.insert(node);
+    if (is_asked_for && marks_[node] == kNothing) {
+      marks_[node] = kPart;
     }
     return is_asked_for;
   }
 
   // Takes away what is not asked for below a node that is; keys stay.
-  void cut(lyd_node* node) const {
-    if (whole_.count(node) != 0) {
+  void cut(Index node) {
+    if (marks_[node] == kWhole) {
       return;
     }
-    lyd_node* next = nullptr;
-    for (lyd_node* child = lyd_child(node); child != nullptr; child = next) {
-      next = child->next;
-      if (whole_.count(child) != 0 || partly_.count(child) != 0) {
-        cut(child);
-      } else if (!lysc_is_key(child->schema)) {
-        lyd_free_tree(child);
-      }
-    }
+    answer_.keep_children(node, [this](Index child) { return keeps(child); });
   }
 
  private:
+  enum Mark : char { kNothing, kPart, kWhole };
+
+  bool keeps(Index child) {
+    if (answer_.is_group(child)) {
+      answer_.keep_children(child, [this](Index entry) { return keeps(entry); });
+      return answer_.first(child) != AnswerData::kRoot;
+    }
+    if (marks_[child] == kNothing) {
+      return lysc_is_key(answer_.shape(child).schema);
+    }
+    if (!answer_.is_leaf(child)) {
+      cut(child);
+    }
+    return true;
+  }
+
   // The value of a key says which entry is meant, and asks for nothing.
-  bool take_below(const lyd_node* node, const yfw_datatree& wanted) {
+  bool take_below(Index node, const yfw_datatree& wanted) {
     bool is_asked_for = false;
-    for (const lyd_node* child = lyd_child(node); child != nullptr; child = child->next) {
-      for (unsigned index = 0; index < wanted.child_count; ++index) {
-        const yfw_datatree& below = wanted.children[index];
-        const bool is_key_value = lysc_is_key(child->schema) && !is_selection(below);
-        if (info_of(&below).schema == child->schema && !is_key_value) {
-          is_asked_for |= take(child, below);
-        }
+    for (unsigned index = 0; index < wanted.child_count; ++index) {
+      const yfw_datatree& below = wanted.children[index];
+      const NodeShape& shape = answer_.shapes().of(info_of(&below).schema);
+      const Index child =
+          lysc_is_key(shape.schema) && !is_selection(below) ? AnswerData::kRoot : answer_.find(node, shape);
+      if (child == AnswerData::kRoot || !answer_.is_group(child)) {
+        is_asked_for |= child != AnswerData::kRoot && take(child, below);
+        continue;
+      }
+      for (Index entry = answer_.first(child); entry != AnswerData::kRoot; entry = answer_.next(entry)) {
+        is_asked_for |= take(entry, below);
       }
     }
     return is_asked_for;
   }
 
-  std::unordered_set<const lyd_node*> whole_;   // with all that is in them
-  std::unordered_set<const lyd_node*> partly_;  // with what is taken of it
+  bool holds(Index node, const yfw_datatree& match) {
+    const Index leaf =
+        answer_.is_leaf(node) ? AnswerData::kRoot : answer_.find(node, answer_.shapes().of(info_of(&match).schema));
+    return leaf != AnswerData::kRoot && answer_.is_leaf(leaf) && answer_.value(leaf).text == meaning_of(match);
+  }
+
+  // The canonical form of a match's value: 04096 is 4096.
+  const std::string& meaning_of(const yfw_datatree& match) {
+    const char* text = requested_value(&match);
+    const auto [place, is_new] = meanings_.emplace(&match, text);
+    if (is_new) {
+      if (const CheckedValue* value = values_.check(info_of(&match).schema, text); value != nullptr) {
+        place->second = std::string(value->text);
+      }
+    }
+    return place->second;
+  }
+
+  AnswerData& answer_;
+  ValueCheck& values_;
+  std::vector<Mark> marks_;  // by node
+  std::unordered_map<const yfw_datatree*, std::string> meanings_;
 };
 
 }  // namespace
 
-void apply_subtree_filter(TreePtr& answer, const yfw_datatree* request) {
-  lyd_node* top = answer.get();
-  if (top == nullptr) {
-    return;
-  }
-  Selection selection;
-  if (top->schema == info_of(request).schema && selection.take(top, *request)) {
+void apply_subtree_filter(AnswerData& answer, const yfw_datatree* request, ValueCheck& values) {
+  Selection selection(answer, values);
+  const Index top = answer.find(AnswerData::kRoot, answer.shapes().of(info_of(request).schema));
+  const bool is_asked_for = top != AnswerData::kRoot && selection.take(top, *request);
+  answer.keep_children(AnswerData::kRoot, [&](Index node) { return is_asked_for && node == top; });
+  if (is_asked_for) {
     selection.cut(top);
-  } else {
-    answer.reset();
   }
 }
 

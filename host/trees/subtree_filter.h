@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/base/contract.h"
-#include "host/yang/libyang_ptr.h"
+#include "host/trees/answer_data.h"
 
 namespace oclacp::host {
 
@@ -10,6 +10,6 @@ namespace oclacp::host {
 // that the request names without anything below it is wanted whole; a leaf with a value, a key among them, only lets
 // what holds this value pass; with nothing but such leaves in a container or list entry all of its content is wanted,
 // else what is named. `request` is the request's top node.
-void apply_subtree_filter(TreePtr& answer, const yfw_datatree* request);
+void apply_subtree_filter(AnswerData& answer, const yfw_datatree* request, ValueCheck& values);
 
 }  // namespace oclacp::host

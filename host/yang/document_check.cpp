@@ -1,6 +1,7 @@
 #include "host/yang/document_check.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <unordered_set>
 #include <utility>
@@ -34,7 +35,10 @@ class Scanner {
 
   [[nodiscard]] std::string_view text() const { return text_; }
   [[nodiscard]] size_t skip_blanks(size_t position) const {
-    return std::min(text_.find_first_not_of(kBlanks, position), text_.size());
+    while (position < text_.size() && kBlanks.find(text_[position]) != std::string_view::npos) {
+      ++position;
+    }
+    return position;
   }
 
   unsigned depth_ = 0;
@@ -43,6 +47,15 @@ class Scanner {
   std::string_view text_;
   std::string subject_;
 };
+
+// Which characters of a JSON text matter outside of strings.
+constexpr std::array<bool, 256> kMatters = [] {
+  std::array<bool, 256> matters{};
+  for (const unsigned char character : {'"', '{', '}', '[', ']'}) {
+    matters[character] = true;
+  }
+  return matters;
+}();
 
 // Brackets and strings of a JSON text; everything else is libyang's to judge.
 class JsonScanner : Scanner {
@@ -78,8 +91,16 @@ class JsonScanner : Scanner {
         leave(position);
         return position + 1;
       default:
-        return position + 1;
+        return behind_plain(position + 1);
     }
+  }
+
+  // Most characters outside of strings do not matter.
+  [[nodiscard]] size_t behind_plain(size_t position) const {
+    while (position < text().size() && !kMatters[static_cast<unsigned char>(text()[position])]) {
+      ++position;
+    }
+    return position;
   }
 
   void leave(size_t position) {

@@ -1,24 +1,30 @@
 #include "host/yang/native_parser.h"
 
-#include <utility>
-
 #include "host/base/error.h"
 #include "host/yang/data_check.h"
 #include "host/yang/document_check.h"
 
 namespace oclacp::host {
-ParsedNative parse_native(const ly_ctx* context, const std::string& text, bool takes_state) {
-  const std::string subject = "the native data";
-  const LYD_FORMAT format = inspect_document(text, subject).format;
+namespace {
+
+constexpr const char* kSubject = "the native data";
+
+}  // namespace
+
+LYD_FORMAT inspect_native(const std::string& text) {
+  return inspect_document(text, kSubject).format;
+}
+
+TreePtr parse_native(const ly_ctx* context, const std::string& text, LYD_FORMAT format, bool takes_state) {
   lyd_node* tree = nullptr;
   const uint32_t validation = takes_state ? 0 : LYD_VALIDATE_NO_STATE;
   if (lyd_parse_data_mem(context, text.c_str(), format, LYD_PARSE_STRICT, validation | LYD_VALIDATE_PRESENT, &tree) !=
       LY_SUCCESS) {
-    throw Error(last_complaint(context, subject));
+    throw Error(last_complaint(context, kSubject));
   }
   TreePtr data(tree);
   check_data(tree, DataKind::kNative, "");
-  return {format, std::move(data)};
+  return data;
 }
 
 }  // namespace oclacp::host

@@ -7,12 +7,11 @@
 
 namespace oclacp::host {
 
-struct ParsedNative {
-  LYD_FORMAT format;
-  TreePtr data;  // the first of the top nodes, among them empty containers that stand for nothing; may be null
-};
+// The format of native data, JSON (RFC 7951) or XML. Throws Error when it is not one whole document (document_check.h).
+LYD_FORMAT inspect_native(const std::string& text);
 
-// Reads valid data of the native models in JSON (RFC 7951) or XML; configuration alone, or state too. Throws Error.
-ParsedNative parse_native(const ly_ctx* context, const std::string& text, bool takes_state);
+// Reads valid data of the native models, which was inspected; configuration alone, or state too. The first of the top
+// nodes, among them empty containers that stand for nothing; may be null. Throws Error.
+TreePtr parse_native(const ly_ctx* context, const std::string& text, LYD_FORMAT format, bool takes_state);
 
 }  // namespace oclacp::host

@@ -14,7 +14,7 @@ struct Explained {
         openconfig(over.request()),
         native(over.native()),
         module(OCLACP_MODULE),
-        tables(module, openconfig, native),
+        tables(module, openconfig.index, native),
         probe(module, over, openconfig, native),
         mappings(tables, over, probe) {}
 
@@ -28,7 +28,7 @@ struct Explained {
   Coverage coverage() { return find_coverage(tables, schemas_used, probe, mappings); }
 
   const Schemas& schemas_used;
-  SchemaIndex openconfig;
+  TreeContext openconfig;
   SchemaIndex native;
   MappingModule module;
   LeafTables tables;

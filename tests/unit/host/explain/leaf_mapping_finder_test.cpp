@@ -45,6 +45,17 @@ std::vector<std::string> values_in(const lyd_node* top, const lysc_node* leaf) {
   return values;
 }
 
+std::vector<std::string> values_in(AnswerNode node, const lysc_node* leaf) {
+  std::vector<std::string> values;
+  for (; node; node = node.next()) {
+    if (node.schema() == leaf) {
+      values.emplace_back(node.value());
+    }
+    std::ranges::move(values_in(node.first_child(), leaf), std::back_inserter(values));
+  }
+  return values;
+}
+
 class FlowsTest : public testing::Test {
  protected:
   // What the translator makes of a value of a leaf of openconfig-lacp, in the native leaf.
@@ -66,7 +77,7 @@ class FlowsTest : public testing::Test {
     const Answer answer = translator_.to_openconfig(document(mapping.from, value), &device, options);
     const lysc_node* leaf =
         lys_find_path(translator_.openconfig_context(), nullptr, schema_path(mapping.to).c_str(), 0);
-    return values_in(answer.data.get(), leaf);
+    return values_in(answer.data.top(), leaf);
   }
 
   // Compares a conversion with what `translate` gives.

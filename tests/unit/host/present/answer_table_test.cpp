@@ -2,22 +2,19 @@
 
 #include <sstream>
 
-#include "tests/unit/host/host_test.h"
+#include "tests/unit/host/trees/answer_test.h"
 
 namespace oclacp::host {
 namespace {
 
-TreePtr answer(const std::string& text) {
-  lyd_node* data = nullptr;
-  EXPECT_EQ(
-      lyd_parse_data_mem(schemas().request(), text.c_str(), LYD_JSON, LYD_PARSE_ONLY | LYD_PARSE_STRICT, 0, &data),
-      LY_SUCCESS);
-  return TreePtr(data);
+AnswerData answer(const std::string& text) {
+  static NodeShapes shapes;
+  return answer_of(parse_answer(text), shapes);
 }
 
 std::string table(const std::string& content, const TableLayout& layout = {.width = 80}) {
-  const TreePtr data = answer(lacp(content));
-  return answer_table(schemas().request(), data.get(), layout);
+  const AnswerData data = answer(lacp(content));
+  return answer_table(schemas().request(), data.top(), layout);
 }
 
 std::string interfaces(const std::string& entries) {
@@ -38,7 +35,7 @@ TEST(Table, BeginsWithTheSettingsOfTheSystem) {
 }
 
 TEST(Table, OfNothingIsItsHeader) {
-  EXPECT_EQ(answer_table(schemas().request(), nullptr, {.width = 80}),
+  EXPECT_EQ(answer_table(schemas().request(), {}, {.width = 80}),
             "interface  interval  lacp-mode  system-id-mac  system-priority\n");
 }
 
@@ -127,10 +124,10 @@ TEST(StateTable, ShowsWhatCountersGainedPerSecond) {
   const std::string now_text = lacp(R"("interfaces": {"interface": [{"name": "b", "members": {"member": [
       {"interface": "p1", "state": {"counters": {"lacp-in-pkts": "100", "lacp-out-pkts": "7"}}},
       {"interface": "p2", "state": {"counters": {"lacp-in-pkts": "5"}}}]}}]})");
-  const TreePtr before = answer(before_text);
-  const TreePtr now = answer(now_text);
-  const EarlierAnswer earlier = {before.get(), 4};
-  EXPECT_THAT(answer_table(schemas().request(), now.get(), {.width = 80}, &earlier),
+  const AnswerData before = answer(before_text);
+  const AnswerData now = answer(now_text);
+  const EarlierAnswer earlier = {before.top(), 4};
+  EXPECT_THAT(answer_table(schemas().request(), now.top(), {.width = 80}, &earlier),
               testing::HasSubstr("  per second   in  out\n"
                                  "  p1          2.5    -\n"
                                  "  p2            -\n"));

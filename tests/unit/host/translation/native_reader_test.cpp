@@ -4,6 +4,7 @@
 #include "host/services/current_device.h"
 #include "host/trees/path_request.h"
 #include "tests/unit/host/devices/memory_device.h"
+#include "tests/unit/host/trees/answer_test.h"
 #include "tests/unit/host/trees/native_test.h"
 
 namespace oclacp::host {
@@ -45,7 +46,7 @@ class ReadingTest : public testing::Test {
     const TreePtr data = parse_native(native);
     const CurrentDevice installed(device_);
     const RecordSinks sinks = {nullptr, &trace_};
-    NativeReader reader(module_, paths_, YFW_REQUEST_READ_STATE, wanted, sinks);
+    NativeReader reader(module_, context_, YFW_REQUEST_READ_STATE, wanted, sinks);
     reader.read(data.get(), nullptr);
     Answer answer;
     reader.finish(answer);
@@ -67,7 +68,7 @@ class ReadingTest : public testing::Test {
   }
 
   MappingModule module_{OCLACP_MODULE};
-  SchemaIndex paths_{schemas().request()};
+  TreeContext context_{schemas().request()};
   MemorySnapshot device_{"{}"};
   std::vector<std::string> trace_;
 };

@@ -181,7 +181,8 @@ TEST(NativeParser, RefusesWhatIsInvalid) {
               testing::HasSubstr("interface-name"));
   EXPECT_THAT(refusal_of([] { parse_native(R"({"a:b": 1})"); }), testing::HasSubstr("a"));
   EXPECT_THAT(refusal_of([] {
-                parse_native(schemas().native(), R"({"Talvo-Brin-QD-bundlemgr-oper:lacp-bundles": {}})", false);
+                parse_native(schemas().native(), R"({"Talvo-Brin-QD-bundlemgr-oper:lacp-bundles": {}})", LYD_JSON,
+                             false);
               }),
               testing::HasSubstr("lacp-bundles"));
 }

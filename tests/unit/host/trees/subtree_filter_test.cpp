@@ -1,7 +1,7 @@
 #include "host/trees/subtree_filter.h"
 
 #include "host/trees/path_request.h"
-#include "tests/unit/host/host_test.h"
+#include "tests/unit/host/trees/answer_test.h"
 
 namespace oclacp::host {
 namespace {
@@ -13,11 +13,10 @@ constexpr const char* kAnswer =
 
 // What a request leaves of the answer, in JSON without blanks.
 std::string pruned(RequestTree request) {
-  lyd_node* data = nullptr;
-  EXPECT_EQ(lyd_parse_data_mem(schemas().request(), kAnswer, LYD_JSON, LYD_PARSE_ONLY | LYD_PARSE_STRICT, 0, &data),
-            LY_SUCCESS);
-  TreePtr answer(data);
-  apply_subtree_filter(answer, request.top());
+  NodeShapes shapes;
+  ValueCheck values;
+  AnswerData answer = answer_of(parse_answer(kAnswer), shapes);
+  apply_subtree_filter(answer, request.top(), values);
   return squeezed_json(answer);
 }
 

@@ -1,8 +1,8 @@
 // From what a module adds for native data to the OpenConfig answer.
-#include "host/trees/answer_tree.h"
+#include "host/trees/answer_builder.h"
 
 #include "host/services/mapping_context.h"
-#include "tests/unit/host/host_test.h"
+#include "tests/unit/host/trees/answer_test.h"
 
 namespace oclacp::host {
 namespace {
@@ -11,7 +11,7 @@ constexpr const char* kOpenconfig = "http://openconfig.net/yang/lacp";
 constexpr const char* kInterface = "/lacp/interfaces/interface";
 constexpr const char* kNativeList = "/interface-configurations/interface-configuration";
 
-class AnswerTreeTest : public testing::Test {
+class AnswerBuilderTest : public testing::Test {
  protected:
   // The next native entry, for which the module finds or makes an interface.
   void enter(const char* name) {
@@ -47,17 +47,17 @@ class AnswerTreeTest : public testing::Test {
     return R"({"openconfig-lacp:lacp":{"interfaces":{"interface":[)" + entries + "]}}}";
   }
 
-  SchemaIndex paths_{schemas().request()};
-  OutputLog log_{paths_, false};
+  TreeContext context_{schemas().request()};
+  OutputLog log_{context_.index, false};
   MappingContext request_{YFW_REQUEST_READ_CONFIG, log_};
-  AnswerTree tree_{schemas().request()};
+  AnswerBuilder tree_{context_};
 };
 
-TEST_F(AnswerTreeTest, NothingIsAnEmptyDocument) {
+TEST_F(AnswerBuilderTest, NothingIsAnEmptyDocument) {
   EXPECT_EQ(answer(), "{}");
 }
 
-TEST_F(AnswerTreeTest, LeavesStandInTheCurrentEntry) {
+TEST_F(AnswerBuilderTest, LeavesStandInTheCurrentEntry) {
   enter("a");
   add("/config/interval", "FAST");
   enter("b");
@@ -66,12 +66,12 @@ TEST_F(AnswerTreeTest, LeavesStandInTheCurrentEntry) {
                                  R"({"name":"b","config":{"name":"b","interval":"SLOW"}})"));
 }
 
-TEST_F(AnswerTreeTest, TheLeafThatAKeyRefersToComesWithIt) {
+TEST_F(AnswerBuilderTest, TheLeafThatAKeyRefersToComesWithIt) {
   enter("a");
   EXPECT_EQ(answer(), interfaces(R"({"name":"a","config":{"name":"a"}})"));
 }
 
-TEST_F(AnswerTreeTest, ALeafAfterASkippedEntryDoesNotLandInItsNeighbour) {
+TEST_F(AnswerBuilderTest, ALeafAfterASkippedEntryDoesNotLandInItsNeighbour) {
   enter("a");
   enter_skipped();
   add("/config/interval", "FAST");
@@ -79,14 +79,14 @@ TEST_F(AnswerTreeTest, ALeafAfterASkippedEntryDoesNotLandInItsNeighbour) {
   EXPECT_EQ(tree_.dropped_leaves(), 1U);
 }
 
-TEST_F(AnswerTreeTest, TheKeyLeafMayBeAddedAgain) {
+TEST_F(AnswerBuilderTest, TheKeyLeafMayBeAddedAgain) {
   enter("a");
   add("/name", "a");
   EXPECT_EQ(answer(), interfaces(R"({"name":"a","config":{"name":"a"}})"));
   EXPECT_EQ(tree_.dropped_leaves(), 0U);
 }
 
-TEST_F(AnswerTreeTest, AnEntryThatIsThereIsFoundAgain) {
+TEST_F(AnswerBuilderTest, AnEntryThatIsThereIsFoundAgain) {
   enter("a");
   add("/config/interval", "FAST");
   enter("b");
@@ -97,7 +97,7 @@ TEST_F(AnswerTreeTest, AnEntryThatIsThereIsFoundAgain) {
                                  R"({"name":"b","config":{"name":"b"}})"));
 }
 
-TEST_F(AnswerTreeTest, ListsInListsBelongToTheEntryAroundThem) {
+TEST_F(AnswerBuilderTest, ListsInListsBelongToTheEntryAroundThem) {
   enter("a");
   request_.enter_list("/interface-configurations/interface-configuration/x");
   EXPECT_EQ(
@@ -110,7 +110,7 @@ TEST_F(AnswerTreeTest, ListsInListsBelongToTheEntryAroundThem) {
                                  R"({"interface":"m","state":{"activity":"ACTIVE"}}]}})"));
 }
 
-TEST_F(AnswerTreeTest, CuttingBackToAListClosesTheListsInIt) {
+TEST_F(AnswerBuilderTest, CuttingBackToAListClosesTheListsInIt) {
   enter("a");
   add("/members/member/interface", "m");
   yfw_map_copy_trim_path_list_ctx(&request_, kInterface);
@@ -119,38 +119,38 @@ TEST_F(AnswerTreeTest, CuttingBackToAListClosesTheListsInIt) {
   EXPECT_EQ(tree_.dropped_leaves(), 1U);
 }
 
-TEST_F(AnswerTreeTest, WalksAddToEachOther) {
+TEST_F(AnswerBuilderTest, WalksAddToEachOther) {
   enter("a");
   add("/config/interval", "FAST");
   tree_.add(log_);
-  OutputLog second(paths_, false);
+  OutputLog second(context_.index, false);
   name_a(second);
   EXPECT_EQ(second.add("/lacp/interfaces/interface/state/interval", kOpenconfig, "SLOW", nullptr, false), YFW_OK);
   EXPECT_EQ(second.add("/lacp/config/system-priority", kOpenconfig, "5", nullptr, false), YFW_OK);
   tree_.add(second);
-  const TreePtr made = tree_.take();
+  const AnswerData made = tree_.take();
   EXPECT_EQ(squeezed_json(made),
             R"({"openconfig-lacp:lacp":{"config":{"system-priority":5},"interfaces":{"interface":[{"name":"a",)"
             R"("config":{"name":"a","interval":"FAST"},"state":{"interval":"SLOW"}}]}}})");
 }
 
-TEST_F(AnswerTreeTest, AValueThatTheLeafDoesNotTakeTakesItsEntryAway) {
+TEST_F(AnswerBuilderTest, AValueThatTheLeafDoesNotTakeTakesItsEntryAway) {
   enter("a");
   add("/config/system-id-mac", "nonsense");
   EXPECT_THAT(refusal_of([this] { tree_.add(log_); }),
               testing::StartsWith("/openconfig-lacp:lacp/interfaces/interface[name='a']/config/system-id-mac: "));
-  const TreePtr made = tree_.take();
+  const AnswerData made = tree_.take();
   EXPECT_EQ(squeezed_json(made), "{}");
 }
 
-TEST_F(AnswerTreeTest, APathThatTheModelDoesNotHaveFailsTheWalk) {
+TEST_F(AnswerBuilderTest, APathThatTheModelDoesNotHaveFailsTheWalk) {
   EXPECT_NE(yfw_map_datatree_add_path_flagged(&request_, request_.output_root(), "/lacp/colour", kOpenconfig, "red",
                                               nullptr, 0, 0, 0),
             YFW_OK);
   EXPECT_TRUE(request_.refused());
 }
 
-TEST_F(AnswerTreeTest, ALeafThatIsReportedEmptyIsLeftOutAndNamed) {
+TEST_F(AnswerBuilderTest, ALeafThatIsReportedEmptyIsLeftOutAndNamed) {
   enter("b");
   add("/state/lacp-mode", "");
   add("/state/system-priority", "5");
@@ -159,27 +159,27 @@ TEST_F(AnswerTreeTest, ALeafThatIsReportedEmptyIsLeftOutAndNamed) {
             std::vector<std::string>{"/openconfig-lacp:lacp/interfaces/interface[name='b']/state/lacp-mode"});
 }
 
-TEST_F(AnswerTreeTest, AWalkThatFailsTakesNothingFromAnEarlierOneAndLeavesNothing) {
+TEST_F(AnswerBuilderTest, AWalkThatFailsTakesNothingFromAnEarlierOneAndLeavesNothing) {
   enter("a");
   add("/config/interval", "FAST");
   tree_.add(log_);
-  OutputLog second(paths_, false);
+  OutputLog second(context_.index, false);
   name_a(second);
   EXPECT_EQ(second.add("/lacp/interfaces/interface/state/system-id-mac", kOpenconfig, "nonsense", nullptr, false),
             YFW_OK);
   EXPECT_EQ(second.add("/lacp/interfaces/interface/state/interval", kOpenconfig, "SLOW", nullptr, false), YFW_OK);
   EXPECT_NE(refusal_of([&] { tree_.add(second); }), "accepted");
-  const TreePtr made = tree_.take();
+  const AnswerData made = tree_.take();
   EXPECT_EQ(squeezed_json(made), interfaces(R"({"name":"a","config":{"name":"a","interval":"FAST"}})"));
 }
 
-TEST_F(AnswerTreeTest, NumbersThatAreNotCanonicalBecomeSo) {
+TEST_F(AnswerBuilderTest, NumbersThatAreNotCanonicalBecomeSo) {
   enter("a");
   add("/config/system-priority", "007");
   EXPECT_EQ(answer(), interfaces(R"({"name":"a","config":{"name":"a","system-priority":7}})"));
 }
 
-TEST_F(AnswerTreeTest, NumbersOutOfRangeAreRefused) {
+TEST_F(AnswerBuilderTest, NumbersOutOfRangeAreRefused) {
   enter("a");
   add("/config/system-priority", "65536");
   EXPECT_THAT(refusal_of([this] { tree_.add(log_); }), testing::HasSubstr("/config/system-priority: "));
