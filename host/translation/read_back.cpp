@@ -30,23 +30,23 @@ const lyd_node* find_top(const lyd_node* tops, const lysc_node* schema) {
 
 }  // namespace
 
-std::vector<std::string> read_back(const MappingModule& module, SchemaIndex& openconfig_paths, const OutputLog& edit,
+std::vector<std::string> read_back(const MappingModule& module, TreeContext& openconfig, const OutputLog& edit,
                                    const DeviceSnapshot& device, const lyd_node* running) {
   const EditedSnapshot edited(device, running);
   const CurrentDevice current(edited);
   const EntryFilter all;
   const RecordSinks none;
-  NativeReader reader(module, openconfig_paths, YFW_REQUEST_READ_CONFIG, all, none);
+  NativeReader reader(module, openconfig, YFW_REQUEST_READ_CONFIG, all, none, NativeReader::OnFailure::kLeaveOut);
   const NativeSelection named(edit);
-  std::vector<std::string> sentences;
   for (const NativeSelection::Node* top : named.tops()) {
-    const lyd_node* data = find_top(running, top->schema);
-    if (data == nullptr) {
-      continue;
-    }
-    for (const std::string& failure : reader.read_by_entry(data, top)) {
-      sentences.push_back("native " + failure + "; after this edit the configuration cannot be read");
-    }
+    reader.read(find_top(running, top->schema), top);
+  }
+  Answer answer;
+  reader.finish(answer);
+  std::vector<std::string> sentences;
+  sentences.reserve(answer.failures.size());
+  for (const std::string& failure : answer.failures) {
+    sentences.push_back("native " + failure + "; after this edit the configuration cannot be read");
   }
   return sentences;
 }

@@ -9,15 +9,15 @@
 #include "host/devices/device.h"
 #include "host/translation/mapping_module.h"
 #include "host/trees/output_log.h"
-#include "host/trees/schema_index.h"
+#include "host/trees/tree_context.h"
 
 namespace oclacp::host {
 
 // Reads the nodes that an edit names out of `running`, the configuration that it comes to on `device`, and returns why
 // native entries among them have no OpenConfig form; a sentence each. A device that keeps a period of 1 as it is
 // written has none for it, and every later read of the whole would be refused. `edit` is what the module added for the
-// edit; `openconfig_paths` are those of the OpenConfig side.
-std::vector<std::string> read_back(const MappingModule& module, SchemaIndex& openconfig_paths, const OutputLog& edit,
+// edit; `openconfig` is the context of the OpenConfig side.
+std::vector<std::string> read_back(const MappingModule& module, TreeContext& openconfig, const OutputLog& edit,
                                    const DeviceSnapshot& device, const lyd_node* running);
 
 }  // namespace oclacp::host

@@ -125,11 +125,11 @@ Translation Translator::translate(const std::string& request, const DeviceSnapsh
                                   const TranslateOptions& options) {
   Translation translation;
   if (options.kind == RequestKind::kEdit) {
-    TranslatedEdit edit(parse_request(parts_->schemas.request(), request), parts_->module, parts_->native_paths, device,
+    TranslatedEdit edit(parse_request(parts_->schemas.request(), request), parts_->module, parts_->native.index, device,
                         options);
     check_creations_set_something(edit.request.tree);
     translation.dropped_entries = edit.native->dropped_entries();
-    translation.text = print_edit(native_context(), *edit.native, libyang_format(options.format, edit.request.format));
+    translation.text = print_edit(parts_->native, *edit.native, libyang_format(options.format, edit.request.format));
     return translation;
   }
   ParsedRequest parsed = parse_request(parts_->schemas.request(), request);
@@ -138,7 +138,7 @@ Translation Translator::translate(const std::string& request, const DeviceSnapsh
   }
   name_contents_of_bare_entries(parsed.tree);
   const CurrentDevice installed(device);
-  OutputLog log(parts_->native_paths, false);
+  OutputLog log(parts_->native.index, false);
   walk(parts_->module, parsed.tree, log, options);
   for (const std::string& path : list_read_paths(log)) {
     translation.text.append(path).append("\n");
@@ -157,7 +157,7 @@ EditPlan Translator::plan_delete(const std::string& path, const DeviceSnapshot& 
 }
 
 EditPlan Translator::plan(ParsedRequest request, const DeviceSnapshot& device, const TranslateOptions& options) {
-  TranslatedEdit edit(std::move(request), parts_->module, parts_->native_paths, device, options);
+  TranslatedEdit edit(std::move(request), parts_->module, parts_->native.index, device, options);
   check_creations(edit.request.tree, edit.installed);
   check_creations_set_something(edit.request.tree);
   EditPlan plan;
@@ -167,7 +167,7 @@ EditPlan Translator::plan(ParsedRequest request, const DeviceSnapshot& device, c
   plan.dropped_entries = edit.native->dropped_entries();
   if (plan.changes_something()) {
     const std::vector<std::string> unreadable =
-        read_back(parts_->module, parts_->openconfig_paths, edit.log, device, plan.running.get());
+        read_back(parts_->module, parts_->openconfig, edit.log, device, plan.running.get());
     plan.warnings.insert(plan.warnings.end(), unreadable.begin(), unreadable.end());
   }
   if (options.is_strict && !plan.warnings.empty()) {
@@ -175,7 +175,7 @@ EditPlan Translator::plan(ParsedRequest request, const DeviceSnapshot& device, c
   }
   if (options.is_dry_run) {
     const LYD_FORMAT format = libyang_format(options.format, edit.request.format);
-    plan.native_edit = print_edit(native_context(), *edit.native, format);
+    plan.native_edit = print_edit(parts_->native, *edit.native, format);
     const TreePtr difference = find_difference(native_context(), device.running(), plan.running.get());
     plan.difference = print_tree(native_context(), difference.get(), format);
   }

@@ -3,6 +3,9 @@
 
 #include <algorithm>
 
+#include "tests/unit/host/trees/answer_test.h"
+#include "tests/unit/host/trees/edit_by_libyang.h"
+#include "tests/unit/host/trees/generated_data.h"
 #include "tests/unit/host/trees/output_log_test.h"
 
 namespace oclacp::host {
@@ -50,7 +53,7 @@ class EditPrinterTest : public OutputLogTest {
   // That the same document validates strictly, as an edit that only sets things must.
   void expect_valid() {
     for (const LYD_FORMAT format : {LYD_JSON, LYD_XML}) {
-      const std::string text = print_edit(schemas().native(), EditTree(edit_), format);
+      const std::string text = print_edit(context_, EditTree(edit_), format);
       lyd_node* tree = nullptr;
       EXPECT_EQ(
           lyd_parse_data_mem(schemas().native(), text.c_str(), format, LYD_PARSE_STRICT, LYD_VALIDATE_PRESENT, &tree),
@@ -62,7 +65,8 @@ class EditPrinterTest : public OutputLogTest {
   }
 
   std::vector<std::string> read_back(LYD_FORMAT format) {
-    const std::string text = print_edit(schemas().native(), EditTree(edit_), format);
+    const std::string text = print_edit(context_, EditTree(edit_), format);
+    EXPECT_EQ(text, print_by_libyang(schemas().native(), EditTree(edit_), format));
     lyd_node* tree = nullptr;
     EXPECT_EQ(lyd_parse_data_mem(schemas().native(), text.c_str(), format, LYD_PARSE_ONLY | LYD_PARSE_OPAQ, 0, &tree),
               LY_SUCCESS)
@@ -72,6 +76,8 @@ class EditPrinterTest : public OutputLogTest {
     describe(tree, "", lines);
     return lines;
   }
+
+  TreeContext context_{schemas().native()};
 };
 
 const std::string kTop = "/interface-configurations";
@@ -79,8 +85,8 @@ const std::string kA = kTop + "/interface-configuration[act][a]";
 const std::string kB = kTop + "/interface-configuration[act][b]";
 
 TEST_F(EditPrinterTest, AnEmptyScriptIsAnEmptyDocument) {
-  EXPECT_EQ(print_edit(schemas().native(), EditTree(edit_), LYD_JSON), "{}\n");
-  EXPECT_EQ(print_edit(schemas().native(), EditTree(edit_), LYD_XML), "");
+  EXPECT_EQ(print_edit(context_, EditTree(edit_), LYD_JSON), "{}\n");
+  EXPECT_EQ(print_edit(context_, EditTree(edit_), LYD_XML), "");
 }
 
 TEST_F(EditPrinterTest, SetLeavesAreInstanceData) {
@@ -101,7 +107,7 @@ TEST_F(EditPrinterTest, DeletedLeavesHaveAnOperationAndNoValue) {
   add_lacp(edit_, "mode", nullptr, source(YFW_OPERATION_REMOVE));
   EXPECT_THAT(printed(),
               testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/period [delete]", kA + "/lacp/mode [remove]"));
-  EXPECT_THAT(print_edit(schemas().native(), EditTree(edit_), LYD_JSON),
+  EXPECT_THAT(print_edit(context_, EditTree(edit_), LYD_JSON),
               HasSubstr("\"period\": [null],\n          \"@period\": {\n            \"ietf-netconf:operation\": "
                         "\"delete\""));
 }
@@ -229,7 +235,7 @@ TEST_F(EditPrinterTest, RefusesValuesThatNativeLeavesDoNotTake) {
   const yfw_datatree* from = find(tree, {"config", "system-priority"});
   open(edit_, "a", merge_);
   add_lacp(edit_, "mode", "loud", from);
-  EXPECT_EQ(refusal_of([&] { print_edit(schemas().native(), EditTree(edit_), LYD_JSON); }),
+  EXPECT_EQ(refusal_of([&] { print_edit(context_, EditTree(edit_), LYD_JSON); }),
             "/openconfig-lacp:lacp/config/system-priority: native "
             "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act']"
             "[interface-name='a']/Talvo-Brin-QD-bundlemgr-cfg:lacp/mode: Invalid enumeration value \"loud\"");
@@ -239,10 +245,86 @@ TEST_F(EditPrinterTest, RefusesKeysThatNativeListsDoNotTake) {
   RequestTree tree = parse(interface(R"("name": "a")"));
   open(edit_, std::string(64, 'x').c_str(), find(tree, {"interfaces", "interface"}));
   EXPECT_THAT(
-      refusal_of([&] { print_edit(schemas().native(), EditTree(edit_), LYD_JSON); }),
+      refusal_of([&] { print_edit(context_, EditTree(edit_), LYD_JSON); }),
       testing::StartsWith("/openconfig-lacp:lacp/interfaces/interface[name='a']: native "
                           "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act']"
                           "[interface-name='xxx"));
+}
+
+// Edits of a schema with every type, drawn by chance, which set leaves and name containers and entries.
+class GeneratedEdit {
+ public:
+  GeneratedEdit(SchemaIndex& index, unsigned seed) : log_(index, true), random_(seed) {
+    for (const char* top : {"/every-type:all", "/every-type:alone", "/other-names:other"}) {
+      add(lys_find_path(index.context(), nullptr, top, 0), "");
+    }
+  }
+
+  [[nodiscard]] const OutputLog& log() const { return log_; }
+
+ private:
+  bool happens(double chance) { return std::bernoulli_distribution(chance)(random_); }
+
+  const yfw_datatree* source(const lysc_node* schema) {
+    static constexpr uint32_t kOperations[] = {YFW_OPERATION_NONE, YFW_OPERATION_NONE, YFW_OPERATION_NONE,
+                                               YFW_OPERATION_REPLACE, YFW_OPERATION_CREATE};
+    infos_.push_back({nullptr, nullptr, schema});
+    yfw_datatree& node = sources_.emplace_back();
+    node.framework = &infos_.back();
+    node.operation = kOperations[random_() % std::size(kOperations)];
+    return &node;
+  }
+
+  void add(const lysc_node* schema, const std::string& above) {
+    const std::string path = above + "/" + schema->name;
+    if ((schema->nodetype & LYS_LEAF) != 0) {
+      log_.add(path, schema->module->ns, draw_value(random_, schema).c_str(), source(schema), false);
+      return;
+    }
+    if (schema->nodetype == LYS_CONTAINER) {
+      log_.add(path, schema->module->ns, nullptr, source(schema), false);
+      add_children(schema, path);
+    }
+    while (schema->nodetype == LYS_LIST && happens(0.6)) {
+      log_.add(path, schema->module->ns, nullptr, source(schema), true);
+      for (const lysc_node* key = lysc_node_child(schema); key != nullptr && lysc_is_key(key); key = key->next) {
+        add(key, path);
+      }
+      add_children(schema, path);
+    }
+  }
+
+  void add_children(const lysc_node* schema, const std::string& path) {
+    std::vector<const lysc_node*> children;
+    for (const lysc_node* child = nullptr; (child = lys_getnext(child, schema, nullptr, 0)) != nullptr;) {
+      if (!lysc_is_key(child) && happens(0.3)) {
+        children.push_back(child);
+      }
+    }
+    std::shuffle(children.begin(), children.end(), random_);
+    for (const lysc_node* child : children) {
+      add(child, path);
+    }
+  }
+
+  OutputLog log_;
+  std::mt19937 random_;
+  std::deque<yfw_datatree> sources_;
+  std::deque<NodeInfo> infos_;
+};
+
+TEST(EditPrinter, GeneratedEditsOfEveryType_AsLibyang) {
+  TreeContext context(every_type());
+  size_t bytes = 0;
+  for (unsigned seed = 1; seed <= 200; ++seed) {
+    const GeneratedEdit generated(context.index, seed);
+    for (const LYD_FORMAT format : {LYD_JSON, LYD_XML}) {
+      const std::string expected = print_by_libyang(every_type(), EditTree(generated.log()), format);
+      bytes += expected.size();
+      ASSERT_EQ(print_edit(context, EditTree(generated.log()), format), expected) << "seed " << seed;
+    }
+  }
+  EXPECT_GT(bytes, 100'000U) << "the generated edits are too small to tell anything";
 }
 
 }  // namespace
