@@ -1,39 +1,55 @@
-// Times, in one run: what libyang needs to read the device's configuration and the request and to print the native edit
-// (the floor), the whole translation by the host, and the module by itself over a platform that only counts; and for a
-// get of configuration ("get") or of state too ("state", each interface a bundle with 16 members), what libyang needs
-// to read the data as the device does and to print the answer, and the whole get. Prints them as ratios at the end,
-// and the most memory that a get of state takes.
-#include <benchmark/benchmark.h>
-#include <libyang/libyang.h>
-#include <malloc.h>
+// Measures, in one run and in turns, the host beside its floor: libyang reading and validating the device's files (and
+// reading the request of an edit), and printing the finished result. Processor time, medians of several rounds; and the
+// most memory of a read, each in a process of its own. Prints ratios with what is required of them.
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "counted_module.h"
 #include "documents.h"
-#include "host/devices/device.h"
+#include "host/devices/open_device.h"
+#include "host/files/read_file.h"
+#include "host/present/answer_writer.h"
 #include "host/translation/translator.h"
 #include "host/yang/libyang_ptr.h"
 
 namespace bench {
 namespace {
 
-using Request = CountedModule::Request;
-using oclacp::host::ContextPtr;
-using oclacp::host::TreePtr;
+namespace host = oclacp::host;
 
 constexpr std::array<std::size_t, 3> kSizes = {100, 1000, 10000};
-constexpr std::array kRequests = {"create", "delete", "get", "state"};
+constexpr int kRounds = 5;
+constexpr std::array kWorks = {"state", "one", "config", "create", "delete"};
+
+// What is required of a ratio to the floor.
+struct Requirement {
+  const char* work;
+  std::size_t size;
+  double time;
+  double memory;  // 0: nothing
+};
+constexpr std::array kRequirements = {Requirement{"state", 1000, 0.95, 0.3}, Requirement{"state", 10000, 1.0, 0.3},
+                                      Requirement{"one", 10000, 0.10, 0},    Requirement{"create", 1000, 1.25, 0},
+                                      Requirement{"create", 10000, 1.45, 0}, Requirement{"delete", 1000, 1.35, 0},
+                                      Requirement{"delete", 10000, 1.6, 0}};
+// Ten times the interfaces take ten times the time, within this.
+constexpr double kMostGrowth = 11.5;
 
 void require(bool holds, const char* what) {
   if (holds) return;
@@ -41,152 +57,212 @@ void require(bool holds, const char* what) {
   std::exit(1);
 }
 
-std::string request_text(Request request, std::size_t interfaces) {
-  return request == Request::kCreate ? create_request(interfaces) : delete_request();
+void write_file(const std::string& folder, const char* name, const std::string& text) {
+  std::ofstream(folder + "/" + name) << text;
 }
 
-TreePtr parse(const ly_ctx* context, const std::string& text) {
-  lyd_node* tree = nullptr;
-  const LY_ERR status = lyd_parse_data_mem(context, text.c_str(), LYD_JSON, LYD_PARSE_ONLY | LYD_PARSE_OPAQ, 0, &tree);
-  require(status == LY_SUCCESS, "libyang does not read a document");
-  return TreePtr(tree);
+// A device of so many interfaces, for one kind of work; none for no work.
+void write_device(const std::string& folder, const std::string& work, std::size_t interfaces) {
+  if (work.empty()) return;
+  write_file(folder, "platform.json", R"({"oclacp-platform:platform": {"router-type": 7}})");
+  if (work == "create" || work == "delete") {
+    write_file(folder, "running.json", running_configuration(work == "create" ? 0 : interfaces));
+  } else {
+    write_file(folder, "running.json", full_running_configuration(interfaces));
+    write_file(folder, "operational.json", operational_state(interfaces));
+  }
 }
 
-// What the device holds before the request: a create finds nothing, a delete finds LACP on every interface.
-std::string running_text(Request request, std::size_t interfaces) {
-  return running_configuration(request == Request::kCreate ? 0 : interfaces);
-}
-
-// A device that is read when the request comes, as the program does it.
-class Device final : public oclacp::host::DeviceSnapshot {
+// A folder that goes at the end.
+class DeviceFolder {
  public:
-  explicit Device(TreePtr running, TreePtr operational = nullptr)
-      : running_(std::move(running)), operational_(std::move(operational)) {}
+  DeviceFolder(const std::string& work, std::size_t interfaces) {
+    std::string name = std::filesystem::temp_directory_path() / "oclacp-bench-XXXXXX";
+    require(mkdtemp(name.data()) != nullptr, "no folder can be made");
+    path_ = name;
+    write_device(path_, work, interfaces);
+  }
+  ~DeviceFolder() { std::filesystem::remove_all(path_); }
+  DeviceFolder(const DeviceFolder&) = delete;
+  DeviceFolder& operator=(const DeviceFolder&) = delete;
+  DeviceFolder(DeviceFolder&&) = delete;
+  DeviceFolder& operator=(DeviceFolder&&) = delete;
 
-  [[nodiscard]] uint32_t router_type() const override { return 7; }
-  [[nodiscard]] const std::vector<oclacp::host::Interface>& interfaces() const override { return interfaces_; }
-  [[nodiscard]] const lyd_node* running() const override { return running_.get(); }
-  [[nodiscard]] const lyd_node* operational() const override { return operational_.get(); }
+  [[nodiscard]] const std::string& path() const { return path_; }
 
  private:
-  TreePtr running_;
-  TreePtr operational_;
-  std::vector<oclacp::host::Interface> interfaces_;
+  std::string path_;
 };
 
-ContextPtr new_context(const std::vector<const char*>& modules) {
+host::ContextPtr new_context(const std::vector<const char*>& modules) {
   ly_ctx* context = nullptr;
   require(ly_ctx_new(OCLACP_SCHEMAS, LY_CTX_NO_YANGLIBRARY, &context) == LY_SUCCESS, "libyang does not start");
   for (const char* module : modules) {
     require(ly_ctx_load_module(context, module, nullptr, nullptr) != nullptr, module);
   }
-  return ContextPtr(context);
+  return host::ContextPtr(context);
 }
 
-void floor(benchmark::State& state, Request request) {
-  const auto interfaces = static_cast<std::size_t>(state.range(0));
-  const ContextPtr request_side = new_context({"openconfig-lacp", "ietf-netconf"});
-  const ContextPtr native_side = new_context({"Talvo-Brin-QD-bundlemgr-cfg", "ietf-netconf"});
-  const std::string input = request_text(request, interfaces);
-  const std::string running = running_text(request, interfaces);
-  oclacp::host::Translator translator({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE);
-  const Device device(parse(translator.native_context(), running));
-  const TreePtr edit = parse(native_side.get(), translator.translate(input, device, {}).text);
-  while (state.KeepRunning()) {
-    const TreePtr device_read = parse(native_side.get(), running);
-    const TreePtr request_read = parse(request_side.get(), input);
-    char* printed = nullptr;
-    lyd_print_mem(&printed, edit.get(), LYD_JSON, LYD_PRINT_WITHSIBLINGS);
-    benchmark::DoNotOptimize(printed);
-    std::free(printed);
-  }
+host::TreePtr parse(const ly_ctx* context, const std::string& text, std::uint32_t options, std::uint32_t validation) {
+  lyd_node* tree = nullptr;
+  require(lyd_parse_data_mem(context, text.c_str(), LYD_JSON, options, validation, &tree) == LY_SUCCESS,
+          "libyang does not read a document");
+  return host::TreePtr(tree);
 }
 
-void host(benchmark::State& state, Request request) {
-  const auto interfaces = static_cast<std::size_t>(state.range(0));
-  oclacp::host::Translator translator({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE);
-  const std::string input = request_text(request, interfaces);
-  const std::string running = running_text(request, interfaces);
-  while (state.KeepRunning()) {
-    const Device device(parse(translator.native_context(), running));
-    benchmark::DoNotOptimize(translator.translate(input, device, {}));
-  }
-}
-
-void module(benchmark::State& state, Request request) {
-  CountedModule counted(request, static_cast<std::size_t>(state.range(0)));
-  while (state.KeepRunning()) {
-    counted.walk();
-  }
-  state.counters["calls"] = static_cast<double>(counted.calls());
-  state.counters["additions"] = static_cast<double>(counted.additions());
-}
-
-// What a get reads, as files of a device.
-struct DeviceTexts {
-  DeviceTexts(std::size_t interfaces, bool with_state)
-      : running(full_running_configuration(interfaces)),
-        operational(with_state ? operational_state(interfaces) : "{}") {}
-
-  // Read and judged as from a device's folder.
-  [[nodiscard]] Device read(const ly_ctx* native) const {
-    return Device(parse_valid(native, running, LYD_VALIDATE_NO_STATE),
-                  parse_valid(native, operational, LYD_VALIDATE_PRESENT));
-  }
-
-  std::string running;
-  std::string operational;
+class NullFile {
+ public:
+  NullFile() : file_(std::fopen("/dev/null", "w"), &std::fclose) {}
+  [[nodiscard]] std::FILE* get() const { return file_.get(); }
 
  private:
-  static TreePtr parse_valid(const ly_ctx* native, const std::string& text, std::uint32_t validation) {
-    lyd_node* tree = nullptr;
-    const LY_ERR status = lyd_parse_data_mem(native, text.c_str(), LYD_JSON, LYD_PARSE_STRICT, validation, &tree);
-    require(status == LY_SUCCESS, "libyang does not read a device's data");
-    return TreePtr(tree);
-  }
+  std::unique_ptr<std::FILE, decltype(&std::fclose)> file_;
 };
 
-oclacp::host::GetOptions get_options(bool with_state) {
-  oclacp::host::GetOptions options;
-  options.kind = with_state ? oclacp::host::RequestKind::kReadState : oclacp::host::RequestKind::kReadConfig;
-  return options;
-}
+// One kind of work on one device.
+class Subject {
+ public:
+  // `folder` holds such a device.
+  Subject(std::string work, std::string folder, std::size_t interfaces)
+      : work_(std::move(work)),
+        folder_(std::move(folder)),
+        request_(work_ == "create"   ? create_request(interfaces)
+                 : work_ == "delete" ? delete_request()
+                                     : ""),
+        translator_({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE),
+        openconfig_(new_context({"openconfig-lacp", "ietf-netconf"})),
+        native_(new_context({"ietf-netconf", "Talvo-Brin-QD-ifmgr-cfg", "Talvo-Brin-QD-bundlemgr-cfg",
+                             "Talvo-Brin-QD-bundlemgr-oper", "oclacp-platform"})) {}
 
-void print_to_nowhere(const ly_ctx* context, const lyd_node* tree) {
-  const std::unique_ptr<std::FILE, decltype(&std::fclose)> nowhere(std::fopen("/dev/null", "w"), &std::fclose);
-  oclacp::host::write_tree(nowhere.get(), context, tree, LYD_JSON);
-}
-
-void floor_of_get(benchmark::State& state, bool with_state) {
-  const DeviceTexts texts(static_cast<std::size_t>(state.range(0)), with_state);
-  oclacp::host::Translator translator({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE);
-  const oclacp::host::Answer answer = translator.get(texts.read(translator.native_context()), get_options(with_state));
-  while (state.KeepRunning()) {
-    const Device device = texts.read(translator.native_context());
-    print_to_nowhere(translator.openconfig_context(), answer.data.get());
+  // Everything from the files to the printed result.
+  void run_host() {
+    const std::shared_ptr<const host::DeviceSnapshot> device = snapshot();
+    if (is_edit()) {
+      const std::string text = translator_.translate(request_, *device, {}).text;
+      std::fwrite(text.data(), 1, text.size(), nowhere_.get());
+    } else {
+      host::write_answer(nowhere_.get(), translator_.get(*device, options()).data, LYD_JSON);
+    }
   }
-}
 
-void host_get(benchmark::State& state, bool with_state) {
-  const DeviceTexts texts(static_cast<std::size_t>(state.range(0)), with_state);
-  oclacp::host::Translator translator({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE);
-  while (state.KeepRunning()) {
-    const Device device = texts.read(translator.native_context());
-    const oclacp::host::Answer answer = translator.get(device, get_options(with_state));
-    print_to_nowhere(translator.openconfig_context(), answer.data.get());
+  // What the floor prints.
+  [[nodiscard]] std::string result() {
+    const std::shared_ptr<const host::DeviceSnapshot> device = snapshot();
+    return is_edit() ? translator_.translate(request_, *device, {}).text
+                     : host::print_answer(translator_.get(*device, options()).data, LYD_JSON);
   }
+  void keep_result(const std::string& text) {
+    result_ = parse(is_edit() ? native_.get() : openconfig_.get(), text, LYD_PARSE_ONLY | LYD_PARSE_OPAQ, 0);
+  }
+
+  void run_floor() {
+    const host::TreePtr platform = read("platform.json", LYD_VALIDATE_NO_STATE);
+    const host::TreePtr running = read("running.json", LYD_VALIDATE_NO_STATE);
+    const bool has_state = work_ == "state" || work_ == "one";
+    const host::TreePtr operational = has_state ? read("operational.json", LYD_VALIDATE_PRESENT) : nullptr;
+    const host::TreePtr request =
+        is_edit() ? parse(openconfig_.get(), request_, LYD_PARSE_ONLY | LYD_PARSE_OPAQ, 0) : nullptr;
+    require(lyd_print_file(nowhere_.get(), result_.get(), LYD_JSON, LYD_PRINT_WITHSIBLINGS) == LY_SUCCESS,
+            "libyang does not print");
+  }
+
+ private:
+  // Of a device that was not read before.
+  [[nodiscard]] std::shared_ptr<const host::DeviceSnapshot> snapshot() const {
+    return host::open_device(translator_.native_context(), folder_)->snapshot();
+  }
+
+  [[nodiscard]] bool is_edit() const { return !request_.empty(); }
+
+  [[nodiscard]] host::GetOptions options() const {
+    host::GetOptions options;
+    options.kind = work_ == "config" ? host::RequestKind::kReadConfig : host::RequestKind::kReadState;
+    if (work_ == "one") {
+      options.path = "/lacp/interfaces/interface[name='Bundle-Ether7']";
+    }
+    return options;
+  }
+
+  [[nodiscard]] host::TreePtr read(const char* name, std::uint32_t validation) const {
+    return parse(native_.get(), host::read_text_file(folder_ + "/" + name), LYD_PARSE_STRICT, validation);
+  }
+
+  std::string work_;
+  std::string folder_;
+  std::string request_;
+  host::Translator translator_;
+  host::ContextPtr openconfig_;
+  host::ContextPtr native_;
+  host::TreePtr result_;
+  NullFile nowhere_;
+};
+
+double processor_seconds() {
+  rusage usage{};
+  getrusage(RUSAGE_SELF, &usage);
+  const auto seconds = [](const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+  };
+  return seconds(usage.ru_utime) + seconds(usage.ru_stime);
 }
 
-// The most memory that a piece of work takes, in a process of its own, in KiB.
-template <typename Work>
-long peak_memory(const Work& work) {
-  std::fflush(nullptr);
-  malloc_trim(0);  // what was given back before is not to be found there
+double time_of(const std::function<void()>& work) {
+  const double before = processor_seconds();
+  work();
+  return processor_seconds() - before;
+}
+
+double median(std::vector<double> values) {
+  std::sort(values.begin(), values.end());
+  return values[values.size() / 2];
+}
+
+struct Times {
+  double floor = 0;
+  double host = 0;
+};
+
+// Small work is done several times, to be longer than the clock's steps.
+Times measure_times(const std::string& work, std::size_t interfaces) {
+  const DeviceFolder folder(work, interfaces);
+  Subject subject(work, folder.path(), interfaces);
+  subject.keep_result(subject.result());
+  const std::size_t repeats = std::max<std::size_t>(1, 2000 / interfaces);
+  const auto repeated = [repeats](const auto& run) {
+    return time_of([&] {
+             for (std::size_t count = 0; count < repeats; ++count) run();
+           }) /
+           static_cast<double>(repeats);
+  };
+  std::vector<double> floor;
+  std::vector<double> host;
+  for (int round = 0; round < kRounds; ++round) {
+    floor.push_back(repeated([&] { subject.run_floor(); }));
+    host.push_back(repeated([&] { subject.run_host(); }));
+  }
+  return {median(floor), median(host)};
+}
+
+// Walks of the module alone, over a platform that only counts.
+double measure_module(CountedModule::Request request, std::size_t interfaces) {
+  CountedModule counted(request, interfaces);
+  std::vector<double> times;
+  for (int round = 0; round < kRounds; ++round) {
+    times.push_back(time_of([&] { counted.walk(); }));
+  }
+  return median(times);
+}
+
+// The most memory in KiB that this program takes when it is started with such arguments.
+long memory_of(const std::vector<std::string>& arguments) {
   const pid_t process = fork();
   require(process >= 0, "no process can be made");
   if (process == 0) {
-    work();
-    _exit(0);
+    std::vector<char*> words = {const_cast<char*>("oclacp_bench")};
+    for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
+    words.push_back(nullptr);
+    execv("/proc/self/exe", words.data());
+    _exit(1);
   }
   int status = 0;
   rusage usage{};
@@ -195,113 +271,98 @@ long peak_memory(const Work& work) {
 }
 
 // The floor holds the data as it is read, and then the answer.
-void print_memory(std::size_t bundles) {
-  const oclacp::host::SchemaDirectories schemas = {.shipped = OCLACP_SCHEMAS, .published = ""};
-  const DeviceTexts texts(bundles, true);
-  const std::unique_ptr<std::FILE, decltype(&std::fclose)> answer_file(std::tmpfile(), &std::fclose);
-  {
-    oclacp::host::Translator translator(schemas, OCLACP_MODULE);
-    const oclacp::host::Answer answer = translator.get(texts.read(translator.native_context()), get_options(true));
-    oclacp::host::write_tree(answer_file.get(), translator.openconfig_context(), answer.data.get(), LYD_JSON);
-  }
-  const long floor = peak_memory([&] {
-    oclacp::host::Translator translator(schemas, OCLACP_MODULE);
-    const Device device = texts.read(translator.native_context());
-    lyd_node* answer = nullptr;
-    require(lyd_parse_data_fd(translator.openconfig_context(), fileno(answer_file.get()), LYD_JSON, LYD_PARSE_ONLY, 0,
-                              &answer) == LY_SUCCESS,
-            "libyang does not read the answer");
-    const TreePtr owner(answer);
-    print_to_nowhere(translator.openconfig_context(), answer);
-  });
-  const long host = peak_memory([&] {
-    oclacp::host::Translator translator(schemas, OCLACP_MODULE);
-    const Device device = texts.read(translator.native_context());
-    const oclacp::host::Answer answer = translator.get(device, get_options(true));
-    print_to_nowhere(translator.openconfig_context(), answer.data.get());
-  });
-  std::printf("\nmost memory of a get of state, %zu bundles: floor %ld MiB, host %ld MiB, host/floor %.2f\n", bundles,
-              floor / 1024, host / 1024, static_cast<double>(host) / static_cast<double>(floor));
+double measure_memory(std::size_t interfaces) {
+  const DeviceFolder folder("", 0);
+  memory_of({"--prepare", folder.path(), std::to_string(interfaces)});
+  const long floor = memory_of({"--floor", folder.path()});
+  const long host = memory_of({"--host", folder.path()});
+  std::printf("memory of a read of state, %zu bundles: floor %ld MiB, host %ld MiB\n", interfaces, floor / 1024,
+              host / 1024);
+  return static_cast<double>(host) / static_cast<double>(floor);
 }
 
-// Prints as usual and keeps the times.
-class Times final : public benchmark::ConsoleReporter {
- public:
-  Times() : ConsoleReporter(OO_None) {}
-
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      times_[run.run_name.function_name + "/" + run.run_name.args] = run.GetAdjustedCPUTime();
-    }
-    ConsoleReporter::ReportRuns(runs);
+// The other processes: one writes the files of a device, the others work on them. A process starts with the most memory
+// of the one that starts it, so that this must have been small all the time.
+int run_process(const std::string& side, const std::string& folder, std::size_t interfaces) {
+  if (side == "--prepare") {
+    write_device(folder, "state", interfaces);
   }
-
-  // 0 when it was not measured.
-  [[nodiscard]] double of(const char* what, const char* request, std::size_t interfaces) const {
-    const auto found = times_.find(std::string(what) + "/" + request + "/" + std::to_string(interfaces));
-    return found == times_.end() ? 0 : found->second;
-  }
-
- private:
-  std::map<std::string, double> times_;
-};
-
-void print_ratios(const Times& times) {
-  std::printf("\n%-8s %10s %12s %14s\n", "request", "interfaces", "host/floor", "module/floor");
-  for (const char* request : kRequests) {
-    for (const std::size_t interfaces : kSizes) {
-      const double floor = times.of("floor", request, interfaces);
-      if (floor == 0) continue;
-      std::printf("%-8s %10zu %12.2f", request, interfaces, times.of("host", request, interfaces) / floor);
-      if (const double module = times.of("module", request, interfaces); module != 0) {
-        std::printf(" %14.2f", module / floor);
-      }
-      std::printf("\n");
-    }
-  }
-  std::printf("\nten times the interfaces, %zu against %zu:\n", kSizes[2], kSizes[1]);
-  for (const char* request : kRequests) {
-    for (const char* what : {"floor", "host", "module"}) {
-      const double base = times.of(what, request, kSizes[1]);
-      const double ten_times = times.of(what, request, kSizes[2]);
-      if (base == 0 || ten_times == 0) continue;
-      std::printf("%-8s %-8s %8.1f times the time\n", request, what, ten_times / base);
-    }
-  }
-}
-
-void sizes(benchmark::internal::Benchmark* benchmark) {
-  for (const std::size_t interfaces : kSizes) benchmark->Arg(static_cast<std::int64_t>(interfaces));
-  benchmark->Unit(benchmark::kMicrosecond);
-}
-
-// Runs are named "floor/create/100" and so on.
-BENCHMARK_CAPTURE(floor, create, Request::kCreate)->Apply(sizes);
-BENCHMARK_CAPTURE(floor, delete, Request::kDelete)->Apply(sizes);
-BENCHMARK_CAPTURE(floor_of_get, get, false)->Name("floor/get")->Apply(sizes);
-BENCHMARK_CAPTURE(floor_of_get, state, true)->Name("floor/state")->Apply(sizes);
-BENCHMARK_CAPTURE(host, create, Request::kCreate)->Apply(sizes);
-BENCHMARK_CAPTURE(host, delete, Request::kDelete)->Apply(sizes);
-BENCHMARK_CAPTURE(host_get, get, false)->Name("host/get")->Apply(sizes);
-BENCHMARK_CAPTURE(host_get, state, true)->Name("host/state")->Apply(sizes);
-BENCHMARK_CAPTURE(module, create, Request::kCreate)->Apply(sizes);
-BENCHMARK_CAPTURE(module, delete, Request::kDelete)->Apply(sizes);
-
-int run(int argc, char** argv) {
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
-  Times times;
-  benchmark::RunSpecifiedBenchmarks(&times);
-  print_ratios(times);
-  for (const std::size_t bundles : kSizes) {
-    if (times.of("host", "state", bundles) != 0) print_memory(bundles);
+  Subject subject("state", folder, 0);
+  if (side == "--prepare") {
+    write_file(folder, "answer.json", subject.result());
+  } else if (side == "--floor") {
+    subject.keep_result(host::read_text_file(folder + "/answer.json"));
+    subject.run_floor();
+  } else {
+    subject.run_host();
   }
   return 0;
+}
+
+// Prints one figure beside what is required of it, if something is.
+void print_figure(const char* what, double value, double most) {
+  std::printf(" %s %.2f", what, value);
+  if (most != 0) std::printf(" (required %.2f: %s)", most, value <= most ? "held" : "MISSED");
+}
+
+const Requirement* find_requirement(const std::string& work, std::size_t size) {
+  const auto* const found = std::find_if(kRequirements.begin(), kRequirements.end(),
+                                         [&](const Requirement& one) { return work == one.work && size == one.size; });
+  return found == kRequirements.end() ? nullptr : found;
+}
+
+void measure_all_memory(std::size_t most) {
+  for (const std::size_t size : kSizes) {
+    if (size > most) continue;
+    const double ratio = measure_memory(size);
+    const Requirement* required = find_requirement("state", size);
+    print_figure(" host/floor", ratio, required == nullptr ? 0 : required->memory);
+    std::printf("\n");
+  }
+}
+
+void measure_work(const char* work, std::size_t most) {
+  std::map<std::size_t, Times> times;
+  for (const std::size_t size : kSizes) {
+    if (size > most) continue;
+    times[size] = measure_times(work, size);
+    const Requirement* required = find_requirement(work, size);
+    std::printf("%-6s %6zu: floor %8.1f ms, host %8.1f ms;", work, size, times[size].floor * 1e3,
+                times[size].host * 1e3);
+    print_figure("host/floor", times[size].host / times[size].floor, required == nullptr ? 0 : required->time);
+    std::printf("\n");
+    std::fflush(stdout);
+  }
+  if (times.count(kSizes[2]) != 0) {
+    std::printf("%-6s %zu against %zu:", work, kSizes[2], kSizes[1]);
+    print_figure("floor", times[kSizes[2]].floor / times[kSizes[1]].floor, 0);
+    print_figure("times the time, host", times[kSizes[2]].host / times[kSizes[1]].host, kMostGrowth);
+    std::printf("\n");
+  }
+}
+
+void measure_modules(std::size_t most) {
+  for (const std::size_t size : kSizes) {
+    if (size > most) continue;
+    std::printf("the module alone, %zu interfaces: create %.2f ms, delete %.2f ms\n", size,
+                measure_module(CountedModule::Request::kCreate, size) * 1e3,
+                measure_module(CountedModule::Request::kDelete, size) * 1e3);
+  }
 }
 
 }  // namespace
 }  // namespace bench
 
+// oclacp_bench [INTERFACES]: up to so many interfaces, 10000 without it.
 int main(int argc, char** argv) {
-  return bench::run(argc, argv);
+  if (argc > 2) {
+    return bench::run_process(argv[1], argv[2], argc > 3 ? std::strtoul(argv[3], nullptr, 10) : 0);
+  }
+  const std::size_t most = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : bench::kSizes.back();
+  bench::measure_all_memory(most);  // before this process takes some itself
+  for (const char* work : bench::kWorks) {
+    bench::measure_work(work, most);
+  }
+  bench::measure_modules(most);
+  return 0;
 }
