@@ -64,8 +64,10 @@ FilePtr open_regular_file(const std::string& file) {
   return stream;
 }
 
-std::string read_rest(FILE* stream, const std::string& file, std::size_t limit) {
+// `expected`: how much there may be.
+std::string read_rest(FILE* stream, const std::string& file, std::size_t limit, std::size_t expected = 0) {
   std::string text;
+  text.reserve(expected);
   std::array<char, 1 << 16> buffer{};
   while (text.size() <= limit) {
     const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), stream);
@@ -120,7 +122,7 @@ std::string read_stable_file(const std::string& file) {
       continue;
     }
     std::rewind(stream.get());
-    std::string text = read_rest(stream.get(), file, std::string::npos);
+    std::string text = read_rest(stream.get(), file, std::string::npos, static_cast<size_t>(before.size));
     const bool is_settled = state_of(stream.get(), file) == before && text.size() == static_cast<size_t>(before.size);
     // A file that is about to be written anew may be empty for a moment before its time tells.
     if (is_settled && (!text.empty() || was_empty)) {

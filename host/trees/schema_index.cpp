@@ -1,5 +1,6 @@
 #include "host/trees/schema_index.h"
 
+#include <cstdint>
 #include <utility>
 
 namespace oclacp::host {
@@ -21,6 +22,15 @@ unsigned key_count(const lysc_node* list) {
 }
 
 const Target* SchemaIndex::find(std::string_view path, std::string_view ns) {
+  const auto address = reinterpret_cast<std::uintptr_t>(path.data());
+  Recent& recent = recent_[(address ^ (address >> 8)) % recent_.size()];
+  if (recent.target == nullptr || recent.path != path || recent.target->schema->module->ns != ns) {
+    recent = {std::string(path), look_up(path, ns)};
+  }
+  return recent.target;
+}
+
+const Target* SchemaIndex::look_up(std::string_view path, std::string_view ns) {
   while (path.ends_with('/')) {
     path.remove_suffix(1);
   }

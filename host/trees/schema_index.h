@@ -3,6 +3,7 @@
 
 #include <libyang/libyang.h>
 
+#include <array>
 #include <deque>
 #include <functional>
 #include <string>
@@ -46,12 +47,20 @@ class SchemaIndex {
     size_t operator()(std::string_view text) const { return std::hash<std::string_view>{}(text); }
   };
 
+  const Target* look_up(std::string_view path, std::string_view ns);
   const Target* resolve(std::string_view path, std::string_view ns);
   [[nodiscard]] const lysc_node* find_below(const lysc_node* above, std::string_view name,
                                             const lys_module* preferred) const;
 
   const ly_ctx* context_;
+  // What was found for a text that stood at an address, mostly a literal of a module.
+  struct Recent {
+    std::string path;
+    const Target* target = nullptr;
+  };
+
   std::deque<Target> targets_;
+  std::array<Recent, 256> recent_;  // by a hash of the address
   std::unordered_map<std::string, std::vector<const Target*>, TextHash, std::equal_to<>> by_path_;
 };
 

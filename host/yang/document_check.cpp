@@ -15,6 +15,10 @@ namespace {
 constexpr std::string_view kBlanks = " \t\r\n";
 constexpr std::string_view kJsonOperation = "ietf-netconf:operation";
 
+constexpr bool is_blank(char character) {
+  return character == ' ' || character == '\t' || character == '\r' || character == '\n';
+}
+
 // A position in the text, and how to refuse there.
 class Scanner {
  public:
@@ -35,7 +39,7 @@ class Scanner {
 
   [[nodiscard]] std::string_view text() const { return text_; }
   [[nodiscard]] size_t skip_blanks(size_t position) const {
-    while (position < text_.size() && kBlanks.find(text_[position]) != std::string_view::npos) {
+    while (position < text_.size() && is_blank(text_[position])) {
       ++position;
     }
     return position;
@@ -62,7 +66,8 @@ class JsonScanner : Scanner {
  public:
   using Scanner::Scanner;
 
-  void scan() {
+  // The brackets of the outer levels.
+  std::vector<JsonBrackets> scan() {
     size_t position = 0;
     while (position < text().size()) {
       position = step(position);
@@ -73,6 +78,7 @@ class JsonScanner : Scanner {
     if (depth_ > 0) {
       refuse(text().size(), "the document ends early");
     }
+    return std::move(outer_);
   }
 
  private:
@@ -83,8 +89,7 @@ class JsonScanner : Scanner {
         return take_string(position);
       case '{':
       case '[':
-        enter(position);
-        metadata_names_.emplace_back();
+        open(position);
         return position + 1;
       case '}':
       case ']':
@@ -97,10 +102,20 @@ class JsonScanner : Scanner {
 
   // Most characters outside of strings do not matter.
   [[nodiscard]] size_t behind_plain(size_t position) const {
-    while (position < text().size() && !kMatters[static_cast<unsigned char>(text()[position])]) {
+    const std::string_view all = text();
+    while (position < all.size() && !kMatters[static_cast<unsigned char>(all[position])]) {
       ++position;
     }
     return position;
+  }
+
+  void open(size_t position) {
+    enter(position);
+    metadata_names_.emplace_back();
+    if (depth_ <= kOuterLevels) {
+      open_[depth_ - 1] = outer_.size();
+      outer_.push_back({position, position});
+    }
   }
 
   void leave(size_t position) {
@@ -109,6 +124,9 @@ class JsonScanner : Scanner {
     }
     if (depth_ == metadata_depth_) {
       metadata_depth_ = 0;
+    }
+    if (depth_ <= kOuterLevels) {
+      outer_[open_[depth_ - 1]].close = position;
     }
     metadata_names_.pop_back();
     done_ = --depth_ == 0;
@@ -143,16 +161,19 @@ class JsonScanner : Scanner {
   }
 
   [[nodiscard]] size_t end_of_string(size_t begin) const {
+    const std::string_view all = text();
     size_t position = begin + 1;
-    while (position < text().size() && text()[position] != '"') {
-      position += text()[position] == '\\' ? 2 : 1;
+    while (position < all.size() && all[position] != '"') {
+      position += all[position] == '\\' ? 2 : 1;
     }
-    if (position >= text().size()) {
+    if (position >= all.size()) {
       refuse(begin, "a string without an end");
     }
     return position + 1;
   }
 
+  std::vector<JsonBrackets> outer_;
+  std::array<size_t, kOuterLevels> open_{};                           // those that are open, in outer_
   unsigned metadata_depth_ = 0;                                       // depth inside an object of attributes; 0 outside
   std::vector<std::unordered_set<std::string_view>> metadata_names_;  // of the objects around the position
   bool done_ = false;
@@ -273,9 +294,9 @@ DocumentInfo inspect_document(std::string_view text, const std::string& subject)
   return {LYD_JSON, 0};
 }
 
-void check_json_document(std::string_view text, const std::string& subject) {
+std::vector<JsonBrackets> check_json_document(std::string_view text, const std::string& subject) {
   check_not_empty(text, subject);
-  JsonScanner(text, subject).scan();
+  return JsonScanner(text, subject).scan();
 }
 
 }  // namespace oclacp::host

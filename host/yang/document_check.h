@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace oclacp::host {
 
@@ -25,7 +26,15 @@ struct DocumentInfo {
 // text. `subject` is what a Error is about. Throws Error.
 DocumentInfo inspect_document(std::string_view text, const std::string& subject = "the request");
 
-// The same for the depth, the end and the attributes of a document that is JSON and of any size.
-void check_json_document(std::string_view text, const std::string& subject);
+// A bracket or brace of a JSON text and the one that closes it.
+struct JsonBrackets {
+  std::size_t open;
+  std::size_t close;
+};
+
+// The same for the depth, the end and the attributes of a document that is JSON and of any size. Answers where its
+// outer levels are, in the order of the text: as many as lead to the entries of a list below two containers.
+inline constexpr unsigned kOuterLevels = 5;
+std::vector<JsonBrackets> check_json_document(std::string_view text, const std::string& subject);
 
 }  // namespace oclacp::host

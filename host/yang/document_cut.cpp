@@ -95,7 +95,9 @@ constexpr std::array<bool, 256> kBrackets = [] {
 // Goes through a text. Once something is not as it should be, it has failed and stays so.
 class Cursor {
  public:
-  explicit Cursor(std::string_view text) : text_(text) {}
+  // `brackets`: some of the text's, in its order; what is between them need not be looked at.
+  explicit Cursor(std::string_view text, std::span<const JsonBrackets> brackets = {})
+      : text_(text), brackets_(brackets) {}
 
   [[nodiscard]] bool has_failed() const { return has_failed_; }
   [[nodiscard]] size_t position() const { return position_; }
@@ -164,6 +166,13 @@ class Cursor {
 
   // Behind an opening bracket, to behind the one that closes it.
   void pass_brackets() {
+    while (!brackets_.empty() && brackets_.front().open + 1 < position_) {
+      brackets_ = brackets_.subspan(1);
+    }
+    if (!brackets_.empty() && brackets_.front().open + 1 == position_) {
+      position_ = brackets_.front().close + 1;
+      return;
+    }
     for (size_t depth = 1; depth != 0 && !has_failed_;) {
       while (position_ < text_.size() && !kBrackets[static_cast<unsigned char>(text_[position_])]) {
         ++position_;
@@ -182,13 +191,15 @@ class Cursor {
   }
 
   std::string_view text_;
+  std::span<const JsonBrackets> brackets_;
   size_t position_ = 0;
   bool has_failed_ = false;
 };
 
 class Cutter {
  public:
-  Cutter(const ly_ctx* context, std::string_view text) : context_(context), text_(text), cursor_(text) {}
+  Cutter(const ly_ctx* context, std::string_view text, std::span<const JsonBrackets> brackets)
+      : context_(context), text_(text), cursor_(text, brackets) {}
 
   std::optional<CutDocument> cut() {
     cursor_.take_members([this](std::string_view name) { take_top(name); });
@@ -290,8 +301,9 @@ std::string keys_of(const lysc_node* list, std::string_view entry) {
 
 }  // namespace
 
-std::optional<CutDocument> cut_document(const ly_ctx* context, std::string_view text) {
-  return judges_across(context) ? std::nullopt : Cutter(context, text).cut();
+std::optional<CutDocument> cut_document(const ly_ctx* context, std::string_view text,
+                                        std::span<const JsonBrackets> brackets) {
+  return judges_across(context) ? std::nullopt : Cutter(context, text, brackets).cut();
 }
 
 void join_entries(const CutList& list, size_t first, size_t count, std::string& text) {

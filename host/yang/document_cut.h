@@ -4,9 +4,12 @@
 #include <libyang/libyang.h>
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "host/yang/document_check.h"
 
 namespace oclacp::host {
 
@@ -26,10 +29,11 @@ struct CutDocument {
   std::vector<CutList> lists;
 };
 
-// Cuts a document (document_check.h) at the first list of state below each top node. Nothing where pieces could not be
-// judged like the whole: when a schema of the context judges across the tree (must, when, references), or when the
-// document is not written in the plainest way. Linear in the text.
-std::optional<CutDocument> cut_document(const ly_ctx* context, std::string_view text);
+// Cuts a document, whose outer brackets are known (document_check.h), at the first list of state below each top node.
+// Nothing where pieces could not be judged like the whole: when a schema of the context judges across the tree (must,
+// when, references), or when the document is not written in the plainest way. Linear in the text.
+std::optional<CutDocument> cut_document(const ly_ctx* context, std::string_view text,
+                                        std::span<const JsonBrackets> brackets);
 
 // Makes `text` a document of some of a list's entries.
 void join_entries(const CutList& list, size_t first, size_t count, std::string& text);

@@ -9,8 +9,8 @@
 namespace oclacp::host {
 namespace {
 
-// How many list entries libyang reads at a time. More of them leave the caches of the processor.
-constexpr size_t kEntriesInPiece = 8;
+// How many list entries libyang reads at a time. What is made of more of them leaves the caches of the processor.
+constexpr size_t kEntriesInPiece = 2;
 // Entries with nothing but their keys.
 constexpr size_t kKeysInPiece = 64;
 
@@ -70,7 +70,7 @@ NativeDocument::NativeDocument(const ly_ctx* context, std::string text, std::str
                                DataKind kind)
     : context_(context), text_(std::move(text)), subject_(std::move(subject)), validation_(validation), kind_(kind) {
   // libyang takes an empty file for an empty configuration and does not look behind the end of a document.
-  check_json_document(text_, subject_);
+  brackets_ = check_json_document(text_, subject_);
 }
 
 const lyd_node* NativeDocument::whole() const {
@@ -116,7 +116,8 @@ TreePtr NativeDocument::parse_piece(const std::string& text, uint32_t options) c
 const lyd_node* NativeDocument::without_lists() const {
   if (!is_cut_) {
     is_cut_ = true;
-    cut_ = cut_document(context_, text_);
+    cut_ = cut_document(context_, text_, brackets_);
+    brackets_ = {};
     rest_ = cut_ ? parse_piece(cut_->rest, 0) : nullptr;
   }
   return whole_ ? nullptr : rest_.get();

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/yang/data_check.h"
+#include "host/yang/document_check.h"
 #include "host/yang/document_cut.h"
 #include "host/yang/libyang_ptr.h"
 
@@ -54,6 +55,7 @@ class NativeDocument {
   DataKind kind_;
   mutable std::optional<TreePtr> whole_;
   // Of the document in pieces, once it was asked for.
+  mutable std::vector<JsonBrackets> brackets_;  // empty afterwards
   mutable bool is_cut_ = false;
   mutable std::optional<CutDocument> cut_;
   mutable TreePtr rest_;
