@@ -27,6 +27,7 @@
 #include "host/present/answer_writer.h"
 #include "host/translation/translator.h"
 #include "host/yang/libyang_ptr.h"
+#include "host/yang/tree_printer.h"
 
 namespace bench {
 namespace {

@@ -7,6 +7,7 @@
 #include "cli/locations.h"
 #include "host/present/answer_writer.h"
 #include "host/present/trace_tree.h"
+#include "host/yang/tree_printer.h"
 
 namespace oclacp::cli {
 namespace {
@@ -103,7 +104,7 @@ void warn_omitted_leaves(const host::Answer& answer) {
 
 void print(const std::string& text) {
   if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
-    throw host::Error("the result cannot be written to the standard output");
+    throw host::Error(host::ErrorKind::kOperationFailed, "the result cannot be written to the standard output");
   }
 }
 

@@ -68,7 +68,8 @@ void edit(host::Translator& translator, EditArguments& arguments) {
   if (arguments.options.is_dry_run) {
     print(planned.native_edit + planned.difference);
   } else if (planned.changes_something()) {
-    throw host::Error(arguments.device + ": the edit would change " + planned.first_change);
+    throw host::Error(host::ErrorKind::kOperationFailed,
+                      arguments.device + ": the edit would change " + planned.first_change);
   }
 }
 

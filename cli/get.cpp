@@ -64,11 +64,12 @@ void get(host::Translator& translator, const host::DeviceSnapshot& device, GetAr
   if (arguments.format != AnswerFormat::kTable || !answer.data.is_empty() || warnings.empty()) {
     show(translator, answer, arguments.format);
   }
-  for (const std::string& failure : answer.failures) {
-    std::cerr << "oclacp: " << failure << '\n';
+  for (const host::Error& failure : answer.failures) {
+    std::cerr << "oclacp: " << failure.what() << '\n';
   }
   if (!answer.failures.empty()) {
-    throw host::Error(arguments.device + ": " + std::to_string(answer.failures.size()) + " left out of the answer");
+    throw host::Error(host::ErrorKind::kOperationFailed,
+                      arguments.device + ": " + std::to_string(answer.failures.size()) + " left out of the answer");
   }
 }
 

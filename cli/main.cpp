@@ -1,10 +1,12 @@
 // The program oclacp.
 //
-// Exit status: 0 done, 1 refused or failed (one sentence on the standard error), 2 usage.
+// Exit status: 0 done, 2 usage; else, with one sentence on the standard error, that of the error's kind
+// (host/base/error.cpp): 1, but 3 when data exists that must not, 4 when data is missing, 5 when something is busy.
 #include <CLI/CLI.hpp>
 #include <csignal>
 #include <exception>
 #include <iostream>
+#include <new>
 #include <string>
 
 #include "cli/edit.h"
@@ -17,7 +19,12 @@
 namespace oclacp::cli {
 namespace {
 
-enum ExitStatus { kDone = 0, kFailed = 1, kUsage = 2 };
+enum ExitStatus { kDone = 0, kUsage = 2 };
+
+int report(host::ErrorKind kind, const char* sentence) {
+  std::cerr << "oclacp: " << sentence << '\n';
+  return host::error_report(kind).exit_status;
+}
 
 int run(int argc, char** argv) {
   CLI::App app("openconfig-lacp on top of native bundle and LACP models", "oclacp");
@@ -44,10 +51,14 @@ int run(int argc, char** argv) {
 int main(int argc, char** argv) {
   // A file that grows beyond the process's limit is a failed write, which is told like any other.
   static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
+  using namespace oclacp;
   try {
-    return oclacp::cli::run(argc, argv);
-  } catch (const std::exception& failure) {
-    std::cerr << "oclacp: " << failure.what() << '\n';
-    return oclacp::cli::kFailed;
+    return cli::run(argc, argv);
+  } catch (const host::Error& error) {
+    return cli::report(error.kind(), error.what());
+  } catch (const std::bad_alloc&) {
+    return cli::report(host::ErrorKind::kOutOfMemory, "out of memory");
+  } catch (const std::exception& error) {
+    return cli::report(host::ErrorKind::kInternal, error.what());
   }
 }

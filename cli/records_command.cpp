@@ -5,9 +5,11 @@
 
 #include "cli/command.h"
 #include "cli/locations.h"
+#include "host/devices/interface_table.h"
 #include "host/devices/open_device.h"
 #include "host/files/read_file.h"
 #include "host/records/record_printer.h"
+#include "host/translation/record_registration.h"
 #include "host/translation/translator.h"
 
 namespace oclacp::cli {
@@ -16,7 +18,7 @@ namespace {
 const host::Bag& bag_named(const host::RecordRegistry& registry, const std::string& name) {
   const host::Bag* bag = registry.find(name);
   if (bag == nullptr) {
-    throw host::Error(name + ": no such bag; `oclacp records list` shows all");
+    throw host::Error(host::ErrorKind::kInvalidValue, name + ": no such bag; `oclacp records list` shows all");
   }
   return *bag;
 }

@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <string>
 
+#include "host/base/error.h"
 #include "host/records/record_printer.h"
 #include "oclacp/records.h"
 

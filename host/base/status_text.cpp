@@ -2,42 +2,61 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace oclacp::host {
 namespace {
 
+struct Status {
+  cerrno code;
+  ErrorKind kind;
+  const char* text;
+};
+
 // clang-format off
-constexpr std::array<std::pair<cerrno, const char*>, 20> kTexts = {{
-    {YFW_OK,                   "done"},
-    {YFW_INVALID_ARGUMENTS,    "a container that is deleted may not name children"},
-    {YFW_MALFORMED_TREE,       "the list entry names no keys"},
-    {YFW_UNSUPPORTED_NODE,     "not supported by this mapping"},
-    {YFW_BAD_LIST_KEY,         "the list entry must name its key exactly once, with a value"},
-    {YFW_LIST_KEY_DELETED,     "a list key cannot be deleted; the list entry can"},
-    {YFW_SKIP_SUBTREE,         "skipped"},
-    {YFW_UNKNOWN_AUGMENT,      "augmented by a module that this mapping does not know"},
-    {YFW_UNSUPPORTED_INTERVAL, "the period must be FAST or SLOW"},
-    {YFW_NOTHING_TO_DELETE,    "nothing to delete: the device has no LACP configuration for this interface"},
-    {SYSDB_LIBRARY_MISSING,    "the data store's library is not present"},
-    {kUnknownPath,             "no such native node"},
-    {kMissingValue,            "the leaf needs a value"},
-    {kKeyDisagrees,            "the list key differs from the leaf that it refers to"},
-    {kTextTooLong,             "a value is too long"},
-    {kTextMissing,             "a value is missing"},
-    {kNotFound,                "not found"},
-    {kBadQuery,                "the data store cannot answer this query"},
-    {kBadDescriptor,           "the record descriptor is malformed"},
-    {kRegistryMisused,         "the registration of records is out of order"},
-}};
+constexpr std::array kStatuses = {
+    Status{YFW_OK,                   ErrorKind::kInternal,              "done"},
+    Status{YFW_INVALID_ARGUMENTS,    ErrorKind::kOperationNotSupported, "a container that is deleted may not name children"},
+    Status{YFW_MALFORMED_TREE,       ErrorKind::kMissingElement,        "the list entry names no keys"},
+    Status{YFW_UNSUPPORTED_NODE,     ErrorKind::kOperationNotSupported, "not supported by this mapping"},
+    Status{YFW_BAD_LIST_KEY,         ErrorKind::kMissingElement,
+           "the list entry must name its key exactly once, with a value"},
+    Status{YFW_LIST_KEY_DELETED,     ErrorKind::kOperationNotSupported, "a list key cannot be deleted; the list entry can"},
+    Status{YFW_SKIP_SUBTREE,         ErrorKind::kInternal,              "skipped"},
+    Status{YFW_UNKNOWN_AUGMENT,      ErrorKind::kUnknownNamespace,
+           "augmented by a module that this mapping does not know"},
+    Status{YFW_UNSUPPORTED_INTERVAL, ErrorKind::kInvalidValue,          "the interval must be FAST or SLOW"},
+    Status{YFW_NOTHING_TO_DELETE,    ErrorKind::kDataMissing,
+           "nothing to delete: the device has no LACP configuration for this interface"},
+    Status{SYSDB_LIBRARY_MISSING,    ErrorKind::kOperationFailed,       "the data store's library is not present"},
+    Status{kUnknownPath,             ErrorKind::kInternal,              "no such native node"},
+    Status{kMissingValue,            ErrorKind::kInvalidValue,          "the leaf needs a value"},
+    Status{kKeyDisagrees,            ErrorKind::kInvalidValue,          "the list key differs from the leaf that it refers to"},
+    Status{kTextTooLong,             ErrorKind::kInvalidValue,          "a value is too long"},
+    Status{kTextMissing,             ErrorKind::kInvalidValue,          "a value is missing"},
+    Status{kNotFound,                ErrorKind::kInternal,              "not found"},
+    Status{kBadQuery,                ErrorKind::kInternal,              "the data store cannot answer this query"},
+    Status{kBadDescriptor,           ErrorKind::kInternal,              "the record descriptor is malformed"},
+    Status{kRegistryMisused,         ErrorKind::kInternal,              "the registration of records is out of order"},
+};
 // clang-format on
 
-}  // namespace
-}  // namespace oclacp::host
-
-const char* cerr_strerror(cerrno status) {
-  const auto& texts = oclacp::host::kTexts;
+// Null for a code that nobody gives out.
+const Status* find(cerrno code) {
   const auto* found =
-      std::find_if(texts.begin(), texts.end(), [status](const auto& entry) { return entry.first == status; });
-  return found == texts.end() ? "unknown status" : found->second;
+      std::find_if(kStatuses.begin(), kStatuses.end(), [code](const Status& status) { return status.code == code; });
+  return found == kStatuses.end() ? nullptr : found;
 }
+
+}  // namespace
+
+const char* status_text(cerrno status) {
+  const Status* found = find(status);
+  return found == nullptr ? "unknown status" : found->text;
+}
+
+ErrorKind status_kind(cerrno status) {
+  const Status* found = find(status);
+  return found == nullptr ? ErrorKind::kInternal : found->kind;
+}
+
+}  // namespace oclacp::host

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "host/base/contract.h"
+#include "host/base/error.h"
 
 namespace oclacp::host {
 
@@ -24,5 +25,11 @@ inline constexpr cerrno kBadQuery = 0x0c1a0008;
 inline constexpr cerrno kBadDescriptor = 0x0c1a0009;
 // The steps of a registration of records do not come in their order.
 inline constexpr cerrno kRegistryMisused = 0x0c1a000a;
+
+// What a status of the contract or of the host says, for a person. Never null.
+const char* status_text(cerrno status);
+
+// The kind of error that a status stands for when a walk ends with it.
+ErrorKind status_kind(cerrno status);
 
 }  // namespace oclacp::host

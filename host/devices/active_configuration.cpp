@@ -4,13 +4,14 @@
 #include <cstring>
 
 #include "host/base/interface_names.h"
+#include "host/yang/data_nodes.h"
 
 namespace oclacp::host {
 namespace {
 
 // Containers that libyang adds because the schema has them hold nothing.
 bool is_filled_container(const lyd_node* node) {
-  return node->schema->nodetype == LYS_CONTAINER && (node->flags & LYD_DEFAULT) == 0;
+  return node->schema->nodetype == LYS_CONTAINER && is_explicit(node);
 }
 
 void add_items(const lyd_node* above, const std::string& prefix, std::vector<std::string>& items) {

@@ -5,8 +5,11 @@
 
 #include "host/base/error.h"
 #include "host/trees/edit_nodes.h"
+#include "host/trees/node.h"
 #include "host/trees/operation.h"
 #include "host/trees/request_tree.h"
+#include "host/yang/data_nodes.h"
+#include "host/yang/libyang_error.h"
 
 namespace oclacp::host {
 namespace {
@@ -53,7 +56,7 @@ class Application {
     }
     lyd_node* copy = nullptr;
     if (lyd_dup_siblings(device.running(), nullptr, LYD_DUP_RECURSIVE | LYD_DUP_WITH_FLAGS, &copy) != LY_SUCCESS) {
-      throw Error(last_complaint(native_, "the running configuration"));
+      throw libyang_error(native_, "the running configuration");
     }
     tree_.reset(copy);
   }
@@ -73,7 +76,7 @@ class Application {
     const LY_ERR status = lyd_validate_all(&tree, native_, LYD_VALIDATE_NO_STATE, nullptr);
     tree_.reset(tree);
     if (status != LY_SUCCESS) {
-      throw Error("native " + last_complaint(native_, "the edited configuration"));
+      throw libyang_error(native_, "the edited configuration", "native ");
     }
     return std::move(tree_);
   }
@@ -88,7 +91,7 @@ class Application {
         return;
       case YFW_OPERATION_CREATE:
         if (existing != nullptr) {
-          refuse_native(node, "is there already");
+          refuse_native(ErrorKind::kDataExists, node, "is there already");
         }
         break;
       case YFW_OPERATION_REPLACE:
@@ -138,7 +141,7 @@ class Application {
 
   void remove(const EditNode& node, lyd_node* existing) {
     // A container that libyang adds because the schema has it holds nothing.
-    const bool exists = existing != nullptr && (existing->flags & LYD_DEFAULT) == 0;
+    const bool exists = existing != nullptr && is_explicit(existing);
     if (!exists && node.operation == YFW_OPERATION_DELETE) {
       refuse_missing(node);
     }
@@ -148,7 +151,7 @@ class Application {
   }
 
   [[noreturn]] static void refuse_missing(const EditNode& node) {
-    refuse_native(node, "cannot be deleted, the device has no such configuration");
+    refuse_native(ErrorKind::kDataMissing, node, "cannot be deleted, the device has no such configuration");
   }
 
   lyd_node* find(const EditNode& node, lyd_node* parent) {

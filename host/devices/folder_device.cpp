@@ -11,6 +11,7 @@
 #include "host/files/file_lock.h"
 #include "host/files/read_file.h"
 #include "host/yang/native_document.h"
+#include "host/yang/tree_printer.h"
 
 namespace oclacp::host {
 namespace {
@@ -65,7 +66,7 @@ struct FolderDevice::Platform {
       described = described->next;
     }
     if (described == nullptr) {
-      throw Error(file + ": describes no platform");
+      throw file_error(ErrorKind::kOperationFailed, file, "describes no platform");
     }
     auto platform = std::make_shared<Platform>();
     for (const lyd_node* child = lyd_child(described); child != nullptr; child = child->next) {
@@ -177,7 +178,8 @@ std::shared_ptr<const DeviceSnapshot> FolderDevice::snapshot() {
   std::error_code trouble;
   if (!fs::is_directory(folder_, trouble)) {
     const bool is_hidden = trouble == std::errc::permission_denied;
-    throw Error(folder_ + (is_hidden ? ": " + trouble.message() : ": no such device directory"));
+    throw file_error(is_hidden ? ErrorKind::kAccessDenied : ErrorKind::kOperationFailed, folder_,
+                     is_hidden ? trouble.message() : "no such device directory");
   }
   std::shared_ptr<const Platform> platform =
       platform_.get([this](const std::string& text) { return Platform::parse(native_, platform_.file(), text); });
@@ -203,13 +205,14 @@ std::vector<std::string> FolderDevice::commit(const DeviceLock& lock, const Devi
                                               const CommitOptions& /*options*/) {
   const auto* held = dynamic_cast<const FolderLock*>(&lock);
   if (held == nullptr || &lock.device() != this) {
-    throw Error(folder_ + ": cannot be changed under the lock of another device");
+    throw file_error(ErrorKind::kInternal, folder_, "cannot be changed under the lock of another device");
   }
   if (find_file(running_.file()) != held->file()) {
-    throw Error(running_.file() + ": became a link to another file meanwhile, and stays as it is");
+    throw file_error(ErrorKind::kInUse, running_.file(), "became a link to another file meanwhile, and stays as it is");
   }
   if (snapshot()->version().configuration != base.version().configuration) {
-    throw Error(running_.file() + ": was changed by another program meanwhile, and stays as it is");
+    throw file_error(ErrorKind::kInUse, running_.file(),
+                     "was changed by another program meanwhile, and stays as it is");
   }
   const std::string text = print_tree(native_, running.get(), LYD_JSON);
   const std::optional<FileVersion> version = replace_file(held->file(), text);

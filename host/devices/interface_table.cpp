@@ -26,4 +26,11 @@ std::string_view InterfaceTable::display_name(std::string_view name) const {
   return found == display_names_.end() ? name : found->second;
 }
 
+// A handle is the interface's number in the inventory, from 1.
+std::function<std::string(std::uint32_t handle)> interface_names(const DeviceSnapshot& device) {
+  return [inventory = device.interfaces()](std::uint32_t handle) {
+    return handle == 0 || handle > inventory.size() ? std::string() : inventory[handle - 1].name;
+  };
+}
+
 }  // namespace oclacp::host

@@ -1,11 +1,14 @@
 // The interfaces of a device by name.
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "host/base/export.h"
 #include "host/devices/active_configuration.h"
 #include "host/devices/device.h"
 
@@ -28,5 +31,9 @@ class InterfaceTable {
   std::unordered_map<std::string, uint32_t> numbers_;
   std::unordered_map<std::string, std::string_view> display_names_;
 };
+
+// The names of a device's interfaces, by the handles that the host's interface manager gives out; empty for another
+// handle. Copies the names.
+OCLACP_HOST_API std::function<std::string(std::uint32_t handle)> interface_names(const DeviceSnapshot& device);
 
 }  // namespace oclacp::host

@@ -16,7 +16,7 @@ std::unique_ptr<Device> open_device(const ly_ctx* native, const std::string& nam
   }
   if (name.starts_with(kNamespaceOfLinux)) {
     if (name == kNamespaceOfLinux) {
-      throw Error(name + ": names no network namespace");
+      throw Error(ErrorKind::kInvalidValue, name + ": names no network namespace");
     }
     return std::make_unique<LinuxDevice>(native, name.substr(kNamespaceOfLinux.size()));
   }

@@ -47,10 +47,10 @@ std::unique_ptr<DeviceLock> StagedDevice::lock(const LockOptions& /*options*/) {
 std::vector<std::string> StagedDevice::commit(const DeviceLock& lock, const DeviceSnapshot& base, TreePtr running,
                                               const CommitOptions& /*options*/) {
   if (&lock.device() != this) {
-    throw Error(name() + ": cannot be changed under the lock of another device");
+    throw Error(ErrorKind::kInternal, name() + ": cannot be changed under the lock of another device");
   }
   if (base.version() != snapshot()->version()) {
-    throw Error(name() + ": the edit was made from an earlier configuration, and is left out");
+    throw Error(ErrorKind::kInUse, name() + ": the edit was made from an earlier configuration, and is left out");
   }
   staged_ = std::make_shared<const Snapshot>(base_, std::move(running), ++commits_);
   return {};
@@ -63,7 +63,8 @@ std::vector<std::string> StagedDevice::apply(const DeviceLock& lock, const Commi
   lyd_node* running = nullptr;
   if (staged_->running() != nullptr &&
       lyd_dup_siblings(staged_->running(), nullptr, LYD_DUP_RECURSIVE | LYD_DUP_WITH_FLAGS, &running) != LY_SUCCESS) {
-    throw Error(name() + ": no memory is left for a copy of the configuration, and nothing is changed");
+    throw Error(ErrorKind::kOutOfMemory,
+                name() + ": no memory is left for a copy of the configuration, and nothing is changed");
   }
   std::vector<std::string> told = below_.commit(lock, *base_, TreePtr(running), options);
   base_ = below_.snapshot();

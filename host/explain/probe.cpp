@@ -9,8 +9,10 @@
 #include "host/translation/run_walker.h"
 #include "host/trees/answer_builder.h"
 #include "host/trees/native_tree.h"
+#include "host/trees/node.h"
 #include "host/trees/output_log.h"
 #include "host/trees/path_request.h"
+#include "host/yang/libyang_error.h"
 #include "host/yang/path_text.h"
 #include "host/yang/schema_nodes.h"
 
@@ -96,7 +98,7 @@ void add_leaves(ProbeResult& result, const OutputLog& log, AnswerNode node) {
 TreePtr make_tree(const ly_ctx* context, const std::string& path, const char* value) {
   lyd_node* top = nullptr;
   if (lyd_new_path(nullptr, context, path.c_str(), value, 0, &top) != LY_SUCCESS) {
-    throw Error(last_complaint(context, path));
+    throw libyang_error(context, path);
   }
   return TreePtr(top);
 }
@@ -175,7 +177,7 @@ ProbeResult Probe::run_native(const lyd_node* data, const DeviceSnapshot& device
   OutputLog log(openconfig_.index, false);
   NativeTree tree(data, nullptr);
   if (const auto failure = walk_native(walker, tree.top(), YFW_REQUEST_READ_STATE, log, {}); failure) {
-    return refused(*failure);
+    return refused(failure->what());
   }
   ProbeResult result;
   AnswerBuilder answer(openconfig_);

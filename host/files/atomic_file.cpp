@@ -22,8 +22,9 @@ std::string cleared_place(const std::string& file) {
   struct stat left {};
   if (lstat(name.c_str(), &left) == 0) {
     if (!S_ISREG(left.st_mode)) {
-      throw Error(name + ": is no regular file, and in the way of the new content of " + file +
-                  ", which stays as it is");
+      throw file_error(
+          ErrorKind::kOperationFailed, name,
+          "is not a regular file, and in the way of the new content of " + file + ", which stays as it is");
     }
     // A failure shows when the name is taken.
     static_cast<void>(unlink(name.c_str()));
@@ -79,7 +80,7 @@ class Aside {
  private:
   void check(bool went_well) const {
     if (!went_well) {
-      throw Error(file_ + ": cannot be replaced and stays as it is: " + std::strerror(errno));
+      throw system_error(errno, file_, "cannot be replaced and stays as it is: ");
     }
   }
 
@@ -94,7 +95,7 @@ void make_names_durable(const std::string& file) {
   const std::filesystem::path folder = std::filesystem::path(file).parent_path();
   const FileDescriptor descriptor(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!descriptor.is_open() || fsync(descriptor.number()) != 0) {
-    throw Error(file + ": is replaced, but may be the old one again if the power fails: " + std::strerror(errno));
+    throw system_error(errno, file, "is replaced, but may be the old one again if the power fails: ");
   }
 }
 

@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <fstream>
 #include <map>
 #include <mutex>
@@ -124,18 +123,19 @@ FileLock::FileLock(const std::string& path, const LockOptions& options)
     : file_(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
   if (!file_.is_open()) {
     const bool is_missing = errno == ENOENT || errno == ENOTDIR;
-    throw Error(path + (is_missing ? ": no such device directory"
-                                   : std::string(": cannot be opened: ") + std::strerror(errno)));
+    throw is_missing ? file_error(ErrorKind::kOperationFailed, path, "no such device directory")
+                     : system_error(errno, path, "cannot be opened: ");
   }
   if (take_within(file_.number(), options.longest_wait)) {
     owners().add(id_of(file_.number()), options.owner);
     return;
   }
   if (errno != EWOULDBLOCK) {
-    throw Error(path + ": cannot be locked: " + std::strerror(errno));
+    throw system_error(errno, path, "cannot be locked: ");
   }
-  throw Error(path + ": the device is busy: " + describe_holder(id_of(file_.number())) + " has held it for " +
-              seconds_of(options.longest_wait));
+  throw file_error(ErrorKind::kLockDenied, path,
+                   "the device is busy: " + describe_holder(id_of(file_.number())) + " has held it for " +
+                       seconds_of(options.longest_wait));
 }
 
 FileLock::~FileLock() {

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstring>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -42,7 +41,7 @@ std::vector<fs::path> places_of(const std::string& file) {
 FileWatch::FileWatch(std::vector<std::string> files)
     : files_(std::move(files)), versions_(files_.size()), events_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
   if (!events_.is_open()) {
-    throw Error(files_.front() + ": cannot be watched: " + std::strerror(errno));
+    throw system_error(errno, files_.front(), "cannot be watched: ");
   }
   watch_folders();
   std::transform(files_.begin(), files_.end(), versions_.begin(),
@@ -59,7 +58,7 @@ void FileWatch::watch_folders() {
       if (watch >= 0) {
         names_[watch].push_back(place.filename());
       } else if (errno == ENOSPC || errno == ENOMEM) {
-        throw Error(file + ": cannot be watched: " + std::strerror(errno));
+        throw system_error(errno, file, "cannot be watched: ");
       }
     }
   }

@@ -18,7 +18,7 @@ namespace oclacp::host {
 namespace {
 
 [[noreturn]] void refuse(const std::string& file) {
-  throw Error(file + ": " + std::strerror(errno));
+  throw system_error(errno, file);
 }
 
 using std::chrono::milliseconds;
@@ -59,7 +59,7 @@ FilePtr open_regular_file(const std::string& file) {
     refuse(file);
   }
   if (!S_ISREG(status.st_mode)) {
-    throw Error(file + ": is no regular file");
+    throw file_error(ErrorKind::kOperationFailed, file, "is not a regular file");
   }
   return stream;
 }
@@ -131,7 +131,7 @@ std::string read_stable_file(const std::string& file) {
     was_empty = text.empty();
     std::this_thread::sleep_for(kTick);
   }
-  throw Error(file + ": is written all the time, and cannot be read meanwhile");
+  throw file_error(ErrorKind::kInUse, file, "still being written after 2 s; not read");
 }
 
 }  // namespace oclacp::host

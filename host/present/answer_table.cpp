@@ -12,6 +12,8 @@
 #include <utility>
 #include <vector>
 
+#include "host/yang/data_nodes.h"
+
 namespace oclacp::host {
 namespace {
 

@@ -8,6 +8,8 @@
 #include <cstring>
 #include <utility>
 
+#include "host/base/error.h"
+
 namespace oclacp::host {
 namespace {
 
@@ -186,18 +188,11 @@ class Decoder {
 
 }  // namespace
 
-// A handle is the interface's number in the inventory, from 1.
-InterfaceNames interface_names(const DeviceSnapshot& device) {
-  return [inventory = device.interfaces()](std::uint32_t handle) {
-    return handle == 0 || handle > inventory.size() ? std::string() : inventory[handle - 1].name;
-  };
-}
-
 DecodedField decode_record(const Bag& bag, std::string_view bytes, const InterfaceNames& interfaces) {
   const RecordType& top = bag.schema.top();
   if (bytes.size() != top.size) {
-    throw Error(bag.name + ": a record has " + std::to_string(top.size) + " bytes, not " +
-                (bytes.size() < top.size ? std::to_string(bytes.size()) : "more"));
+    throw Error(ErrorKind::kInvalidValue, bag.name + ": a record has " + std::to_string(top.size) + " bytes, not " +
+                                              (bytes.size() < top.size ? std::to_string(bytes.size()) : "more"));
   }
   return Decoder(bag.schema, bytes, interfaces).record(top, 0);
 }

@@ -8,7 +8,6 @@
 #include <vector>
 
 #include "host/base/export.h"
-#include "host/devices/device.h"
 #include "host/records/record_registry.h"
 
 namespace oclacp::host {
@@ -37,9 +36,6 @@ struct DecodedField {
 
 // The name of the interface with a handle; empty when it is not known.
 using InterfaceNames = std::function<std::string(std::uint32_t handle)>;
-
-// The names of a device's interfaces, by the handles that the host's interface manager gives out. Copies them.
-OCLACP_HOST_API InterfaceNames interface_names(const DeviceSnapshot& device);
 
 // Decodes one record of a bag. The bytes are as in the memory of the machine that runs this: numbers in its byte order,
 // addresses (MAC, IPv4, IPv6) in network order. Of a union, the arm that its discriminator chooses is decoded; none

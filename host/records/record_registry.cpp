@@ -5,6 +5,7 @@
 #include <cstring>
 #include <utility>
 
+#include "host/base/error.h"
 #include "host/base/status_text.h"
 
 namespace oclacp::host {
@@ -14,12 +15,12 @@ namespace {
 RecordSchema read_schema(const char* text, RecordSchema::Form form) {
   const char* which = form == RecordSchema::Form::kFull ? "full schema" : "compact schema";
   if (text == nullptr) {
-    throw Error(std::string("no ") + which);
+    throw Error(ErrorKind::kInternal, std::string("no ") + which);
   }
   try {
     return {text, form};
   } catch (const Error& error) {
-    throw Error(std::string(which) + ": " + error.what());
+    throw Error(ErrorKind::kInternal, std::string(which) + ": " + error.what());
   }
 }
 
@@ -30,10 +31,10 @@ void check_same_records(const RecordSchema& full, const RecordSchema& compact) {
       std::mismatch(one.begin(), one.end(), other.begin(), other.end(),
                     [](const auto& type, const auto& same) { return same_but_for_names(type, same); });
   if (difference != one.end()) {
-    throw Error(type_name(difference->number) + " differs between the two schemas");
+    throw Error(ErrorKind::kInternal, type_name(difference->number) + " differs between the two schemas");
   }
   if (end != other.end()) {
-    throw Error(type_name(end->number) + " is in the compact schema only");
+    throw Error(ErrorKind::kInternal, type_name(end->number) + " is in the compact schema only");
   }
 }
 
@@ -41,11 +42,12 @@ void check_same_records(const RecordSchema& full, const RecordSchema& compact) {
 void check_record(std::uint64_t size, const std::uint64_t* offsets, const RecordType& type) {
   const std::string where = "layout of " + type_name(type.number) + ": ";
   if (size != type.size) {
-    throw Error(where + std::to_string(size) + " bytes, while its fields take " + std::to_string(type.size));
+    throw Error(ErrorKind::kInternal,
+                where + std::to_string(size) + " bytes, while its fields take " + std::to_string(type.size));
   }
   const bool has_offsets = !type.is_bare() || type.fields.front().type.kind != FieldKind::kBytes;
   if (has_offsets != (offsets != nullptr)) {
-    throw Error(where + (has_offsets ? "it has no offsets" : "raw bytes have no offsets"));
+    throw Error(ErrorKind::kInternal, where + (has_offsets ? "it has no offsets" : "raw bytes have no offsets"));
   }
   for (std::size_t i = 0; has_offsets && i < type.fields.size(); ++i) {
     const RecordField& field = type.fields[i];
@@ -54,28 +56,30 @@ void check_record(std::uint64_t size, const std::uint64_t* offsets, const Record
     }
     const std::string which = "field " + std::to_string(i + 1) + " at offset " + std::to_string(offsets[i]);
     if (offsets[i] >= size || field.type.size > size - offsets[i]) {
-      throw Error(where + which + " lies outside of the record's " + std::to_string(size) + " bytes");
+      throw Error(ErrorKind::kInternal,
+                  where + which + " lies outside of the record's " + std::to_string(size) + " bytes");
     }
-    throw Error(where + which + ", while its fields put it at " + std::to_string(field.offset));
+    throw Error(ErrorKind::kInternal, where + which + ", while its fields put it at " + std::to_string(field.offset));
   }
 }
 
 void check_layout(const bag_layout* layout, const RecordSchema& schema) {
   if (layout == nullptr) {
-    throw Error("no layout table");
+    throw Error(ErrorKind::kInternal, "no layout table");
   }
   const std::uint64_t further_count = schema.types().size() - 1;
   if (layout->further_count != further_count) {
-    throw Error("the layout table has " + std::to_string(layout->further_count) +
-                " further record types, while the schemas have " + std::to_string(further_count));
+    throw Error(ErrorKind::kInternal, "the layout table has " + std::to_string(layout->further_count) +
+                                          " further record types, while the schemas have " +
+                                          std::to_string(further_count));
   }
   check_record(layout->size, layout->offsets, schema.top());
   const auto* further = reinterpret_cast<const bag_further_record*>(layout + 1);
   for (std::size_t i = 0; i < further_count; ++i) {
     const RecordType& type = schema.types()[i + 1];
     if (further[i].type_number != type.number) {
-      throw Error("the layout table has " + type_name(further[i].type_number) + " where the schemas have " +
-                  type_name(type.number));
+      throw Error(ErrorKind::kInternal, "the layout table has " + type_name(further[i].type_number) +
+                                            " where the schemas have " + type_name(type.number));
     }
     check_record(further[i].size, further[i].offsets, type);
   }
@@ -89,13 +93,13 @@ bool is_name(const char* text) {
 // Reads a descriptor whose name is known to be one.
 Bag read_descriptor(const bag_descriptor& descriptor) {
   if (descriptor.version != BAG_DESCRIPTOR_VERSION) {
-    throw Error("descriptor version " + std::to_string(descriptor.version) + " is not supported");
+    throw Error(ErrorKind::kInternal, "descriptor version " + std::to_string(descriptor.version) + " is not supported");
   }
   if (descriptor.format != BAG_DESCRIPTOR_FORMAT) {
-    throw Error("descriptor format " + std::to_string(descriptor.format) + " is not supported");
+    throw Error(ErrorKind::kInternal, "descriptor format " + std::to_string(descriptor.format) + " is not supported");
   }
   if (descriptor.owner_library == nullptr || *descriptor.owner_library == '\0') {
-    throw Error("no owner library");
+    throw Error(ErrorKind::kInternal, "no owner library");
   }
   RecordSchema full = read_schema(descriptor.full_schema, RecordSchema::Form::kFull);
   check_same_records(full, read_schema(descriptor.compact_schema, RecordSchema::Form::kCompact));
@@ -109,6 +113,11 @@ Bag read_descriptor(const bag_descriptor& descriptor) {
 cerrno RecordRegistry::fail(cerrno status, std::string reason) {
   reason_ = std::move(reason);
   return status;
+}
+
+RecordRegistry& RecordRegistry::of_process() {
+  static RecordRegistry registry;
+  return registry;
 }
 
 cerrno RecordRegistry::start() {
@@ -127,7 +136,7 @@ cerrno RecordRegistry::add(const bag_descriptor* descriptor) {
   const bool is_named = descriptor != nullptr && descriptor->name != nullptr && is_name(descriptor->name);
   try {
     if (!is_named) {
-      throw Error("no name of letters, digits and underscores");
+      throw Error(ErrorKind::kInternal, "no name of letters, digits and underscores");
     }
     Bag bag = read_descriptor(*descriptor);
     check_against_known(bag);
@@ -145,12 +154,12 @@ void RecordRegistry::check_against_known(const Bag& bag) const {
   for (const auto* known : {&bags_, &added_}) {
     for (const Bag& other : *known) {
       if (other.name == bag.name) {
-        throw Error("registered already");
+        throw Error(ErrorKind::kInternal, "registered already");
       }
       for (const RecordType& type : bag.schema.types()) {
         const RecordType* same = other.schema.find(type.number);
         if (same != nullptr && !same_but_for_names(type, *same)) {
-          throw Error(type_name(type.number) + " is another record than in " + other.name);
+          throw Error(ErrorKind::kInternal, type_name(type.number) + " is another record than in " + other.name);
         }
       }
     }

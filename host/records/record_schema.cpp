@@ -26,7 +26,7 @@ class SchemaReader {
 
  private:
   [[noreturn]] void refuse(const std::string& what) const {
-    throw Error("character " + std::to_string(at_ + 1) + ": " + what);
+    throw Error(ErrorKind::kInternal, "character " + std::to_string(at_ + 1) + ": " + what);
   }
 
   [[nodiscard]] char next() const { return at_ < text_.size() ? text_[at_] : '\0'; }
@@ -289,7 +289,7 @@ class Layout {
       return;
     }
     if (depth > kDeepestNesting) {
-      throw Error(type_name(record.number) + " is embedded too deep, or in itself");
+      throw Error(ErrorKind::kInternal, type_name(record.number) + " is embedded too deep, or in itself");
     }
     std::uint64_t size = 0;
     for (RecordField& field : record.fields) {
@@ -297,7 +297,7 @@ class Layout {
       field.offset = round_up(size, field.type.alignment);
       size = field.offset + field.type.size;
       if (size > kLargestRecord) {
-        throw Error(type_name(record.number) + " is too large");
+        throw Error(ErrorKind::kInternal, type_name(record.number) + " is too large");
       }
       record.alignment = std::max(record.alignment, field.type.alignment);
     }
@@ -327,7 +327,7 @@ class Layout {
   RecordType& known(std::uint32_t number) {
     RecordType* record = find(types_, number);
     if (record == nullptr) {
-      throw Error(type_name(number) + " is used and not defined");
+      throw Error(ErrorKind::kInternal, type_name(number) + " is used and not defined");
     }
     return *record;
   }
@@ -340,10 +340,10 @@ void check_order(const std::vector<RecordType>& types) {
   for (std::size_t i = 1; i < types.size(); ++i) {
     const std::uint32_t number = types[i].number;
     if (number == types.front().number) {
-      throw Error(type_name(number) + " is defined twice");
+      throw Error(ErrorKind::kInternal, type_name(number) + " is defined twice");
     }
     if (i > 1 && number <= types[i - 1].number) {
-      throw Error(type_name(number) + " is not in ascending order");
+      throw Error(ErrorKind::kInternal, type_name(number) + " is not in ascending order");
     }
   }
 }
@@ -353,7 +353,7 @@ void check_names(const RecordType& record) {
   std::set<std::string_view> names;
   for (const RecordField& field : record.fields) {
     if (!names.insert(field.name).second) {
-      throw Error(type_name(record.number) + " has two fields " + field.name);
+      throw Error(ErrorKind::kInternal, type_name(record.number) + " has two fields " + field.name);
     }
   }
 }
@@ -377,7 +377,7 @@ RecordSchema::RecordSchema(std::string_view text, Form form) : types_(SchemaRead
   const Layout layout(types_);
   for (const RecordType& type : types_) {
     if (type.size == 0) {
-      throw Error(type_name(type.number) + " is defined and not used");
+      throw Error(ErrorKind::kInternal, type_name(type.number) + " is defined and not used");
     }
     if (form == Form::kFull) {
       check_names(type);

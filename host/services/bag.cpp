@@ -1,29 +1,6 @@
-// The registry of the process: what a loaded module calls, and having it call that.
+// The registration of records.
 #include "host/base/contract.h"
 #include "host/records/record_registry.h"
-#include "host/translation/mapping_module.h"
-
-namespace oclacp::host {
-
-RecordRegistry& RecordRegistry::of_process() {
-  static RecordRegistry registry;
-  return registry;
-}
-
-const RecordRegistry& register_records_of(const std::string& module_file) {
-  const MappingModule module(module_file);
-  MappingModule::RecordRegistration* register_all = module.record_registration();
-  if (register_all == nullptr) {
-    throw Error(module_file + ": has no records");
-  }
-  const cerrno status = register_all();
-  if (status != YFW_OK) {
-    throw Error(RecordRegistry::of_process().reason());
-  }
-  return RecordRegistry::of_process();
-}
-
-}  // namespace oclacp::host
 
 using oclacp::host::RecordRegistry;
 

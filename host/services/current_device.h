@@ -46,7 +46,7 @@ class CurrentDevice {
   CurrentDevice* outer_;
   std::optional<ActiveConfiguration> configuration_;
   std::optional<InterfaceTable> interfaces_;
-  std::unordered_map<std::string, FoundItems> found_items_;
+  std::unordered_map<std::string, std::optional<FoundItems>> found_items_;
 };
 
 }  // namespace oclacp::host

@@ -1,7 +1,8 @@
-// What the data store answers to a search.
+// Searching the items of the data store.
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,5 +14,8 @@ struct FoundItems {
   std::string texts;
   std::vector<std::size_t> begins;
 };
+
+// The items whose whole text matches a POSIX extended regular expression; nothing when it is not one.
+std::optional<FoundItems> search_items(const std::vector<std::string>& items, const std::string& pattern);
 
 }  // namespace oclacp::host

@@ -1,9 +1,12 @@
 #include "host/services/mapping_context.h"
 
+#include <cstdlib>
 #include <cstring>
 #include <utility>
 
+#include "host/trees/node.h"
 #include "host/trees/request_tree.h"
+#include "host/yang/data_nodes.h"
 
 namespace oclacp::host {
 namespace {
@@ -33,7 +36,7 @@ MappingContext::MappingContext(uint32_t operation, OutputLog& output) : yfw_map_
 }
 
 MappingContext::~MappingContext() {
-  named_free(state_.error_tag);
+  std::free(state_.error_tag);  // from yfw_strdup()
 }
 
 bool MappingContext::is_edit() const {
@@ -81,9 +84,9 @@ void MappingContext::mark_error() {
   }
 }
 
-void MappingContext::refuse(const yfw_datatree* node, std::string reason) {
+void MappingContext::refuse(const yfw_datatree* node, ErrorKind kind, std::string reason) {
   if (!refused_) {
-    refused_ = Refused{node, std::move(reason)};
+    refused_ = Refused{node, kind, std::move(reason)};
   }
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/base/contract.h"
+#include "host/base/error.h"
 #include "host/trees/output_log.h"
 
 namespace oclacp::host {
@@ -61,9 +62,10 @@ class MappingContext final : public yfw_map_ctx_record {
   // fails even if the module ignores it.
   struct Refused {
     const yfw_datatree* node;
+    ErrorKind kind;
     std::string reason;
   };
-  void refuse(const yfw_datatree* node, std::string reason);
+  void refuse(const yfw_datatree* node, ErrorKind kind, std::string reason);
   [[nodiscard]] const std::optional<Refused>& refused() const { return refused_; }
 
  private:

@@ -1,7 +1,4 @@
-// The data-store client, and the probe for its library.
-#include <fcntl.h>
-#include <unistd.h>
-
+// The data-store client.
 #include <cstring>
 #include <string>
 
@@ -80,18 +77,4 @@ cerrno sysdb_list_next(sysdb_list_handle list, char** path, uint32_t* /*item_typ
 cerrno sysdb_list_free(sysdb_list_handle list) {
   delete list;
   return YFW_OK;
-}
-
-extern "C" {
-
-// Stands in front of the C library's for everything that is loaded after the host. The client's library counts as
-// present, since the client is this file; nothing has to be at its path. Every other question goes to the system.
-__attribute__((visibility("default"))) int access(const char* path, int mode) noexcept;
-
-int access(const char* path, int mode) noexcept {
-  if (std::strcmp(path, SYSDB_LIBRARY_PATH) == 0) {
-    return 0;
-  }
-  return faccessat(AT_FDCWD, path, mode, 0);
-}
 }

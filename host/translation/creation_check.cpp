@@ -3,7 +3,9 @@
 #include <cstring>
 
 #include "host/base/error.h"
+#include "host/trees/node.h"
 #include "host/trees/operation.h"
+#include "host/yang/data_nodes.h"
 
 namespace oclacp::host {
 namespace {
@@ -14,7 +16,7 @@ bool has_global_settings(const lyd_node* running) {
                                 std::strcmp(running->schema->module->name, "Talvo-Brin-QD-bundlemgr-cfg") != 0)) {
     running = running->next;
   }
-  return running != nullptr && (running->flags & LYD_DEFAULT) == 0;
+  return running != nullptr && is_explicit(running);
 }
 
 // Whether the device has what a list entry, a container or the name of an entry stands for.
@@ -68,7 +70,7 @@ void check_creations(RequestTree& tree, CurrentDevice& device) {
   for (const yfw_datatree& node : tree.nodes()) {
     const bool is_judged = is_inner(node) || is_key_or_key_target(&node);
     if (node.operation == YFW_OPERATION_CREATE && is_judged && exists(&node, device)) {
-      throw Error(node_path(&node) + ": cannot be created, the device has it already");
+      throw node_error(ErrorKind::kDataExists, node_path(&node), "cannot be created, the device has it already");
     }
   }
 }
@@ -76,7 +78,8 @@ void check_creations(RequestTree& tree, CurrentDevice& device) {
 void check_creations_set_something(RequestTree& tree) {
   for (const yfw_datatree& node : tree.nodes()) {
     if (node.operation == YFW_OPERATION_CREATE && is_inner(node) && !sets_something(node)) {
-      throw Error(node_path(&node) + ": cannot be created without a setting in it, the device would not have it");
+      throw node_error(ErrorKind::kMissingElement, node_path(&node),
+                       "cannot be created without a setting in it, the device would not have it");
     }
   }
 }
@@ -84,8 +87,8 @@ void check_creations_set_something(RequestTree& tree) {
 std::vector<std::string> find_entries_without_settings(RequestTree& tree, CurrentDevice& device) {
   std::vector<std::string> sentences;
   for (const yfw_datatree& node : tree.nodes()) {
-    if (info_of(&node).schema->nodetype == LYS_LIST && yfw_map_is_request_delete(&node) == 0 &&
-        !takes_something_away(node) && !sets_something(node) && !exists(&node, device)) {
+    if (info_of(&node).schema->nodetype == LYS_LIST && !is_deleted(&node) && !takes_something_away(node) &&
+        !sets_something(node) && !exists(&node, device)) {
       sentences.push_back(node_path(&node) + ": names no setting, the device will not have it");
     }
   }

@@ -5,6 +5,8 @@
 #include <algorithm>
 
 #include "host/base/error.h"
+#include "host/base/status_text.h"
+#include "host/services/current_device.h"
 
 namespace oclacp::host {
 namespace {
@@ -31,7 +33,8 @@ MappingModule::MappingModule(const std::string& file) {
   const std::string path = file.find('/') == std::string::npos ? "./" + file : file;
   library_.reset(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL));
   if (library_ == nullptr) {
-    throw Error("the mapping module cannot be loaded: " + std::string(dlerror()));
+    throw Error(ErrorKind::kOperationFailed, "the mapping module cannot be loaded: " + std::string(dlerror()),
+                {.path = {}, .file = file});
   }
   auto* initialise = find<cerrno()>("yfw_oclacp_init");
   auto* clean_up = find<void()>("yfw_oclacp_cleanup");
@@ -39,12 +42,13 @@ MappingModule::MappingModule(const std::string& file) {
   std::transform(kRegistrations.begin(), kRegistrations.end(), fill.begin(),
                  [this](const char* name) { return find<void(yfw_map_registration*)>(name); });
   if (initialise == nullptr || clean_up == nullptr || std::find(fill.begin(), fill.end(), nullptr) != fill.end()) {
-    throw Error(file + ": is no mapping module for openconfig-lacp");
+    throw file_error(ErrorKind::kOperationFailed, file, "is not a mapping module for openconfig-lacp");
   }
   // What was bound before an initialisation failed is unbound too.
   clean_up_.reset(clean_up);
   if (const cerrno status = initialise(); status != YFW_OK) {
-    throw Error(file + ": the mapping module does not start: " + cerr_strerror(status));
+    throw file_error(ErrorKind::kOperationFailed, file,
+                     std::string("the mapping module does not start: ") + status_text(status));
   }
   for (size_t index = 0; index < fill.size(); ++index) {
     fill[index](&registrations_[index]);
@@ -59,8 +63,10 @@ bool MappingModule::is_offered() const {
 
 void MappingModule::require_offer() const {
   if (!is_offered()) {
-    throw Error("platform type " + std::to_string(platform_get_router_type()) +
-                ": the mapping module does not offer openconfig-lacp on devices of this type");
+    const CurrentDevice* current = CurrentDevice::current();
+    throw Error(ErrorKind::kOperationNotSupported,
+                "platform type " + std::to_string(current == nullptr ? 0 : current->device().router_type()) +
+                    ": the mapping module does not offer openconfig-lacp on devices of this type");
   }
 }
 
@@ -75,7 +81,8 @@ MappingModule::LeafTables MappingModule::leaf_tables() const {
   const auto table = [this](const char* accessor) {
     auto* tell = find<oclacp_leaf_table()>(accessor);
     if (tell == nullptr) {
-      throw Error(std::string("the mapping module does not tell about its leaves: it has no ") + accessor);
+      throw Error(ErrorKind::kOperationFailed,
+                  std::string("the mapping module exports no leaf table: it has no ") + accessor);
     }
     return tell();
   };

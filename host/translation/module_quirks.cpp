@@ -6,6 +6,8 @@
 #include <unordered_set>
 
 #include "host/base/error.h"
+#include "host/base/status_text.h"
+#include "host/trees/node.h"
 #include "host/trees/operation.h"
 
 namespace oclacp::host {
@@ -36,7 +38,7 @@ void name_contents_of_bare_entries(RequestTree& read) {
 void use_entry_form_keys(RequestTree& edit, CurrentDevice& device) {
   for (yfw_datatree& node : edit.nodes()) {
     if (node.value != nullptr && lysc_is_key(info_of(&node).schema) && std::strchr(node.value, '/') != nullptr &&
-        yfw_map_is_request_delete(info_of(&node).parent) != 0 && device.configuration().has_lacp(node.value)) {
+        is_deleted(info_of(&node).parent) && device.configuration().has_lacp(node.value)) {
       node.value = device.configuration().element_of(node.value);
     }
   }
@@ -49,9 +51,9 @@ void check_nothing_added_below_deletes(RequestTree& edit) {
     }
     const yfw_datatree* entry = entry_around(info_of(&node).parent);
     if (entry != nullptr && deletes(entry->operation)) {
-      throw Error(node_path(&node) + ": cannot be " +
-                  (node.operation == YFW_OPERATION_CREATE ? "created" : "replaced") +
-                  " in a list entry that the request deletes");
+      throw node_error(ErrorKind::kOperationNotSupported, node_path(&node),
+                       std::string("cannot be ") + (node.operation == YFW_OPERATION_CREATE ? "created" : "replaced") +
+                           " in a list entry that the request deletes");
     }
   }
 }
@@ -73,7 +75,7 @@ AbsentEntries::AbsentEntries(RequestTree& edit, CurrentDevice& device) {
 
 void AbsentEntries::check_deleted() const {
   if (!deleted_.empty()) {
-    throw Error(node_path(deleted_.front()) + ": " + cerr_strerror(YFW_NOTHING_TO_DELETE));
+    throw node_error(ErrorKind::kDataMissing, node_path(deleted_.front()), status_text(YFW_NOTHING_TO_DELETE));
   }
 }
 

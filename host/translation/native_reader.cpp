@@ -1,6 +1,7 @@
 #include "host/translation/native_reader.h"
 
 #include "host/base/error.h"
+#include "host/trees/node.h"
 
 namespace oclacp::host {
 namespace {
@@ -64,15 +65,15 @@ bool NativeReader::is_unwanted(const NativeParts& parts, size_t branch, yfw_map_
 }
 
 // Nothing when it went well.
-std::optional<std::string> NativeReader::walk(yfw_map_walker walker, const yfw_datatree* top) {
+std::optional<Error> NativeReader::walk(yfw_map_walker walker, const yfw_datatree* top) {
   OutputLog output(context_.index, false);
-  if (std::optional<std::string> failure = walk_native(walker, top, operation_, output, sinks_)) {
+  if (std::optional<Error> failure = walk_native(walker, top, operation_, output, sinks_)) {
     return failure;
   }
   try {
     answer_.add(output);
   } catch (const Error& error) {
-    return error.what();
+    return error;
   }
   return std::nullopt;
 }
@@ -87,7 +88,7 @@ bool NativeReader::read_parts(const NativeParts& parts, yfw_map_walker walker) {
   const size_t branches_in_part = stops ? kEntriesInPart : 1;
   for (size_t first = 0; first == 0 || first < parts.branches().size(); first += branches_in_part) {
     NativeTree tree = parts.part(first, branches_in_part);
-    if (std::optional<std::string> failure = walk(walker, tree.top())) {
+    if (std::optional<Error> failure = walk(walker, tree.top())) {
       failures_.push_back(std::move(*failure));
       if (stops) {
         return false;

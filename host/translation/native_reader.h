@@ -7,6 +7,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "host/base/error.h"
 #include "host/translation/mapping_module.h"
 #include "host/translation/run_walker.h"
 #include "host/translation/translator.h"
@@ -64,7 +65,7 @@ class NativeReader {
   [[nodiscard]] std::vector<bool> find_wanted(const NativeParts& parts, yfw_map_walker walker) const;
   [[nodiscard]] yfw_map_walker walker_of(const lysc_node* top) const;
   [[nodiscard]] bool is_unwanted(const NativeParts& parts, size_t branch, yfw_map_walker walker) const;
-  std::optional<std::string> walk(yfw_map_walker walker, const yfw_datatree* top);
+  std::optional<Error> walk(yfw_map_walker walker, const yfw_datatree* top);
 
   const MappingModule& module_;
   TreeContext& context_;
@@ -73,7 +74,7 @@ class NativeReader {
   const RecordSinks& sinks_;
   OnFailure on_failure_;
   AnswerBuilder answer_;
-  std::vector<std::string> failures_;
+  std::vector<Error> failures_;
 };
 
 }  // namespace oclacp::host

@@ -1,5 +1,6 @@
 #include "host/translation/read_back.h"
 
+#include "host/base/error.h"
 #include "host/services/current_device.h"
 #include "host/translation/native_reader.h"
 #include "host/trees/native_selection.h"
@@ -45,8 +46,8 @@ std::vector<std::string> read_back(const MappingModule& module, TreeContext& ope
   reader.finish(answer);
   std::vector<std::string> sentences;
   sentences.reserve(answer.failures.size());
-  for (const std::string& failure : answer.failures) {
-    sentences.push_back("native " + failure + "; after this edit the configuration cannot be read");
+  for (const Error& failure : answer.failures) {
+    sentences.push_back(std::string("native ") + failure.what() + "; after this edit the configuration cannot be read");
   }
   return sentences;
 }

@@ -14,12 +14,12 @@ namespace {
 // The module's records, collected while this lives.
 class Records {
  public:
-  Records(MappingContext& request, const RecordSinks& sinks) : sinks_(sinks), stream_{sinks.debug_log} {
-    request.debug_log_filter = sinks.debug_log == nullptr ? kLogNothing : kLogEverything;
-    request.error_log = &stream_;
-    request.trace_log = &stream_;
-    request.trace_buffer = &buffer_;
-    request.trace_enabled = sinks.trace == nullptr ? 0 : 1;
+  Records(MappingContext& context, const RecordSinks& sinks) : sinks_(sinks), stream_{sinks.debug_log} {
+    context.debug_log_filter = sinks.debug_log == nullptr ? kLogNothing : kLogEverything;
+    context.error_log = &stream_;
+    context.trace_log = &stream_;
+    context.trace_buffer = &buffer_;
+    context.trace_enabled = sinks.trace == nullptr ? 0 : 1;
   }
   ~Records() {
     if (sinks_.trace != nullptr) {
@@ -41,23 +41,23 @@ class Records {
 
 void walk_request(yfw_map_walker walker, RequestTree& tree, uint32_t operation, OutputLog& output,
                   const RecordSinks& sinks) {
-  MappingContext request(operation, output);
-  const Records records(request, sinks);
-  const cerrno status = walker(&request, tree.top(), request.output_root());
-  if (status != YFW_OK || request.refused()) {
-    throw Error(describe_failure(request, tree, status));
+  MappingContext context(operation, output);
+  const Records records(context, sinks);
+  const cerrno status = walker(&context, tree.top(), context.output_root());
+  if (status != YFW_OK || context.refused()) {
+    throw request_error(context, tree, status);
   }
 }
 
-std::optional<std::string> walk_native(yfw_map_walker walker, const yfw_datatree* top, uint32_t operation,
-                                       OutputLog& output, const RecordSinks& sinks) {
-  MappingContext request(operation, output);
-  const Records records(request, sinks);
-  const cerrno status = walker(&request, top, request.output_root());
-  if (status == YFW_OK && !request.refused()) {
+std::optional<Error> walk_native(yfw_map_walker walker, const yfw_datatree* top, uint32_t operation, OutputLog& output,
+                                 const RecordSinks& sinks) {
+  MappingContext context(operation, output);
+  const Records records(context, sinks);
+  const cerrno status = walker(&context, top, context.output_root());
+  if (status == YFW_OK && !context.refused()) {
     return std::nullopt;
   }
-  return describe_native_failure(request, top, status);
+  return native_error(context, top, status);
 }
 
 }  // namespace oclacp::host

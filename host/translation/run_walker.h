@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/base/contract.h"
+#include "host/base/error.h"
 #include "host/trees/output_log.h"
 #include "host/trees/request_tree.h"
 
@@ -24,9 +25,9 @@ struct RecordSinks {
 void walk_request(yfw_map_walker walker, RequestTree& tree, uint32_t operation, OutputLog& output,
                   const RecordSinks& sinks);
 
-// Walks native data, whose top node is `top`, under the operation code of a read into `output`. Answers why the walk
-// failed, in the form of a Error; nothing when it did not.
-std::optional<std::string> walk_native(yfw_map_walker walker, const yfw_datatree* top, uint32_t operation,
-                                       OutputLog& output, const RecordSinks& sinks);
+// Walks native data, whose top node is `top`, under the operation code of a read into `output`. Returns why the walk
+// failed; nothing when it did not.
+std::optional<Error> walk_native(yfw_map_walker walker, const yfw_datatree* top, uint32_t operation, OutputLog& output,
+                                 const RecordSinks& sinks);
 
 }  // namespace oclacp::host

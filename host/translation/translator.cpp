@@ -14,10 +14,13 @@
 #include "host/translation/run_walker.h"
 #include "host/trees/edit_printer.h"
 #include "host/trees/edit_tree.h"
+#include "host/trees/node.h"
 #include "host/trees/path_request.h"
 #include "host/trees/read_paths.h"
 #include "host/trees/request_parser.h"
 #include "host/trees/unvisited_nodes.h"
+#include "host/yang/tree_diff.h"
+#include "host/yang/tree_printer.h"
 
 namespace oclacp::host {
 namespace {
@@ -60,15 +63,16 @@ void apply_default(DefaultOperation operation, RequestTree& tree) {
 void check_strictly(RequestTree& tree) {
   const yfw_datatree* ignored = find_unvisited_node(tree);
   if (ignored != nullptr) {
-    throw Error(node_path(ignored) + ": would be ignored");
+    throw node_error(ErrorKind::kOperationNotSupported, node_path(ignored), "would be ignored");
   }
   for (const yfw_datatree& node : tree.nodes()) {
-    if (node.value == nullptr || is_key_or_key_target(&node) || yfw_map_is_request_delete(&node) != 0) {
+    if (node.value == nullptr || is_key_or_key_target(&node) || is_deleted(&node)) {
       continue;
     }
     const yfw_datatree* entry = info_of(info_of(&node).parent).parent;
     if (entry != nullptr && key_value(entry) != nullptr && std::strchr(key_value(entry), '.') != nullptr) {
-      throw Error(node_path(entry) + ": is a sub-interface, whose LACP would not be read back");
+      throw node_error(ErrorKind::kOperationNotSupported, node_path(entry),
+                       "is a sub-interface, whose LACP would not be read back");
     }
   }
 }
@@ -134,7 +138,7 @@ Translation Translator::translate(const std::string& request, const DeviceSnapsh
   }
   ParsedRequest parsed = parse_request(parts_->schemas.request(), request);
   if (parsed.tree.operations() != 0) {
-    throw Error(node_path(parsed.tree.top()) + ": a read carries no edit operations");
+    throw node_error(ErrorKind::kUnknownAttribute, node_path(parsed.tree.top()), "a read carries no edit operations");
   }
   name_contents_of_bare_entries(parsed.tree);
   const CurrentDevice installed(device);
@@ -171,7 +175,7 @@ EditPlan Translator::plan(ParsedRequest request, const DeviceSnapshot& device, c
     plan.warnings.insert(plan.warnings.end(), unreadable.begin(), unreadable.end());
   }
   if (options.is_strict && !plan.warnings.empty()) {
-    throw Error(plan.warnings.front());
+    throw Error(ErrorKind::kOperationNotSupported, plan.warnings.front());
   }
   if (options.is_dry_run) {
     const LYD_FORMAT format = libyang_format(options.format, edit.request.format);

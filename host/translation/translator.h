@@ -82,7 +82,7 @@ struct ToOpenconfigOptions {
 // OpenConfig data made of native data.
 struct Answer {
   AnswerData data;                     // lives no longer than the translator
-  std::vector<std::string> failures;   // why entries were left out; a sentence each, in the form of a Error
+  std::vector<Error> failures;         // why entries were left out; a sentence each, in the form of a Error
   size_t dropped_leaves = 0;           // left out because the module named no list entry for them
   std::vector<std::string> valueless;  // leaves that were left out because what the device says there has no form
   LYD_FORMAT input_format = LYD_JSON;  // of the native data that was translated

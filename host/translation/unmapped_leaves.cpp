@@ -4,6 +4,7 @@
 
 #include "host/translation/run_walker.h"
 #include "host/trees/native_tree.h"
+#include "host/trees/node.h"
 
 namespace oclacp::host {
 namespace {

@@ -5,6 +5,9 @@
 #include <cstdio>
 #include <cstring>
 
+#include "host/base/status_text.h"
+#include "host/trees/node.h"
+
 namespace oclacp::host {
 namespace {
 
@@ -21,17 +24,17 @@ bool is_container(const yfw_datatree& node) {
 
 // Which node an unmarked failure is about. Two kinds are refused before their node is entered, but there is only one
 // thing in a request that each can mean; the others are found in the node that was entered last.
-const yfw_datatree* locate_failure(const MappingContext& request, RequestTree& tree, cerrno status) {
+const yfw_datatree* locate_failure(const MappingContext& context, RequestTree& tree, cerrno status) {
   for (const yfw_datatree& node : tree.nodes()) {
-    const bool is_refused_delete = status == YFW_INVALID_ARGUMENTS && is_container(node) && node.child_count != 0 &&
-                                   yfw_map_is_request_delete(&node) != 0;
+    const bool is_refused_delete =
+        status == YFW_INVALID_ARGUMENTS && is_container(node) && node.child_count != 0 && is_deleted(&node);
     const bool is_bare_entry =
         status == YFW_MALFORMED_TREE && info_of(&node).schema->nodetype == LYS_LIST && node.child_count == 0;
     if (is_refused_delete || is_bare_entry) {
       return &node;
     }
   }
-  return request.last_entered() == nullptr ? tree.top() : request.last_entered();
+  return context.last_entered() == nullptr ? tree.top() : context.last_entered();
 }
 
 // "error tag 'state', code 0xaaf2ee00"; the tag is left out when it is null.
@@ -41,47 +44,55 @@ std::string code_text(const char* tag, cerrno status) {
   return (tag == nullptr ? "" : "error tag '" + std::string(tag) + "', ") + "code " + text.data();
 }
 
-// A refused period is marked at the container around it.
-std::string describe_period(const yfw_datatree* container) {
+// A refused period is marked at the container around it. Null when there is none.
+const yfw_datatree* find_period(const yfw_datatree* container) {
   for (unsigned index = 0; index < container->child_count; ++index) {
     const yfw_datatree& leaf = container->children[index];
     if (leaf.value != nullptr && std::strcmp(leaf.tag, "period") == 0) {
-      return "/period: '" + std::string(leaf.value) +
-             "' has no OpenConfig form, which only one second (true or 1000) and thirty (30000) have";
+      return &leaf;
     }
   }
-  return std::string(": ") + cerr_strerror(YFW_UNSUPPORTED_INTERVAL);
+  return nullptr;
+}
+
+// The host's own refusal, of something at a node; null is the top.
+Error refusal_error(const MappingContext::Refused& refused, const yfw_datatree* top) {
+  return node_error(refused.kind, node_path(refused.node == nullptr ? top : refused.node), refused.reason);
 }
 
 }  // namespace
 
-std::string describe_failure(const MappingContext& request, RequestTree& tree, cerrno status) {
-  if (request.refused()) {
-    const yfw_datatree* node = request.refused()->node;
-    return node_path(node == nullptr ? tree.top() : node) + ": " + request.refused()->reason;
+Error request_error(const MappingContext& context, RequestTree& tree, cerrno status) {
+  if (context.refused()) {
+    return refusal_error(*context.refused(), tree.top());
   }
-  const yfw_datatree* node = request.marked_node();
-  const char* tag = comes_with_tag(status) ? request.request->error_tag : nullptr;
-  std::string sentence = node_path(node == nullptr ? locate_failure(request, tree, status) : node);
+  const yfw_datatree* node = context.marked_node();
+  const char* tag = comes_with_tag(status) ? context.request->error_tag : nullptr;
+  std::string path = node_path(node == nullptr ? locate_failure(context, tree, status) : node);
   if (tag != nullptr) {
-    sentence.append("/").append(tag);
+    path.append("/").append(tag);
   }
-  return sentence.append(": ").append(cerr_strerror(status)).append(" (").append(code_text(tag, status)).append(")");
+  return node_error(status_kind(status), path, std::string(status_text(status)) + " (" + code_text(tag, status) + ")");
 }
 
-std::string describe_native_failure(const MappingContext& request, const yfw_datatree* top, cerrno status) {
-  const auto known = [top](const yfw_datatree* node) { return node == nullptr ? top : node; };
-  if (request.refused()) {
-    return node_path(known(request.refused()->node)) + ": " + request.refused()->reason;
+Error native_error(const MappingContext& context, const yfw_datatree* top, cerrno status) {
+  if (context.refused()) {
+    return refusal_error(*context.refused(), top);
   }
-  const yfw_datatree* node = request.marked_node();
+  const yfw_datatree* node = context.marked_node();
   if (node == nullptr) {
-    node = known(request.last_entered());
+    node = context.last_entered() == nullptr ? top : context.last_entered();
   }
-  const std::string reason =
-      status == YFW_UNSUPPORTED_INTERVAL ? describe_period(node) : std::string(": ") + cerr_strerror(status);
-  const char* tag = comes_with_tag(status) ? request.request->error_tag : nullptr;
-  return node_path(node) + reason + " (" + code_text(tag, status) + ")";
+  const char* tag = comes_with_tag(status) ? context.request->error_tag : nullptr;
+  const std::string code = " (" + code_text(tag, status) + ")";
+  const yfw_datatree* period = status == YFW_UNSUPPORTED_INTERVAL ? find_period(node) : nullptr;
+  if (period != nullptr) {
+    return node_error(status_kind(status), node_path(node) + "/period",
+                      std::string("'") + period->value +
+                          "' has no OpenConfig form, which only one second (true or 1000) and thirty (30000) have" +
+                          code);
+  }
+  return node_error(status_kind(status), node_path(node), status_text(status) + code);
 }
 
 }  // namespace oclacp::host

@@ -1,8 +1,7 @@
-// What to tell about a walk that failed.
+// What to report about a walk that failed.
 #pragma once
 
-#include <string>
-
+#include "host/base/error.h"
 #include "host/services/mapping_context.h"
 #include "host/trees/request_tree.h"
 
@@ -10,9 +9,9 @@ namespace oclacp::host {
 
 // One sentence that names the node and the reason: "/openconfig-lacp:lacp/...: not supported by this mapping (error tag
 // 'state', code 0xaaf2ee00)". `status` is the entry walker's.
-std::string describe_failure(const MappingContext& request, RequestTree& tree, cerrno status);
+Error request_error(const MappingContext& context, RequestTree& tree, cerrno status);
 
 // The same for a walk of native data, which begins at `top`.
-std::string describe_native_failure(const MappingContext& request, const yfw_datatree* top, cerrno status);
+Error native_error(const MappingContext& context, const yfw_datatree* top, cerrno status);
 
 }  // namespace oclacp::host

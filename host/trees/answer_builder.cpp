@@ -75,7 +75,7 @@ void AnswerBuilder::check_leaf(const OutputLog& log, const OutputLog::Addition& 
   const CheckedValue* value = values_.check(target.schema, text);
   // A converter that has no value for what the device says reports an empty one.
   if (value == nullptr && !text.empty()) {
-    throw Error(path_of(log, target.schema, addition.entry) + ": " + values_.reason());
+    throw node_error(ErrorKind::kInvalidValue, path_of(log, target.schema, addition.entry), values_.reason());
   }
   leaves_.push_back(
       {&addition, &shape_of(target), value == nullptr ? std::nullopt : std::optional(answer_.keep(*value))});
@@ -105,7 +105,7 @@ void AnswerBuilder::check_keys(const OutputLog& log, int number, Entry& entry) {
       const lysc_node* parent = lysc_data_parent(opened.list);
       std::string path = parent == nullptr ? "" : path_of(log, parent, opened.parent);
       append_step(path, *opened.list, parent == nullptr ? nullptr : parent->module);
-      throw Error(path + ": " + values_.reason());
+      throw node_error(ErrorKind::kInvalidValue, path, values_.reason());
     }
     keys_.push_back(answer_.keep(*value));
     key = key->next;
@@ -113,7 +113,7 @@ void AnswerBuilder::check_keys(const OutputLog& log, int number, Entry& entry) {
   if (const NodeShape* target = key_target(shapes_.of(opened.list)); target != nullptr) {
     const CheckedValue* value = values_.check(target->schema, opened.keys.front());
     if (value == nullptr) {
-      throw Error(path_of(log, target->schema, number) + ": " + values_.reason());
+      throw node_error(ErrorKind::kInvalidValue, path_of(log, target->schema, number), values_.reason());
     }
     entry.target = answer_.keep(*value);
   }

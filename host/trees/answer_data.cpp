@@ -9,7 +9,7 @@ namespace oclacp::host {
 namespace {
 
 [[noreturn]] void refuse_size() {
-  throw Error("the answer is larger than 4 GiB");
+  throw Error(ErrorKind::kTooBig, "the answer is larger than 4 GiB");
 }
 
 }  // namespace

@@ -3,7 +3,10 @@
 #include <vector>
 
 #include "host/base/error.h"
+#include "host/trees/node.h"
 #include "host/trees/request_tree.h"
+#include "host/yang/data_nodes.h"
+#include "host/yang/libyang_error.h"
 #include "host/yang/path_text.h"
 
 namespace oclacp::host {
@@ -33,12 +36,7 @@ std::string native_path(const EditNode& node) {
 LY_ERR make_native_node(const EditNode& node, const char* value, lyd_node* parent, lyd_node*& made) {
   const lysc_node* schema = node.schema;
   if (schema->nodetype == LYS_LIST) {
-    // The function takes as many keys as the list has; two are the most that a native list has.
-    if (node.keys.size() > 2) {
-      return LY_EINVAL;
-    }
-    return lyd_new_list(parent, schema->module, schema->name, 0, &made, node.keys.front().data(),
-                        node.keys.back().data());
+    return make_list_entry(parent, schema, node.keys, made);
   }
   if ((schema->nodetype & LYD_NODE_TERM) != 0) {
     return lyd_new_term(parent, schema->module, schema->name, value == nullptr ? "" : value, 0, &made);
@@ -46,13 +44,15 @@ LY_ERR make_native_node(const EditNode& node, const char* value, lyd_node* paren
   return lyd_new_inner(parent, schema->module, schema->name, 0, &made);
 }
 
-void refuse_native(const EditNode& node, const std::string& reason) {
+void refuse_native(ErrorKind kind, const EditNode& node, const std::string& reason) {
   const std::string source = node.source == nullptr ? "" : node_path(node.source) + ": ";
-  throw Error(source + "native " + native_path(node) + ": " + reason);
+  const std::string path = native_path(node);
+  throw Error(kind, source + "native " + path + ": " + reason, {.path = path, .file = {}});
 }
 
 void refuse_native(const ly_ctx* context, const EditNode& node) {
-  refuse_native(node, last_reason(context));
+  const LibyangError error = last_libyang_error(context);
+  refuse_native(error.kind, node, error.reason);
 }
 
 }  // namespace oclacp::host

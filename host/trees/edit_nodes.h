@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "host/base/error.h"
 #include "host/trees/edit_tree.h"
 #include "host/yang/libyang_ptr.h"
 
@@ -13,9 +14,9 @@ namespace oclacp::host {
 LY_ERR make_native_node(const EditNode& node, const char* value, lyd_node* parent, lyd_node*& made);
 
 // Throws Error: the node of the request that `node` stems from, the native node's path and `reason`.
-[[noreturn]] void refuse_native(const EditNode& node, const std::string& reason);
+[[noreturn]] void refuse_native(ErrorKind kind, const EditNode& node, const std::string& reason);
 
-// The same with libyang's last complaint as the reason.
+// The same with what libyang last reported.
 [[noreturn]] void refuse_native(const ly_ctx* context, const EditNode& node);
 
 }  // namespace oclacp::host

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <vector>
 
+#include "host/base/error.h"
 #include "host/trees/edit_nodes.h"
 #include "host/yang/text_sink.h"
 
@@ -77,7 +78,7 @@ class EditWriter {
   CheckedValue check(const EditNode& node, const lysc_node* leaf, std::string_view text) {
     const CheckedValue* value = context_.values.check(leaf, text);
     if (value == nullptr) {
-      refuse_native(node, context_.values.reason());
+      refuse_native(ErrorKind::kInvalidValue, node, context_.values.reason());
     }
     return *value;
   }

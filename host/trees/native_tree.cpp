@@ -3,15 +3,11 @@
 #include <algorithm>
 #include <cstring>
 
+#include "host/yang/data_nodes.h"
 #include "host/yang/path_text.h"
 
 namespace oclacp::host {
 namespace {
-
-// Containers that libyang adds because the schema has them hold nothing.
-bool is_explicit(const lyd_node* node) {
-  return (node->flags & LYD_DEFAULT) == 0;
-}
 
 bool has_known_keys(const lyd_node* entry, const std::vector<std::string_view>& keys) {
   const lyd_node* key = lyd_child(entry);
@@ -24,8 +20,15 @@ bool has_known_keys(const lyd_node* entry, const std::vector<std::string_view>& 
   return true;
 }
 
-// The one entry that has all of the keys; null when there is none. By libyang's hash.
+// The one entry that has all of the keys; null when there is none. By libyang's hash, unless a key cannot be written as
+// a predicate.
 const lyd_node* find_entry(const lyd_node* siblings, const NativeSelection::Node& selected) {
+  if (std::any_of(selected.keys.begin(), selected.keys.end(), has_both_quotes)) {
+    while (siblings != nullptr && (siblings->schema != selected.schema || !has_known_keys(siblings, selected.keys))) {
+      siblings = siblings->next;
+    }
+    return siblings;
+  }
   std::string predicates;
   const lysc_node* key = lysc_node_child(selected.schema);
   for (const std::string_view value : selected.keys) {

@@ -7,6 +7,7 @@
 
 #include "host/base/contract.h"
 #include "host/trees/native_selection.h"
+#include "host/trees/node.h"
 #include "host/trees/request_tree.h"
 #include "host/yang/libyang_ptr.h"
 

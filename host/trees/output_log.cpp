@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "host/base/status_text.h"
+#include "host/trees/node.h"
 #include "host/trees/operation.h"
 
 namespace oclacp::host {
@@ -32,7 +33,7 @@ cerrno OutputLog::add(std::string_view path, std::string_view ns, const char* va
   }
   const uint32_t operation = operation_for(*target, value, source);
   if (is_edit_ && target->is_leaf() && value == nullptr && !deletes(operation) && !is_empty_type(target->schema)) {
-    if (target->is_key() && yfw_map_is_request_delete(source) != 0) {
+    if (target->is_key() && is_deleted(source)) {
       return YFW_OK;  // a key says which entry, and this one says nothing
     }
     return refuse(kMissingValue, path);
@@ -46,7 +47,7 @@ cerrno OutputLog::add(std::string_view path, std::string_view ns, const char* va
   } else {
     entry = current_entry(*target, target->lists.size());
   }
-  if (entry != kNoEntry && (source == nullptr || yfw_map_is_request_delete(source) == 0 || deletes(operation))) {
+  if (entry != kNoEntry && (source == nullptr || !is_deleted(source) || deletes(operation))) {
     entries_[static_cast<size_t>(entry)].only_deletes = false;
   }
   additions_.push_back({target, source, entry, value != nullptr, text, operation});
@@ -63,7 +64,7 @@ uint32_t OutputLog::operation_for(const Target& target, const char* value, const
   if (target.is_list()) {
     return deletes(source->operation) ? source->operation : uint32_t{YFW_OPERATION_NONE};
   }
-  if (value == nullptr && yfw_map_is_request_delete(source) != 0) {
+  if (value == nullptr && is_deleted(source)) {
     return source->operation == YFW_OPERATION_DELETE ? YFW_OPERATION_DELETE : YFW_OPERATION_REMOVE;
   }
   const bool is_own = source->operation == YFW_OPERATION_REPLACE || source->operation == YFW_OPERATION_CREATE;
@@ -71,7 +72,7 @@ uint32_t OutputLog::operation_for(const Target& target, const char* value, const
 }
 
 cerrno OutputLog::refuse(cerrno status, std::string_view path) {
-  complaint_ = "native " + std::string(path) + ": " + cerr_strerror(status);
+  complaint_ = "native " + std::string(path) + ": " + status_text(status);
   return status;
 }
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 
 #include "host/base/error.h"
+#include "host/trees/node.h"
+#include "host/yang/libyang_error.h"
 #include "host/yang/path_parser.h"
 #include "host/yang/schemas.h"
 
@@ -58,7 +60,7 @@ class PathNodes {
     lyd_node* made = nullptr;
     if (lyd_new_opaq(above, context_, name.c_str(), value == nullptr ? nullptr : value->c_str(), nullptr,
                      module_.c_str(), &made) != LY_SUCCESS) {
-      throw Error("the path '" + path_ + "': '" + name + "' is no name of a node");
+      throw Error(ErrorKind::kBadElement, "the path '" + path_ + "': '" + name + "' is no name of a node");
     }
     if (value == nullptr) {
       reinterpret_cast<lyd_node_opaq*>(made)->hints = LYD_VALHINT_EMPTY;
@@ -102,13 +104,13 @@ ParsedRequest parse_delete_path(const ly_ctx* context, const std::string& path) 
   TreePtr data = nodes.make();
   if (lyd_new_attr(nodes.last(), operation_module(context)->name, "ietf-netconf:operation", "delete", nullptr) !=
       LY_SUCCESS) {
-    throw Error(last_complaint(context, "the path '" + path + "'"));
+    throw libyang_error(context, "the path '" + path + "'");
   }
   RequestTree tree(context, std::move(data));
   require_served_top(tree);
   for (const yfw_datatree& node : tree.nodes()) {
     if (node.value != nullptr && !lysc_is_key(info_of(&node).schema)) {
-      throw Error("the path '" + path + "': only list keys may be given values in a delete");
+      throw Error(ErrorKind::kBadElement, "the path '" + path + "': only list keys may be given values in a delete");
     }
   }
   return {LYD_JSON, std::move(tree)};

@@ -10,61 +10,12 @@
 
 #include "host/base/error.h"
 #include "host/base/interface_names.h"
+#include "host/trees/opaque_nodes.h"
 #include "host/trees/operation.h"
-#include "host/yang/path_text.h"
 #include "host/yang/schemas.h"
 
 namespace oclacp::host {
 namespace {
-
-const lyd_node_opaq* as_opaque(const lyd_node* node) {
-  return node != nullptr && node->schema == nullptr ? reinterpret_cast<const lyd_node_opaq*>(node) : nullptr;
-}
-
-const char* name_of(const lyd_node* node) {
-  return node->schema != nullptr ? node->schema->name : as_opaque(node)->name.name;
-}
-
-// Opaque nodes of JSON inherit their module; those of XML always name it.
-const lys_module* module_of(const ly_ctx* context, const lyd_node_opaq& node, const lys_module* inherited) {
-  if (node.format == LY_VALUE_XML) {
-    return node.name.module_ns == nullptr ? nullptr : ly_ctx_get_module_implemented_ns(context, node.name.module_ns);
-  }
-  return node.name.module_name == nullptr ? inherited : ly_ctx_get_module_implemented(context, node.name.module_name);
-}
-
-// Finds the schema of a node that libyang left without one, or throws.
-const lysc_node* find_schema(const ly_ctx* context, const lyd_node_opaq& node, const yfw_datatree* parent) {
-  const lysc_node* above = parent == nullptr ? nullptr : info_of(parent).schema;
-  const lys_module* module = module_of(context, node, above == nullptr ? nullptr : above->module);
-  const std::string where = (parent == nullptr ? "" : node_path(parent)) + "/";
-  if (module == nullptr) {
-    const std::string unknown = node.name.module_name == nullptr ? "" : node.name.module_name;
-    throw Error(where + (node.format == LY_VALUE_JSON ? unknown + ":" : "") + node.name.name + ": unknown module '" +
-                unknown + "'");
-  }
-  const lysc_node* schema = lys_find_child(above, module, node.name.name, 0, 0, 0);
-  if (schema == nullptr) {
-    const bool foreign = above == nullptr || above->module != module;
-    throw Error(where + (foreign ? std::string(module->name) + ":" : "") + node.name.name + ": no such node");
-  }
-  return schema;
-}
-
-// The text of an opaque leaf; null when it stands there without a value. Throws when its type does not take it.
-const char* opaque_value(const ly_ctx* context, const lyd_node_opaq& leaf, const NodeInfo& info,
-                         const yfw_datatree* node) {
-  if (leaf.value[0] == '\0' && (leaf.hints & LYD_VALHINT_EMPTY) != 0) {
-    return nullptr;
-  }
-  // A reference's value is fine as long as its target may be.
-  const LY_ERR status =
-      lyd_value_validate(context, info.schema, leaf.value, std::strlen(leaf.value), nullptr, nullptr, nullptr);
-  if (status != LY_SUCCESS && status != LY_EINCOMPLETE) {
-    throw Error(node_path(node) + ": " + last_reason(context));
-  }
-  return leaf.value;
-}
 
 // The operation of a name that RFC 6241 gives it.
 std::optional<uint32_t> parse_operation(std::string_view text) {
@@ -77,22 +28,6 @@ std::optional<uint32_t> parse_operation(std::string_view text) {
     }
   }
   return std::nullopt;
-}
-
-void append_entry_keys(std::string& path, const NodeInfo& info) {
-  const size_t bare = path.size();
-  for (const lysc_node* key = lysc_node_child(info.schema); key != nullptr && lysc_is_key(key); key = key->next) {
-    const lyd_node* child = lyd_child(info.data);
-    while (child != nullptr && std::strcmp(name_of(child), key->name) != 0) {
-      child = child->next;
-    }
-    const char* value = child == nullptr ? nullptr : lyd_get_value(child);
-    if (value == nullptr || value[0] == '\0') {
-      path.resize(bare);
-      return;
-    }
-    append_predicate(path, key->name, value);
-  }
 }
 
 // Finds nodes that a request has twice among the children of one node, in a time linear in the children.
@@ -120,53 +55,6 @@ class Siblings {
 };
 
 }  // namespace
-
-const char* requested_value(const yfw_datatree* leaf) {
-  const lyd_node* data = info_of(leaf).data;
-  const char* value = data == nullptr ? nullptr : lyd_get_value(data);
-  return value == nullptr || value[0] == '\0' ? nullptr : value;
-}
-
-const char* key_value(const yfw_datatree* entry) {
-  const lysc_node* key = lysc_node_child(info_of(entry).schema);
-  const lyd_node* child = lysc_is_key(key) ? lyd_child(info_of(entry).data) : nullptr;
-  while (child != nullptr && std::strcmp(name_of(child), key->name) != 0) {
-    child = child->next;
-  }
-  const char* value = child == nullptr ? nullptr : lyd_get_value(child);
-  return value == nullptr || value[0] == '\0' ? nullptr : value;
-}
-
-bool is_key_or_key_target(const yfw_datatree* leaf) {
-  const lysc_node* schema = info_of(leaf).schema;
-  const lysc_node* entry = schema->parent == nullptr ? nullptr : schema->parent->parent;
-  if (lysc_is_key(schema) || entry == nullptr || entry->nodetype != LYS_LIST) {
-    return lysc_is_key(schema);
-  }
-  const lysc_node* key = lys_find_child(entry, entry->module, schema->name, 0, 0, 0);
-  return key != nullptr && lysc_is_key(key);
-}
-
-void refuse_delete_of_name(const yfw_datatree* leaf) {
-  throw Error(node_path(leaf) + ": goes with its list entry, and cannot be deleted alone");
-}
-
-std::string node_path(const yfw_datatree* node) {
-  std::vector<const NodeInfo*> chain;
-  for (; node != nullptr; node = info_of(node).parent) {
-    chain.push_back(&info_of(node));
-  }
-  std::string path;
-  const lys_module* module = nullptr;
-  for (auto info = chain.rbegin(); info != chain.rend(); ++info) {
-    append_step(path, *(*info)->schema, module);
-    module = (*info)->schema->module;
-    if ((*info)->schema->nodetype == LYS_LIST) {
-      append_entry_keys(path, **info);
-    }
-  }
-  return path;
-}
 
 RequestTree::RequestTree(const ly_ctx* context, TreePtr data)
     : context_(context), operation_module_(operation_module(context)), data_(std::move(data)) {
@@ -198,7 +86,7 @@ void RequestTree::append_children(size_t index) {
   for (const lyd_node* child = lyd_child(infos_[index].data); child != nullptr; child = child->next) {
     append(&nodes_[index], child, child->schema);
     if (siblings.is_again(&nodes_.back())) {
-      throw Error(node_path(&nodes_.back()) + ": named twice");
+      throw node_error(ErrorKind::kBadElement, node_path(&nodes_.back()), "named twice");
     }
   }
   if (nodes_[index].operation == YFW_OPERATION_REPLACE && infos_[index].schema->nodetype == LYS_LIST) {
@@ -261,7 +149,7 @@ void RequestTree::fill(size_t index) {
   yfw_datatree& node = nodes_[index];
   const lyd_node_opaq* opaque = as_opaque(info.data);
   if (opaque != nullptr) {
-    info.schema = find_schema(context_, *opaque, info.parent);
+    info.schema = find_opaque_schema(context_, *opaque, info.parent);
   }
   node.framework = &info;
   node.tag = info.schema->name;
@@ -273,16 +161,16 @@ void RequestTree::fill(size_t index) {
     }
     fill_leaf(node, info);
   } else if (opaque != nullptr && opaque->value[0] != '\0') {
-    throw Error(node_path(&node) + ": takes no value");
+    throw node_error(ErrorKind::kBadElement, node_path(&node), "takes no value");
   }
 }
 
 void RequestTree::fill_leaf(yfw_datatree& node, const NodeInfo& info) {
   const lyd_node_opaq* opaque = as_opaque(info.data);
   if (opaque != nullptr && opaque->child != nullptr) {
-    throw Error(node_path(&node) + ": a leaf has nothing below it");
+    throw node_error(ErrorKind::kBadElement, node_path(&node), "a leaf has nothing below it");
   }
-  const char* value = opaque == nullptr ? lyd_get_value(info.data) : opaque_value(context_, *opaque, info, &node);
+  const char* value = opaque == nullptr ? lyd_get_value(info.data) : opaque_value(context_, *opaque, &node);
   // An empty text counts as none: XML cannot tell the two apart.
   if (value == nullptr || value[0] == '\0') {
     return;
@@ -290,7 +178,8 @@ void RequestTree::fill_leaf(yfw_datatree& node, const NodeInfo& info) {
   // Every list of the served model is keyed by an interface.
   if (lysc_is_key(info.schema) && std::strlen(value) > kMaxInterfaceName) {
     const NodeInfo& entry = info_of(info.parent);
-    throw Error(node_path(entry.parent) + "/" + entry.schema->name + "/" + info.schema->name + ": " + kNameTooLong);
+    throw node_error(ErrorKind::kInvalidValue,
+                     node_path(entry.parent) + "/" + entry.schema->name + "/" + info.schema->name, kNameTooLong);
   }
   node.value = value;
   node.flags |= YFW_FLAG_VALUE;
@@ -300,7 +189,7 @@ uint32_t RequestTree::operation_of(const yfw_datatree& node, const NodeInfo& inf
   const char* found = nullptr;
   const auto take = [&](const char* operation) {
     if (found != nullptr) {
-      throw Error(node_path(&node) + ": its operation is named twice");
+      throw node_error(ErrorKind::kBadAttribute, node_path(&node), "its operation is named twice");
     }
     found = operation;
   };
@@ -309,14 +198,16 @@ uint32_t RequestTree::operation_of(const yfw_datatree& node, const NodeInfo& inf
       const char* owner = attribute->format == LY_VALUE_XML ? operation_module_->ns : operation_module_->name;
       if (attribute->name.module_name == nullptr || std::strcmp(attribute->name.module_name, owner) != 0 ||
           std::strcmp(attribute->name.name, "operation") != 0) {
-        throw Error(node_path(&node) + ": attribute '" + attribute->name.name + "' is not understood");
+        throw node_error(ErrorKind::kUnknownAttribute, node_path(&node),
+                         std::string("attribute '") + attribute->name.name + "' is not understood");
       }
       take(attribute->value);
     }
   } else if (info.data != nullptr) {
     for (const lyd_meta* meta = info.data->meta; meta != nullptr; meta = meta->next) {
       if (meta->annotation->module != operation_module_) {
-        throw Error(node_path(&node) + ": attribute '" + meta->name + "' is not understood");
+        throw node_error(ErrorKind::kUnknownAttribute, node_path(&node),
+                         std::string("attribute '") + meta->name + "' is not understood");
       }
       take(lyd_get_meta_value(meta));
     }
@@ -327,7 +218,8 @@ uint32_t RequestTree::operation_of(const yfw_datatree& node, const NodeInfo& inf
   ++operations_;
   const std::optional<uint32_t> operation = parse_operation(found);
   if (!operation) {
-    throw Error(node_path(&node) + ": operation '" + found + "' is not understood");
+    throw node_error(ErrorKind::kBadAttribute, node_path(&node),
+                     std::string("operation '") + found + "' is not understood");
   }
   return *operation;
 }

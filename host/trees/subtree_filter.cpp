@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "host/trees/node.h"
 #include "host/trees/request_tree.h"
 
 namespace oclacp::host {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "host/trees/node.h"
+
 namespace oclacp::host {
 
 const yfw_datatree* find_unvisited_node(RequestTree& tree) {

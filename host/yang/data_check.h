@@ -16,7 +16,8 @@ enum class DataKind {
 
 // Refuses attributes, as what an edit deletes would be taken for data; nodes of models of the other kind; and interface
 // names that the interface manager's buffers do not hold, since a model counts characters and a buffer bytes. `top` is
-// the first of the top nodes, or null. `where` stands in front of the node's path. Throws Error.
-void check_data(const lyd_node* top, DataKind kind, const std::string& where);
+// the first of the top nodes, or null. `file`: where the data is from, empty when it is from
+// a request. Throws Error.
+void check_data(const lyd_node* top, DataKind kind, const std::string& file);
 
 }  // namespace oclacp::host

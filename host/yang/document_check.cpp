@@ -25,15 +25,17 @@ class Scanner {
   Scanner(std::string_view text, std::string subject) : text_(text), subject_(std::move(subject)) {}
 
  protected:
-  [[noreturn]] void refuse(size_t position, const std::string& reason) const {
+  [[noreturn]] void refuse(size_t position, const std::string& reason,
+                           ErrorKind kind = ErrorKind::kMalformedMessage) const {
     const auto before = text_.substr(0, std::min(position, text_.size()));
     const auto line = std::count(before.begin(), before.end(), '\n') + 1;
-    throw Error(subject_ + " (line " + std::to_string(line) + "): " + reason);
+    throw Error(kind, subject_ + " (line " + std::to_string(line) + "): " + reason,
+                {.path = {}, .file = {}, .line = static_cast<unsigned>(line)});
   }
 
   void enter(size_t position) {
     if (++depth_ > kMaxRequestDepth) {
-      refuse(position, "nested deeper than " + std::to_string(kMaxRequestDepth) + " levels");
+      refuse(position, "nested deeper than " + std::to_string(kMaxRequestDepth) + " levels", ErrorKind::kTooBig);
     }
   }
 
@@ -143,13 +145,15 @@ class JsonScanner : Scanner {
     }
     if (metadata_depth_ != 0) {
       if (content != kJsonOperation) {
-        refuse(position, "attribute '" + std::string(content) + "' is not understood, only '" +
-                             std::string(kJsonOperation) + "' is");
+        refuse(
+            position,
+            "attribute '" + std::string(content) + "' is not understood, only '" + std::string(kJsonOperation) + "' is",
+            ErrorKind::kUnknownAttribute);
       }
     } else if (!content.empty() && content.front() == '@') {
       // libyang keeps the operations of both, or complains of a leaf that is missing.
       if (depth_ != 0 && !metadata_names_.back().insert(content).second) {
-        refuse(position, "'" + std::string(content) + "' is named twice");
+        refuse(position, "'" + std::string(content) + "' is named twice", ErrorKind::kBadAttribute);
       }
       metadata_depth_ = depth_ + 1;
       const size_t object = skip_blanks(colon + 1);
@@ -244,15 +248,17 @@ class XmlScanner : Scanner {
 
   void judge(std::string_view name, size_t position) {
     if (!attributes_.insert(name).second) {
-      refuse(position, "attribute '" + std::string(name) + "' is named twice");
+      refuse(position, "attribute '" + std::string(name) + "' is named twice", ErrorKind::kBadAttribute);
     }
     if (name == "xmlns" || name.starts_with("xmlns:")) {
       return;
     }
     if (!name.ends_with(":operation")) {
-      refuse(position, "attribute '" + std::string(name) +
-                           "' is not understood, only 'operation' of the NETCONF base "
-                           "namespace is");
+      refuse(position,
+             "attribute '" + std::string(name) +
+                 "' is not understood, only 'operation' of the NETCONF base "
+                 "namespace is",
+             ErrorKind::kUnknownAttribute);
     }
     ++operations_;
   }
@@ -272,11 +278,11 @@ class XmlScanner : Scanner {
 // Where the text begins that is not blank.
 size_t check_not_empty(std::string_view text, const std::string& subject) {
   if (text.find('\0') != std::string_view::npos) {
-    throw Error(subject + ": holds a NUL character");
+    throw Error(ErrorKind::kMalformedMessage, subject + ": holds a NUL character");
   }
   const size_t first = text.find_first_not_of(kBlanks);
   if (first == std::string_view::npos) {
-    throw Error(subject + ": empty");
+    throw Error(ErrorKind::kMalformedMessage, subject + ": empty");
   }
   return first;
 }
@@ -285,7 +291,7 @@ size_t check_not_empty(std::string_view text, const std::string& subject) {
 
 DocumentInfo inspect_document(std::string_view text, const std::string& subject) {
   if (text.size() > kMaxRequestBytes) {
-    throw Error(subject + ": longer than " + std::to_string(kMaxRequestBytes >> 20) + " MiB");
+    throw Error(ErrorKind::kTooBig, subject + ": longer than " + std::to_string(kMaxRequestBytes >> 20) + " MiB");
   }
   if (text[check_not_empty(text, subject)] == '<') {
     return {LYD_XML, XmlScanner(text, subject).scan()};

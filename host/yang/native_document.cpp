@@ -4,7 +4,9 @@
 #include <utility>
 
 #include "host/base/error.h"
+#include "host/yang/data_nodes.h"
 #include "host/yang/document_check.h"
+#include "host/yang/libyang_error.h"
 
 namespace oclacp::host {
 namespace {
@@ -16,15 +18,17 @@ constexpr size_t kKeysInPiece = 64;
 
 // Why a text is not taken. While libyang reads a text it names a node without what is around it yet, if it complains of
 // more than the node itself; of a tree that it has read as it is, it knows all.
-std::string complaint_of(const ly_ctx* context, const std::string& text, uint32_t validation) {
-  std::string complaint = last_complaint(context, "not usable");
+Error read_error(const ly_ctx* context, const std::string& file, const std::string& text, uint32_t validation) {
+  LibyangError error = last_libyang_error(context);
   lyd_node* tree = nullptr;
   if (lyd_parse_data_mem(context, text.c_str(), LYD_JSON, LYD_PARSE_STRICT | LYD_PARSE_ONLY, 0, &tree) == LY_SUCCESS &&
       lyd_validate_all(&tree, context, validation, nullptr) != LY_SUCCESS) {
-    complaint = last_complaint(context, "not usable");
+    error = last_libyang_error(context);
   }
   lyd_free_all(tree);
-  return complaint;
+  return {ErrorKind::kOperationFailed,
+          file + ": " + error.sentence("not usable"),
+          {.path = error.path, .file = file, .line = error.line}};
 }
 
 const lyd_node* find_top(const lyd_node* tops, const lysc_node* schema) {
@@ -39,7 +43,7 @@ const lyd_node* first_entry(const lyd_node* tops, const CutList& list) {
   const lyd_node* node = find_top(tops, list.top);
   while (node != nullptr && node->schema != list.list) {
     const lyd_node* below = lyd_child(node);
-    while (below != nullptr && (below->flags & LYD_DEFAULT) != 0) {
+    while (below != nullptr && !is_explicit(below)) {
       below = below->next;
     }
     node = below;
@@ -77,10 +81,10 @@ const lyd_node* NativeDocument::whole() const {
   if (!whole_) {
     lyd_node* tree = nullptr;
     if (lyd_parse_data_mem(context_, text_.c_str(), LYD_JSON, LYD_PARSE_STRICT, validation_, &tree) != LY_SUCCESS) {
-      throw Error(subject_ + ": " + complaint_of(context_, text_, validation_));
+      throw read_error(context_, subject_, text_, validation_);
     }
     TreePtr data(tree);
-    check_data(tree, kind_, subject_ + ": ");
+    check_data(tree, kind_, subject_);
     whole_ = std::move(data);
     // Nothing is asked of the text any more.
     rest_.reset();
@@ -143,7 +147,7 @@ bool NativeDocument::visit(const lysc_node* top, const Visitor& visitor) const {
   }
   const CutList& visited = visitor.choose ? chosen : *list;
   // What stands beside the entries; nothing is a container that libyang added.
-  if (rest != nullptr && (visited.entries.empty() || (rest->flags & LYD_DEFAULT) == 0)) {
+  if (rest != nullptr && (visited.entries.empty() || is_explicit(rest))) {
     visitor.visit(rest);
   }
   return visit_entries(visited, visitor);

@@ -3,6 +3,7 @@
 #include "host/base/error.h"
 #include "host/yang/data_check.h"
 #include "host/yang/document_check.h"
+#include "host/yang/libyang_error.h"
 
 namespace oclacp::host {
 namespace {
@@ -20,7 +21,7 @@ TreePtr parse_native(const ly_ctx* context, const std::string& text, LYD_FORMAT 
   const uint32_t validation = takes_state ? 0 : LYD_VALIDATE_NO_STATE;
   if (lyd_parse_data_mem(context, text.c_str(), format, LYD_PARSE_STRICT, validation | LYD_VALIDATE_PRESENT, &tree) !=
       LY_SUCCESS) {
-    throw Error(last_complaint(context, kSubject));
+    throw libyang_error(context, kSubject);
   }
   TreePtr data(tree);
   check_data(tree, DataKind::kNative, "");

@@ -28,7 +28,7 @@ class PathParser {
 
  private:
   [[noreturn]] void refuse(const std::string& reason) const {
-    throw Error("the path '" + std::string(path_) + "': " + reason);
+    throw Error(ErrorKind::kBadElement, "the path '" + std::string(path_) + "': " + reason);
   }
 
   void expect(char character) {

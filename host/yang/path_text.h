@@ -18,10 +18,12 @@ inline void append_step(std::string& path, const lysc_node& schema, const lys_mo
   path += schema.name;
 }
 
-// Appends "[key='value']".
-inline void append_predicate(std::string& path, std::string_view key, std::string_view value) {
-  const char quote = value.find('\'') == std::string_view::npos ? '\'' : '"';
-  path.append("[").append(key).append("=").append(1, quote).append(value).append(1, quote).append("]");
+inline bool has_both_quotes(std::string_view value) {
+  return value.find('\'') != std::string_view::npos && value.find('"') != std::string_view::npos;
 }
+
+// Appends "[key='value']". XPath 1.0 has no escapes: a value with both quotes is put together, "concat('a', "'",
+// '"b')".
+void append_predicate(std::string& path, std::string_view key, std::string_view value);
 
 }  // namespace oclacp::host

@@ -41,7 +41,8 @@ bool has_leaf(const lysc_node* node, const std::string& name) {
 void check_predicates(const lysc_node* node, const PathStep& step) {
   for (const auto& [name, value] : step.predicates) {
     if (name == "." ? !is_leaf(node) : !has_leaf(node, name)) {
-      throw Error(schema_path(node) + ": the predicate '" + name + "' names no leaf of it");
+      throw node_error(ErrorKind::kUnknownElement, schema_path(node),
+                       "the predicate '" + name + "' names no leaf of it");
     }
   }
 }
@@ -80,7 +81,7 @@ std::vector<const lysc_node*> find_nodes(const Schemas& schemas, const std::stri
     }
   }
   if (nodes.empty()) {
-    throw Error(path + ": neither openconfig-lacp nor a native model has such a node");
+    throw node_error(ErrorKind::kUnknownElement, path, "neither openconfig-lacp nor a native model has such a node");
   }
   return nodes;
 }

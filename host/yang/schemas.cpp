@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #include "host/base/error.h"
+#include "host/yang/libyang_error.h"
 
 namespace oclacp::host {
 namespace {
@@ -11,20 +12,20 @@ constexpr const char* kOperationModule = "ietf-netconf";
 
 ContextPtr make_context(const std::string& directory) {
   if (!std::filesystem::is_directory(directory)) {
-    throw Error(directory + ": no such folder of schemas");
+    throw file_error(ErrorKind::kOperationFailed, directory, "no such folder of schemas");
   }
-  // Complaints are kept for last_complaint() and printed nowhere else.
+  // Complaints are kept for last_libyang_error() and printed nowhere else.
   ly_log_options(LY_LOSTORE_LAST);
   ly_ctx* context = nullptr;
   if (ly_ctx_new(directory.c_str(), LY_CTX_NO_YANGLIBRARY | LY_CTX_DISABLE_SEARCHDIR_CWD, &context) != LY_SUCCESS) {
-    throw Error(directory + ": the schemas cannot be read");
+    throw file_error(ErrorKind::kOperationFailed, directory, "the schemas cannot be read");
   }
   return ContextPtr(context);
 }
 
 void load(ly_ctx* context, const char* module) {
   if (ly_ctx_load_module(context, module, nullptr, nullptr) == nullptr) {
-    throw Error(last_complaint(context, std::string("schema ") + module));
+    throw Error(ErrorKind::kOperationFailed, last_libyang_error(context).sentence(std::string("schema ") + module));
   }
 }
 
@@ -35,7 +36,7 @@ Schemas::Schemas(const SchemaDirectories& directories)
   load(request_.get(), kOperationModule);
   if (!directories.published.empty()) {
     if (!std::filesystem::is_directory(directories.published)) {
-      throw Error(directories.published + ": no such folder of schemas");
+      throw file_error(ErrorKind::kOperationFailed, directories.published, "no such folder of schemas");
     }
     ly_ctx_unset_searchdir(request_.get(), nullptr);
     ly_ctx_set_searchdir(request_.get(), directories.published.c_str());

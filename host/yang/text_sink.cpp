@@ -87,7 +87,7 @@ void TextSink::put_xml(std::string_view text) {
 
 void FileSink::write(std::string_view text) {
   if (std::fwrite(text.data(), 1, text.size(), file_) != text.size() || std::fflush(file_) != 0) {
-    throw Error(std::string("the result cannot be written: ") + std::strerror(errno));
+    throw Error(system_error_kind(errno), std::string("the result cannot be written: ") + std::strerror(errno));
   }
 }
 

@@ -12,20 +12,21 @@ namespace {
 struct BadExample {
   std::string file;
   std::string sentence;
+  int status = kFailed;
 };
 
 class BadExamples : public testing::TestWithParam<BadExample> {};
 
 TEST_P(BadExamples, AreRefused) {
   expect_refusal(run({"translate", "--to", "native", "-d", example("device"), example("bad/" + GetParam().file)}),
-                 "oclacp: " + GetParam().sentence);
+                 "oclacp: " + GetParam().sentence, GetParam().status);
 }
 
 // clang-format off
 INSTANTIATE_TEST_SUITE_P(Shipped, BadExamples, testing::Values(
     BadExample{"bad-interval.json", "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether3']/config/interval: Invalid enumeration value \"MEDIUM\"\n"},
     BadExample{"bad-priority.json", "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether3']/config/system-priority: Value \"65536\" is out of type uint16 min/max bounds\n"},
-    BadExample{"delete-interface-without-lacp.json", "/openconfig-lacp:lacp/interfaces/interface[name='GigabitEthernet0/0/0/4']: nothing to delete: the device has no LACP configuration for this interface (code 0xaaf28000)\n"},
+    BadExample{"delete-interface-without-lacp.json", "/openconfig-lacp:lacp/interfaces/interface[name='GigabitEthernet0/0/0/4']: nothing to delete: the device has no LACP configuration for this interface (code 0xaaf28000)\n", kDataMissing},
     BadExample{"delete-key.json", "/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether1']/name: a list key cannot be deleted; the list entry can (error tag 'name', code 0xaaf2f200)\n"},
     BadExample{"delete-lacp-with-children.json", "/openconfig-lacp:lacp: a container that is deleted may not name children (code 0xaaf2a000)\n"},
     BadExample{"empty.json", "the request: empty\n"},
@@ -110,14 +111,14 @@ TEST(BadFiles, AnUnreadableDeviceIsRefused) {
   // A folder in the place of the file: not even root can read that.
   const auto folder = std::filesystem::temp_directory_path() / ("oclacp-" + std::to_string(getpid()));
   std::filesystem::create_directories(folder / "platform.json");
-  expect_refusal(translate("{}", {"-d", folder}), "/platform.json: is no regular file");
+  expect_refusal(translate("{}", {"-d", folder}), "/platform.json: is not a regular file");
   std::filesystem::remove_all(folder);
 }
 
 TEST(BadFiles, AModuleThatCannotBeUsedIsRefused) {
   expect_refusal(translate("{}", {"--module", "/no/such.so"}), "the mapping module cannot be loaded: /no/such.so");
   expect_refusal(translate("{}", {"--module", example("bad/empty.json")}), "the mapping module cannot be loaded: ");
-  expect_refusal(translate("{}", {"--module", OCLACP_HOST_LIBRARY}), "is no mapping module for openconfig-lacp");
+  expect_refusal(translate("{}", {"--module", OCLACP_HOST_LIBRARY}), "is not a mapping module for openconfig-lacp");
 }
 
 TEST(BadFiles, SchemasThatCannotBeReadAreRefused) {

@@ -271,11 +271,11 @@ TEST_F(Faults, AConfigurationThatIsNoRegularFileIsRefused) {
     const std::string content = read(file);
     std::filesystem::remove(named);
     ASSERT_EQ(mkfifo(named.c_str(), 0600), 0);
-    expect_refusal(run({"edit", request_, "-d", path()}), named + ": is no regular file");
-    expect_refusal(run({"get", "-d", path(), "--config"}), named + ": is no regular file");
+    expect_refusal(run({"edit", request_, "-d", path()}), named + ": is not a regular file");
+    expect_refusal(run({"get", "-d", path(), "--config"}), named + ": is not a regular file");
     std::filesystem::remove(named);
     std::filesystem::create_symlink("/dev/zero", named);
-    expect_refusal(run({"edit", request_, "-d", path()}), named + ": is no regular file");
+    expect_refusal(run({"edit", request_, "-d", path()}), named + ": is not a regular file");
     std::filesystem::remove(named);
     write(content, file);
   }

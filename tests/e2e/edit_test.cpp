@@ -21,8 +21,8 @@ class Device : public testing::Test, protected CopiedDevice {
     return text.substr(text.rfind("\"Talvo-Brin-QD-bundlemgr-cfg:lacp\""));
   }
 
-  void expect_unchanged(const Outcome& outcome, const std::string& part) const {
-    expect_refusal(outcome, part);
+  void expect_unchanged(const Outcome& outcome, const std::string& part, int status = kFailed) const {
+    expect_refusal(outcome, part, status);
     EXPECT_EQ(read(), before_);
     EXPECT_EQ(files().size(), 2U);
   }
@@ -169,7 +169,7 @@ TEST_F(Device, DeletesAnInterfaceWithSlashesInItsName) {
   expect_success(edit(interface(remove + R"(, "config": {"name": "GigabitEthernet0/0/0/4"})")));
   EXPECT_EQ(read(), before_);
   expect_success(edit(interface(remove), {"--expect-no-change"}));
-  expect_unchanged(erase(port), "nothing to delete");
+  expect_unchanged(erase(port), "nothing to delete", kDataMissing);
 }
 
 TEST_F(Device, TellsInterfacesApartThatDifferInTheirSlashes) {
@@ -201,23 +201,23 @@ TEST_F(Device, DoesNotCreateWhatIsThere) {
   const auto config = [&](const std::string& name) {
     return interface(R"("name": ")" + name + R"(", "config": {)" + create + R"(, "interval": "SLOW"})");
   };
-  expect_unchanged(edit(lacp(create)), "/openconfig-lacp:lacp" + there);
-  expect_unchanged(edit(lacp(R"("config": {)" + create + "}")), "/openconfig-lacp:lacp/config" + there);
-  expect_unchanged(edit(lacp(R"("interfaces": {)" + create + "}")), "/interfaces" + there);
-  expect_unchanged(edit(entry("Bundle-Ether1")), "/interface[name='Bundle-Ether1']" + there);
-  expect_unchanged(edit(config("Bundle-Ether1")), "/interface[name='Bundle-Ether1']/config" + there);
+  expect_unchanged(edit(lacp(create)), "/openconfig-lacp:lacp" + there, kDataExists);
+  expect_unchanged(edit(lacp(R"("config": {)" + create + "}")), "/openconfig-lacp:lacp/config" + there, kDataExists);
+  expect_unchanged(edit(lacp(R"("interfaces": {)" + create + "}")), "/interfaces" + there, kDataExists);
+  expect_unchanged(edit(entry("Bundle-Ether1")), "/interface[name='Bundle-Ether1']" + there, kDataExists);
+  expect_unchanged(edit(config("Bundle-Ether1")), "/interface[name='Bundle-Ether1']/config" + there, kDataExists);
   // An interface without LACP is no entry.
   expect_success(edit(entry("GigabitEthernet0/0/0/4")));
   expect_success(edit(config("Bundle-Ether9")));
   before_ = read();
-  expect_unchanged(edit(entry("Bundle-Ether9")), there);
+  expect_unchanged(edit(entry("Bundle-Ether9")), there, kDataExists);
   expect_success(erase("/lacp"));
   expect_success(edit(lacp(create + R"(, "config": {"system-priority": 5})")));
 }
 
 TEST_F(Device, DoesNotDeleteWhatIsNotThere) {
-  expect_unchanged(erase(kBundle9), "nothing to delete");
-  expect_unchanged(erase(std::string(kBundle9) + "/config/interval"), "cannot be deleted");
+  expect_unchanged(erase(kBundle9), "nothing to delete", kDataMissing);
+  expect_unchanged(erase(std::string(kBundle9) + "/config/interval"), "cannot be deleted", kDataMissing);
   expect_unchanged(erase("/lacp/nonsense"), "/openconfig-lacp:lacp/nonsense: no such node");
   expect_unchanged(erase("lacp"), "the path 'lacp': '/' is missing behind ''");
   expect_unchanged(erase("//"), "the path '//': names no node");
@@ -279,7 +279,7 @@ TEST_F(Device, ARefusedRequestChangesNothing) {
   expect_unchanged(run({"edit", "/no/such", "-d", path()}), "/no/such: ");
   expect_unchanged(edit(config_of("Bundle-Ether1", R"("interval": "FAST",
                                   "@interval": {"ietf-netconf:operation": "create"})")),
-                   "period: is there already");
+                   "period: is there already", kDataExists);
 }
 
 TEST_F(Device, TheTraceOfAnEditIsShown) {

@@ -141,8 +141,8 @@ std::string squeezed(std::string text) {
   return text;
 }
 
-void expect_refusal(const Outcome& run, const std::string& part) {
-  EXPECT_EQ(run.status, 1);
+void expect_refusal(const Outcome& run, const std::string& part, int status) {
+  EXPECT_EQ(run.status, status);
   EXPECT_EQ(run.out, "");
   EXPECT_THAT(run.err, testing::StartsWith("oclacp: "));
   EXPECT_THAT(run.err, testing::HasSubstr(part));

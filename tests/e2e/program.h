@@ -69,9 +69,14 @@ std::vector<std::string> with_device();
 // A text without its blanks and line ends.
 std::string squeezed(std::string text);
 
-// That the run was refused as it has to be: status 1, nothing on the standard output, and one sentence on the standard
-// error that begins with the program's name and holds `part`.
-void expect_refusal(const Outcome& run, const std::string& part);
+// The exit statuses of errors; host/base/error.cpp has what each stands for.
+inline constexpr int kFailed = 1;
+inline constexpr int kDataExists = 3;
+inline constexpr int kDataMissing = 4;
+
+// That the run was refused as it has to be: with its status, nothing on the standard output, and one sentence on the
+// standard error that begins with the program's name and holds `part`.
+void expect_refusal(const Outcome& run, const std::string& part, int status = kFailed);
 
 // That the run went well and said nothing besides its result.
 void expect_success(const Outcome& run);

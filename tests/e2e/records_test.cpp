@@ -96,7 +96,7 @@ TEST(Records, WrongInputIsRefused) {
   expect_refusal(run({"records", "decode", "lacp_system_id", "/nowhere"}), "/nowhere: No such file or directory");
   expect_refusal(run({"records", "decode", "lacp_system_id", "-", "-d", "/nowhere"}, std::string(20, 'x')), "/nowhere");
   expect_refusal(run({"records", "list", "--module", "/nowhere.so"}), "the mapping module cannot be loaded");
-  expect_refusal(run({"records", "list", "--module", OCLACP_HOST_LIBRARY}), "is no mapping module");
+  expect_refusal(run({"records", "list", "--module", OCLACP_HOST_LIBRARY}), "is not a mapping module");
 }
 
 TEST(Records, WrongArgumentsHaveAStatusOfTheirOwn) {

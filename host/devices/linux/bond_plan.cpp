@@ -2,25 +2,18 @@
 
 #include <net/if.h>
 
-#include <cstdlib>
 #include <cstring>
-#include <memory>
 #include <unordered_set>
 
 #include "host/base/error.h"
 #include "host/devices/linux/native_bonds.h"
+#include "host/yang/data_nodes.h"
 
 namespace oclacp::host {
 namespace {
 
 [[noreturn]] void refuse(const lyd_node* node, const std::string& reason) {
-  const std::unique_ptr<char, decltype(&std::free)> path(lyd_path(node, LYD_PATH_STD, nullptr, 0), &std::free);
-  throw Error(std::string(path.get()) + ": " + reason);
-}
-
-// Defaults are nobody's settings, and come and go with what is around them.
-bool is_explicit(const lyd_node* node) {
-  return (node->flags & LYD_DEFAULT) == 0;
+  throw node_error(ErrorKind::kOperationNotSupported, data_path(node), reason);
 }
 
 std::string_view name_of(const lyd_node* node) {
@@ -159,7 +152,8 @@ std::vector<BondChange> plan_changes(const LinkSnapshot& links, const lyd_node* 
   }
   for (const Link& link : links.links) {
     if (link.is_lacp_bond() && is_served(link) && !configured.contains(link.name)) {
-      throw Error(link.name + ": LACP cannot be turned off in mode 802.3ad, so the entry cannot be deleted");
+      throw Error(ErrorKind::kOperationNotSupported,
+                  link.name + ": LACP cannot be turned off in mode 802.3ad, so the entry cannot be deleted");
     }
   }
   return changes;

@@ -68,7 +68,7 @@ std::vector<std::string> BondWriter::apply(const std::vector<BondChange>& change
   std::vector<std::string> warnings;
   for (std::size_t number = 0; number < changes.size(); ++number) {
     if (const std::optional<std::string> failure = carry_out(changes[number], warnings)) {
-      throw Error(changes[number].name + ": " + *failure + roll_back(changes, number));
+      throw Error(ErrorKind::kOperationFailed, changes[number].name + ": " + *failure + roll_back(changes, number));
     }
   }
   return warnings;

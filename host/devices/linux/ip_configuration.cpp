@@ -167,7 +167,8 @@ void IpConfiguration::read_routes(NetlinkSocket& socket, unsigned char family) {
     const std::string description = "the route " + address_text(family, attributes[RTA_DST]) +
                                     (attributes[RTA_DST] == nullptr ? "" : "/" + std::to_string(header->rtm_dst_len));
     if (attributes[RTA_NH_ID] != nullptr) {
-      throw Error(description + " uses a nexthop object, which would be lost with the link");
+      throw Error(ErrorKind::kOperationNotSupported,
+                  description + " uses a nexthop object, which would be lost with the link");
     }
     const bool is_direct =
         attributes[RTA_GATEWAY] == nullptr && attributes[RTA_VIA] == nullptr && attributes[RTA_MULTIPATH] == nullptr;

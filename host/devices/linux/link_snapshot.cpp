@@ -47,7 +47,7 @@ std::optional<std::string> read_text(const std::string& file) {
     if (errno == ENOENT) {
       return std::nullopt;
     }
-    throw Error(file + ": " + std::strerror(errno));
+    throw system_error(errno, file);
   }
   std::string text;
   std::string piece(65536, '\0');
@@ -59,7 +59,7 @@ std::optional<std::string> read_text(const std::string& file) {
     if (size > 0) {
       text.append(piece, 0, static_cast<std::size_t>(size));
     } else if (errno != EINTR) {
-      throw Error(file + ": " + std::strerror(errno));
+      throw system_error(errno, file);
     }
   }
 }

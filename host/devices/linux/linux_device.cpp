@@ -41,21 +41,21 @@ bool has_net_admin() {
 std::string make_lock_file() {
   struct stat status {};
   if (stat("/proc/thread-self/ns/net", &status) != 0) {
-    throw Error(std::string("/proc/thread-self/ns/net: ") + std::strerror(errno));
+    throw system_error(errno, "/proc/thread-self/ns/net");
   }
   std::string file = std::string(kLockFolder) + "/linux-" + std::to_string(status.st_ino) + ".lock";
   if (mkdir(kLockFolder, 0755) != 0 && errno != EEXIST) {
-    throw Error(std::string(kLockFolder) + ": " + std::strerror(errno));
+    throw system_error(errno, kLockFolder);
   }
   // Users without a right to change bonds have none to keep others from it.
   const FileDescriptor descriptor(open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
   if (!descriptor.is_open()) {
-    throw Error(file + ": " + std::strerror(errno));
+    throw system_error(errno, file);
   }
   // The folder may be a daemon's, which has to take the lock too after root has.
   if (geteuid() == 0 && stat(kLockFolder, &status) == 0 &&
       fchown(descriptor.number(), status.st_uid, status.st_gid) != 0) {
-    throw Error(file + ": " + std::strerror(errno));
+    throw system_error(errno, file);
   }
   return file;
 }
@@ -155,7 +155,7 @@ std::shared_ptr<const DeviceSnapshot> LinuxDevice::snapshot() {
 std::unique_ptr<DeviceLock> LinuxDevice::lock(const LockOptions& options) {
   const NetworkNamespaceScope scope(namespace_);
   if (!has_net_admin()) {
-    throw Error(name_ + ": to change bonds takes CAP_NET_ADMIN");
+    throw Error(ErrorKind::kAccessDenied, name_ + ": to change bonds takes CAP_NET_ADMIN");
   }
   return std::make_unique<LinuxLock>(*this, make_lock_file(), options);
 }
@@ -163,14 +163,14 @@ std::unique_ptr<DeviceLock> LinuxDevice::lock(const LockOptions& options) {
 std::vector<std::string> LinuxDevice::commit(const DeviceLock& lock, const DeviceSnapshot& base, TreePtr running,
                                              const CommitOptions& options) {
   if (dynamic_cast<const LinuxLock*>(&lock) == nullptr || &lock.device() != this) {
-    throw Error(name_ + ": cannot be changed under the lock of another device");
+    throw Error(ErrorKind::kInternal, name_ + ": cannot be changed under the lock of another device");
   }
   snapshot();
   if (!is_same(last_->running(), base.running())) {
-    throw Error(name_ + ": was changed by another program meanwhile, and stays as it is");
+    throw Error(ErrorKind::kInUse, name_ + ": was changed by another program meanwhile, and stays as it is");
   }
   if (is_withheld(last_->links())) {
-    throw Error(name_ + ": cannot be changed, since the kernel withholds what it is set to");
+    throw Error(ErrorKind::kAccessDenied, name_ + ": cannot be changed, since the kernel withholds what it is set to");
   }
   const std::vector<BondChange> changes = plan_changes(last_->links(), running.get(), options.may_interrupt);
   const NetworkNamespaceScope scope(namespace_);
@@ -209,7 +209,7 @@ int LinuxDevice::change_descriptor() {
         bind(changes_->number(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0) {
       const std::string reason = std::strerror(errno);
       changes_.reset();
-      throw Error(name_ + ": changes of links are not told: " + reason);
+      throw Error(ErrorKind::kOperationFailed, name_ + ": changes of links are not told: " + reason);
     }
   }
   return changes_->number();

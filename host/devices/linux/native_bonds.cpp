@@ -7,6 +7,7 @@
 
 #include "host/base/error.h"
 #include "host/devices/linux/bond_settings.h"
+#include "host/yang/libyang_error.h"
 
 namespace oclacp::host {
 namespace {
@@ -72,7 +73,7 @@ class NativeData {
  private:
   void check(LY_ERR status) const {
     if (status != LY_SUCCESS) {
-      throw Error(last_complaint(native_, "the bonds of this machine"));
+      throw libyang_error(native_, "the bonds of this machine");
     }
   }
 

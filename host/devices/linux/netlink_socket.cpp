@@ -17,7 +17,7 @@ namespace {
 constexpr std::size_t kReceiveBuffer = 65536;
 
 [[noreturn]] void fail(const std::string& what) {
-  throw Error("rtnetlink: " + what);
+  throw Error(ErrorKind::kOperationFailed, "rtnetlink: " + what);
 }
 
 [[noreturn]] void fail(const std::string& what, int error) {

@@ -26,19 +26,21 @@ NetworkNamespaceScope::NetworkNamespaceScope(const std::string& name)
     return;
   }
   if (name.find('/') != std::string::npos || name == "." || name == "..") {
-    throw Error("linux:" + name + ": not the name of a network namespace");
+    throw Error(ErrorKind::kOperationFailed, "linux:" + name + ": not the name of a network namespace");
   }
   const FileDescriptor wanted(open_namespace((std::string(kNamedNamespaces) + "/" + name).c_str()));
   if (!wanted.is_open()) {
-    throw Error("linux:" + name + ": " +
-                (errno == ENOENT ? "there is no network namespace of this name" : std::strerror(errno)));
+    throw Error(ErrorKind::kOperationFailed,
+                "linux:" + name + ": " +
+                    (errno == ENOENT ? "there is no network namespace of this name" : std::strerror(errno)));
   }
   if (!before_.is_open()) {
-    throw Error("linux:" + name + ": /proc/thread-self/ns/net: " + std::strerror(errno));
+    throw Error(ErrorKind::kOperationFailed, "linux:" + name + ": /proc/thread-self/ns/net: " + std::strerror(errno));
   }
   if (setns(wanted.number(), CLONE_NEWNET) != 0) {
-    throw Error("linux:" + name + ": " +
-                (errno == EPERM ? "to enter a network namespace takes CAP_SYS_ADMIN" : std::strerror(errno)));
+    throw Error(ErrorKind::kOperationFailed,
+                "linux:" + name + ": " +
+                    (errno == EPERM ? "to enter a network namespace takes CAP_SYS_ADMIN" : std::strerror(errno)));
   }
 }
 

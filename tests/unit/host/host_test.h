@@ -16,6 +16,7 @@
 #include "host/trees/request_parser.h"
 #include "host/yang/libyang_ptr.h"
 #include "host/yang/schemas.h"
+#include "host/yang/tree_printer.h"
 
 namespace oclacp::host {
 

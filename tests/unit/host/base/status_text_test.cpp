@@ -6,7 +6,7 @@
 namespace oclacp::host {
 namespace {
 
-TEST(Status, EveryCodeHasATextOfItsOwn) {
+TEST(StatusText, EveryCode_HasATextOfItsOwn) {
   const std::vector<cerrno> codes = {YFW_OK,
                                      YFW_INVALID_ARGUMENTS,
                                      YFW_MALFORMED_TREE,
@@ -27,10 +27,10 @@ TEST(Status, EveryCodeHasATextOfItsOwn) {
                                      kBadQuery,
                                      kBadDescriptor,
                                      kRegistryMisused};
-  std::vector<std::string> texts = {cerr_strerror(0xdeadbeef)};
+  std::vector<std::string> texts = {status_text(0xdeadbeef)};
   for (const cerrno code : codes) {
-    EXPECT_THAT(texts, testing::Not(testing::Contains(cerr_strerror(code)))) << std::hex << code;
-    texts.emplace_back(cerr_strerror(code));
+    EXPECT_THAT(texts, testing::Not(testing::Contains(status_text(code)))) << std::hex << code;
+    texts.emplace_back(status_text(code));
   }
 }
 

@@ -1,5 +1,6 @@
 #include "host/devices/apply_edit.h"
 
+#include "host/yang/tree_printer.h"
 #include "tests/unit/host/devices/memory_device.h"
 #include "tests/unit/host/trees/output_log_test.h"
 

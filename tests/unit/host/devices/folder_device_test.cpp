@@ -12,6 +12,7 @@
 
 #include "host/files/atomic_file.h"
 #include "host/files/read_file.h"
+#include "host/yang/tree_printer.h"
 #include "tests/unit/host/devices/memory_device.h"
 
 namespace oclacp::host {
@@ -126,8 +127,9 @@ TEST_F(FolderDeviceTest, WhatIsInTheWayOfTheNewFileIsNamedAndLeftAlone) {
       [](const std::string& name) { ASSERT_EQ(mkfifo(name.c_str(), 0600), 0); }};
   for (const auto obstacle : obstacles) {
     obstacle(aside);
-    EXPECT_EQ(refusal_of([&] { commit("{}"); }),
-              aside + ": is no regular file, and in the way of the new content of " + file_ + ", which stays as it is");
+    EXPECT_EQ(
+        refusal_of([&] { commit("{}"); }),
+        aside + ": is not a regular file, and in the way of the new content of " + file_ + ", which stays as it is");
     EXPECT_EQ(read_text_file(file_), before);
     EXPECT_TRUE(fs::remove(aside));
   }

@@ -12,6 +12,7 @@
 #include "host/base/error.h"
 #include "host/devices/device.h"
 #include "host/files/file_descriptor.h"
+#include "host/yang/tree_printer.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
@@ -54,7 +55,7 @@ class MemoryDevice final : public Device {
 
   std::unique_ptr<DeviceLock> lock(const LockOptions& options) override {
     if (holder_ != nullptr) {
-      throw Error(name_ + ": the device is busy: " + *holder_ + " has held it");
+      throw Error(ErrorKind::kLockDenied, name_ + ": the device is busy: " + *holder_ + " has held it");
     }
     holder_ = std::make_unique<std::string>(options.owner);
     return std::make_unique<Lock>(*this);
@@ -63,10 +64,10 @@ class MemoryDevice final : public Device {
   std::vector<std::string> commit(const DeviceLock& lock, const DeviceSnapshot& base, TreePtr running,
                                   const CommitOptions& /*options*/) override {
     if (&lock.device() != this) {
-      throw Error(name_ + ": cannot be changed under the lock of another device");
+      throw Error(ErrorKind::kInternal, name_ + ": cannot be changed under the lock of another device");
     }
     if (base.version() != snapshot_->version()) {
-      throw Error(name_ + ": was changed by another program meanwhile, and stays as it is");
+      throw Error(ErrorKind::kInUse, name_ + ": was changed by another program meanwhile, and stays as it is");
     }
     ++commits_;
     replace(std::move(running));

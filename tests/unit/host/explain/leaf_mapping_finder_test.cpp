@@ -3,6 +3,7 @@
 #include "host/devices/folder_device.h"
 #include "host/explain/sample_values.h"
 #include "host/translation/translator.h"
+#include "host/yang/tree_printer.h"
 #include "tests/unit/host/explain/explain_test.h"
 
 namespace oclacp::host {

@@ -48,8 +48,8 @@ TEST(RegularFile, IsNoPipeAndNoDevice) {
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   std::filesystem::create_symlink("/dev/zero", link);
   for (const std::string& file : {pipe, link, folder.path()}) {
-    EXPECT_EQ(refusal_of([&] { read_regular_file(file); }), file + ": is no regular file");
-    EXPECT_EQ(refusal_of([&] { read_stable_file(file); }), file + ": is no regular file");
+    EXPECT_EQ(refusal_of([&] { read_regular_file(file); }), file + ": is not a regular file");
+    EXPECT_EQ(refusal_of([&] { read_stable_file(file); }), file + ": is not a regular file");
   }
 }
 

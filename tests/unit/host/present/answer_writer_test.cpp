@@ -1,6 +1,7 @@
 // Documents are what libyang would write, byte for byte.
 #include "host/present/answer_writer.h"
 
+#include "host/yang/tree_printer.h"
 #include "tests/unit/host/trees/answer_test.h"
 #include "tests/unit/host/trees/generated_data.h"
 

@@ -1,5 +1,6 @@
 #include "host/records/record_decoder.h"
 
+#include "host/devices/interface_table.h"
 #include "tests/unit/host/records/records_test.h"
 
 namespace oclacp::host {

@@ -1,6 +1,7 @@
 #include "host/records/record_registry.h"
 
 #include "host/base/status_text.h"
+#include "host/translation/record_registration.h"
 #include "tests/unit/host/records/records_test.h"
 
 namespace oclacp::host {

@@ -1,6 +1,7 @@
 // State that is read in pieces is answered and refused as if it were read whole.
 #include <random>
 
+#include "host/base/error.h"
 #include "host/devices/open_device.h"
 #include "host/present/answer_writer.h"
 #include "host/translation/translator.h"

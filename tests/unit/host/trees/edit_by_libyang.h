@@ -8,6 +8,7 @@
 #include "host/trees/edit_tree.h"
 #include "host/yang/libyang_ptr.h"
 #include "host/yang/schemas.h"
+#include "host/yang/tree_printer.h"
 
 namespace oclacp::host {
 

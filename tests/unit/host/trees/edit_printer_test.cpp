@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "host/trees/node.h"
 #include "tests/unit/host/trees/answer_test.h"
 #include "tests/unit/host/trees/edit_by_libyang.h"
 #include "tests/unit/host/trees/generated_data.h"

@@ -1,6 +1,7 @@
 // Native data as it is handed to the module: all of it, and what a read asks for.
 #include "host/trees/native_tree.h"
 
+#include "host/trees/node.h"
 #include "tests/unit/host/trees/native_test.h"
 
 namespace oclacp::host {

@@ -4,6 +4,7 @@
 #include <deque>
 #include <string>
 
+#include "host/trees/node.h"
 #include "host/trees/output_log.h"
 #include "tests/unit/host/host_test.h"
 

@@ -1,5 +1,6 @@
 #include "host/trees/path_request.h"
 
+#include "host/trees/node.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {

@@ -1,5 +1,6 @@
 #include "host/trees/unvisited_nodes.h"
 
+#include "host/trees/node.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {

@@ -2,6 +2,7 @@
 #include "host/yang/value_check.h"
 
 #include "host/yang/text_sink.h"
+#include "host/yang/tree_printer.h"
 #include "tests/unit/host/trees/answer_test.h"
 #include "tests/unit/host/trees/generated_data.h"
 

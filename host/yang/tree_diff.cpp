@@ -1,17 +1,14 @@
-#include "host/translation/edit_plan.h"
+#include "host/yang/tree_diff.h"
 
 #include <cstring>
 #include <functional>
 
 #include "host/base/error.h"
+#include "host/yang/data_nodes.h"
+#include "host/yang/libyang_error.h"
 
 namespace oclacp::host {
 namespace {
-
-// Defaults are not the user's, and come and go with what is around them.
-bool is_explicit(const lyd_node* node) {
-  return (node->flags & LYD_DEFAULT) == 0;
-}
 
 // The same node among the siblings of another configuration; null when none counts.
 const lyd_node* counterpart(const lyd_node* node, const lyd_node* siblings) {
@@ -53,7 +50,7 @@ TreePtr difference_of(const ly_ctx* native, const lyd_node* before, const lyd_no
   }
   lyd_node* difference = nullptr;
   if (lyd_diff_tree(before, after, 0, &difference) != LY_SUCCESS) {
-    throw Error(last_complaint(native, "the running configuration"));
+    throw libyang_error(native, "the running configuration");
   }
   return TreePtr(difference);
 }
@@ -68,8 +65,7 @@ std::string first_changed(const lyd_node* root) {
   const lyd_node* node = nullptr;
   LYD_TREE_DFS_BEGIN(root, node) {
     if (is_changed(node)) {
-      const std::unique_ptr<char, decltype(&std::free)> path(lyd_path(node, LYD_PATH_STD, nullptr, 0), &std::free);
-      return path.get();
+      return data_path(node);
     }
     LYD_TREE_DFS_END(root, node);
   }

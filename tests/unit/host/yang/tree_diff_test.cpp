@@ -1,5 +1,7 @@
-#include "host/translation/edit_plan.h"
+#include "host/yang/tree_diff.h"
 
+#include "host/translation/edit_plan.h"
+#include "host/yang/tree_printer.h"
 #include "tests/unit/host/devices/memory_device.h"
 
 namespace oclacp::host {
