@@ -2,7 +2,7 @@
 add_library(oclacp_build_settings INTERFACE)
 target_compile_options(
   oclacp_build_settings
-  INTERFACE -Werror
+  INTERFACE $<$<BOOL:${OCLACP_WERROR}>:-Werror>
             -Wall
             -Wextra
             -Wpedantic
