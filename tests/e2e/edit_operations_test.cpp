@@ -29,15 +29,15 @@ std::string xml_entry(const std::string& name, const std::string& attributes) {
 
 class EditOperation : public testing::Test, protected CopiedDevice {
  protected:
-  void expect_unchanged(const Outcome& outcome, const std::string& part) const {
-    expect_refusal(outcome, part);
+  void expect_unchanged(const Outcome& outcome, const std::string& part, int status = kFailed) const {
+    expect_refusal(outcome, part, status);
     EXPECT_EQ(read(), before_);
   }
 
   // Refused by the translation and by the edit alike.
-  void expect_refused(const std::string& request, const std::string& part) const {
-    expect_refusal(translate(request, {"-d", path()}), part);
-    expect_unchanged(edit(request), part);
+  void expect_refused(const std::string& request, const std::string& part, int status = kFailed) const {
+    expect_refusal(translate(request, {"-d", path()}), part, status);
+    expect_unchanged(edit(request), part, status);
   }
 
   std::string before_ = read();
@@ -107,12 +107,12 @@ TEST_F(EditOperation, DeleteOfEntryThatIsNotThere_NamesItAndChangesNothing) {
     SCOPED_TRACE(name);
     const std::string reason = "oclacp: /openconfig-lacp:lacp/interfaces/interface[name='" + name +
                                "']: nothing to delete: the device has no LACP configuration for this interface";
-    expect_refused(entries(entry(name, operation("delete"))), reason);
+    expect_refused(entries(entry(name, operation("delete"))), reason, kDataMissing);
     expect_refused(entries(entry("Bundle-Ether1", operation("remove")) + "," + entry(name, operation("delete"))),
-                   reason);
-    expect_refused(xml_entry(name, "nc:operation='delete'"), reason);
-    expect_unchanged(erase("/lacp/interfaces/interface[name='" + name + "']"), reason);
-    expect_unchanged(edit(entries(R"({"name": ")" + name + "\"}"), {"--operation", "delete"}), reason);
+                   reason, kDataMissing);
+    expect_refused(xml_entry(name, "nc:operation='delete'"), reason, kDataMissing);
+    expect_unchanged(erase("/lacp/interfaces/interface[name='" + name + "']"), reason, kDataMissing);
+    expect_unchanged(edit(entries(R"({"name": ")" + name + "\"}"), {"--operation", "delete"}), reason, kDataMissing);
   }
 }
 
@@ -132,7 +132,7 @@ TEST_F(EditOperation, CreateWithoutSettings_IsRefused) {
     expect_refused(xml_entry(name, "nc:operation='create'"), path + reason);
     // So it is not there afterwards either.
     EXPECT_EQ(run({"get", "/lacp/interfaces" + path, "-d", this->path()}).out, "{}\n");
-    expect_unchanged(erase("/lacp/interfaces" + path), "nothing to delete");
+    expect_unchanged(erase("/lacp/interfaces" + path), "nothing to delete", kDataMissing);
   }
 }
 
@@ -143,9 +143,9 @@ TEST_F(EditOperation, CreateWithASetting_IsThereAfterwards) {
   expect_success(edit(request));
   EXPECT_THAT(squeezed(run({"get", path, "-d", this->path()}).out), HasSubstr(R"("interval":"SLOW")"));
   before_ = read();
-  expect_unchanged(edit(request), ": cannot be created, the device has it already");
+  expect_unchanged(edit(request), ": cannot be created, the device has it already", kDataExists);
   expect_unchanged(edit(entries(entry("Bundle-Ether9", operation("create")))),
-                   ": cannot be created, the device has it already");
+                   ": cannot be created, the device has it already", kDataExists);
   expect_success(erase(path));
   EXPECT_EQ(run({"get", path, "-d", this->path()}).out, "{}\n");
 }

@@ -153,7 +153,7 @@ TEST_F(Device, DeletesTheInterfaceThatIsNamedAndNoneWhoseNameIsAPartOfIt) {
   EXPECT_THAT(read(), HasSubstr("00:11:22:33:44:55"));
   before_ = read();
   expect_unchanged(erase("/lacp/interfaces/interface[name='Bundle-Ether10']"),
-                   "/interface[name='Bundle-Ether10']: nothing to delete");
+                   "/interface[name='Bundle-Ether10']: nothing to delete", kDataMissing);
 }
 
 TEST_F(Device, DeletesAnInterfaceWithSlashesInItsName) {
