@@ -248,6 +248,7 @@ Times measure_times(const std::string& work, std::size_t interfaces) {
 double measure_module(CountedModule::Request request, std::size_t interfaces) {
   CountedModule counted(request, interfaces);
   std::vector<double> times;
+  times.reserve(kRounds);
   for (int round = 0; round < kRounds; ++round) {
     times.push_back(time_of([&] { counted.walk(); }));
   }
@@ -260,6 +261,7 @@ long memory_of(const std::vector<std::string>& arguments) {
   require(process >= 0, "no process can be made");
   if (process == 0) {
     std::vector<char*> words = {const_cast<char*>("oclacp_bench")};
+    words.reserve(arguments.size() + 2);
     for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
     words.push_back(nullptr);
     execv("/proc/self/exe", words.data());

@@ -17,10 +17,7 @@ struct Translator::Parts {
   MappingModule module;
 
   Parts(const SchemaDirectories& directories, const std::string& module_file)
-      : schemas(directories),
-        native(schemas.native()),
-        openconfig(schemas.request()),
-        module(module_file) {}
+      : schemas(directories), native(schemas.native()), openconfig(schemas.request()), module(module_file) {}
 };
 
 // The contract's operation code for a kind of request.

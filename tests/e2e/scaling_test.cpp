@@ -1,6 +1,7 @@
 // Ten times the interfaces take about ten times as long.
+#include <sys/resource.h>
+
 #include <algorithm>
-#include <chrono>
 #include <sstream>
 
 #include "tests/e2e/device_folder.h"
@@ -18,15 +19,26 @@ std::string interfaces(int count, const std::string& content) {
   return R"({"openconfig-lacp:lacp": {"interfaces": {"interface": [)" + entries + "]}}}";
 }
 
-// The shortest of three runs, in seconds: what else runs on the machine only makes a run longer.
+double seconds(const timeval& time) {
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
+// What the programs that have ended have used, in seconds. Time on the clock would count what else the machine does.
+double processor_time() {
+  rusage used{};
+  EXPECT_EQ(getrusage(RUSAGE_CHILDREN, &used), 0);
+  return seconds(used.ru_utime) + seconds(used.ru_stime);
+}
+
+// The shortest of three runs, in seconds: what shares the caches only makes a run longer.
 double time_of(const std::string& request, const std::vector<std::string>& arguments) {
   double shortest = 1e9;
   for (int attempt = 0; attempt < 3; ++attempt) {
-    const auto begin = std::chrono::steady_clock::now();
+    const double begin = processor_time();
     const Outcome result = translate(request, arguments);
-    const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
+    const double taken = processor_time() - begin;
     EXPECT_EQ(result.status, 0) << result.err.substr(0, 1000);
-    shortest = std::min(shortest, taken.count());
+    shortest = std::min(shortest, taken);
   }
   return shortest;
 }
@@ -67,11 +79,11 @@ class ScalingOnADevice : public DeviceFolderTest {
   [[nodiscard]] static double time_of(const std::vector<std::string>& arguments) {
     double shortest = 1e9;
     for (int attempt = 0; attempt < 3; ++attempt) {
-      const auto begin = std::chrono::steady_clock::now();
+      const double begin = processor_time();
       const Outcome result = run(arguments);
-      const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - begin;
+      const double taken = processor_time() - begin;
       EXPECT_EQ(result.status, 0) << result.err.substr(0, 1000);
-      shortest = std::min(shortest, taken.count());
+      shortest = std::min(shortest, taken);
     }
     return shortest;
   }

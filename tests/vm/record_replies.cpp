@@ -27,7 +27,7 @@ class Relay {
  public:
   explicit Relay(fs::path folder) : folder_(std::move(folder)), kernel_(socket(AF_NETLINK, SOCK_RAW, NETLINK_ROUTE)) {
     if (kernel_ < 0 || socketpair(AF_UNIX, SOCK_SEQPACKET, 0, ends_.data()) != 0) {
-      throw oclacp::host::Error("no sockets");
+      throw oclacp::host::Error(oclacp::host::ErrorKind::kOperationFailed, "no sockets");
     }
     thread_ = std::thread([this] { run(); });
   }

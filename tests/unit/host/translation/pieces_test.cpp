@@ -64,7 +64,7 @@ class PiecesTest : public testing::Test {
     try {
       const Answer answer = translator_.get(device, options);
       std::string text = print_answer(answer.data, format) + std::to_string(answer.dropped_leaves);
-      for (const std::string& line : answer.failures) text += "\nfailure: " + line;
+      for (const Error& failure : answer.failures) text += std::string("\nfailure: ") + failure.what();
       for (const std::string& line : answer.valueless) text += "\nvalueless: " + line;
       return text;
     } catch (const Error& error) {

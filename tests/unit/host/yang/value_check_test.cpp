@@ -1,6 +1,7 @@
 // Values are judged as libyang judges them.
 #include "host/yang/value_check.h"
 
+#include "host/yang/libyang_error.h"
 #include "host/yang/text_sink.h"
 #include "host/yang/tree_printer.h"
 #include "tests/unit/host/trees/answer_test.h"
@@ -23,7 +24,7 @@ Judged judge_by_libyang(const lysc_node* leaf, const std::string& text) {
   const TreePtr tree(top);
   lyd_node* made = nullptr;
   if (lyd_new_term(top, leaf->module, leaf->name, text.c_str(), 0, &made) != LY_SUCCESS) {
-    return {false, last_reason(every_type()), "", ""};
+    return {false, last_libyang_error(every_type()).reason, "", ""};
   }
   return {true, lyd_get_value(made), print_tree(every_type(), top, LYD_JSON), print_tree(every_type(), top, LYD_XML)};
 }
