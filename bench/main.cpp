@@ -179,7 +179,7 @@ class Subject {
     host::GetOptions options;
     options.kind = work_ == "config" ? host::RequestKind::kReadConfig : host::RequestKind::kReadState;
     if (work_ == "one") {
-      options.path = "/lacp/interfaces/interface[name='Bundle-Ether7']";
+      options.paths = {"/lacp/interfaces/interface[name='Bundle-Ether7']"};
     }
     return options;
   }

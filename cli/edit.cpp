@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "cli/command.h"
 #include "host/devices/open_device.h"
@@ -16,7 +17,7 @@ namespace {
 struct EditArguments : TranslationArguments {
   std::string file;
   std::optional<std::string> request;  // none when a path is deleted
-  std::string path;
+  std::vector<std::string> paths;
   bool expects_no_change = false;
   host::CommitOptions commit;
 };
@@ -42,7 +43,7 @@ void add_edit_options(CLI::App& command, EditArguments& arguments) {
 host::EditPlan plan(host::Translator& translator, const host::DeviceSnapshot& device, EditArguments& arguments) {
   const Records records(arguments);
   host::EditPlan plan = arguments.request ? translator.plan_edit(*arguments.request, device, arguments.options)
-                                          : translator.plan_delete(arguments.path, device, arguments.options);
+                                          : translator.plan_delete(arguments.paths, device, arguments.options);
   warn_unkeyed_entries(plan.dropped_entries);
   warn(plan.warnings);
   return plan;
@@ -80,6 +81,10 @@ void define_edit(CLI::App& app) {
   CLI::App* command = app.add_subcommand("edit", "Apply a request to a device");
   add_request(*command, arguments->file);
   add_operation(*command, *arguments);
+  command
+      ->add_option("--at", arguments->options.at,
+                   "The request is a part of the tree: this node, or what is to be put into it")
+      ->type_name("PATH");
   add_edit_options(*command, *arguments);
   command->callback([arguments] {
     const std::unique_ptr<host::Translator> translator = make_translator(*arguments);
@@ -90,10 +95,12 @@ void define_edit(CLI::App& app) {
 
 void define_delete(CLI::App& app) {
   const auto arguments = std::make_shared<EditArguments>();
-  CLI::App* command = app.add_subcommand("delete", "Delete a node from a device");
+  CLI::App* command = app.add_subcommand("delete", "Delete nodes from a device");
   command
-      ->add_option("PATH", arguments->path, "The node, such as /lacp/interfaces/interface[name='Bundle-Ether1']/config")
+      ->add_option("PATH", arguments->paths,
+                   "The nodes, such as /lacp/interfaces/interface[name='Bundle-Ether1']/config")
       ->required();
+  command->add_flag("--if-present", arguments->options.ignores_absent, "Do not complain of what is not there");
   add_edit_options(*command, *arguments);
   command->callback([arguments] {
     const std::unique_ptr<host::Translator> translator = make_translator(*arguments);

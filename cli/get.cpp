@@ -78,7 +78,7 @@ void run(GetArguments& arguments) {
   const std::unique_ptr<host::Translator> translator = make_translator(arguments);
   const std::unique_ptr<host::Device> device = host::open_device(translator->native_context(), arguments.device);
   if (arguments.lists_unmapped) {
-    print(translator->list_unmapped(*device->snapshot(), arguments.get.path));
+    print(translator->list_unmapped(*device->snapshot(), arguments.get.paths));
   } else if (arguments.watch_seconds > 0) {
     watch(*translator, arguments.watch_seconds, [&] { return read(*translator, *device->snapshot(), arguments); });
   } else {
@@ -92,7 +92,7 @@ void define_get(CLI::App& app) {
   const auto arguments = std::make_shared<GetArguments>();
   CLI::App* command = app.add_subcommand("get", "Read a device: its configuration, or its state too");
   command->add_option(
-      "PATH", arguments->get.path,
+      "PATH", arguments->get.paths,
       "What to read, such as /lacp/interfaces/interface[name='Bundle-Ether1']/config; /lacp by default");
   CLI::Option* config = command->add_flag("--config", arguments->reads_config, "Read configuration, as without it");
   CLI::Option* all =

@@ -143,7 +143,7 @@ ProbeResult Probe::read(const lysc_node* node) {
 ProbeResult Probe::run_request(const std::string& path, uint32_t operation, const lysc_node* about) {
   const CurrentDevice installed(device_);
   OutputLog log(native_, operation == YFW_REQUEST_EDIT);
-  RequestTree request = parse_path(schemas_.request(), path);
+  RequestTree request = parse_paths(schemas_.request(), {path});
   try {
     walk_request(module_.request_walker(), request, operation, log, {});
   } catch (const Error& error) {

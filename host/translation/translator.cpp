@@ -102,12 +102,24 @@ const ly_ctx* Translator::openconfig_context() const {
 
 namespace {
 
+ParsedRequest parse_edit(const ly_ctx* context, const std::string& text, const TranslateOptions& options) {
+  return options.at.empty() ? parse_request(context, text) : parse_resource(context, options.at, text);
+}
+
+// What the request itself says comes first.
+DefaultOperation default_operation(const ParsedRequest& request, const TranslateOptions& options) {
+  if (request.default_operation == "none") {
+    throw Error(ErrorKind::kOperationNotSupported, "the request: the default operation 'none' is not supported");
+  }
+  return request.default_operation == "replace" ? DefaultOperation::kReplace : options.operation;
+}
+
 // An edit from its text to what it comes to natively; the later are made of the earlier.
 struct TranslatedEdit {
   TranslatedEdit(ParsedRequest parsed, const MappingModule& module, SchemaIndex& paths, const DeviceSnapshot& device,
                  const TranslateOptions& options)
       : request(std::move(parsed)), installed(device), log(paths, true) {
-    apply_default(options.operation, request.tree);
+    apply_default(default_operation(request, options), request.tree);
     check_nothing_added_below_deletes(request.tree);
     const AbsentEntries absent(request.tree, installed);
     use_entry_form_keys(request.tree, installed);
@@ -129,8 +141,8 @@ Translation Translator::translate(const std::string& request, const DeviceSnapsh
                                   const TranslateOptions& options) {
   Translation translation;
   if (options.kind == RequestKind::kEdit) {
-    TranslatedEdit edit(parse_request(parts_->schemas.request(), request), parts_->module, parts_->native.index, device,
-                        options);
+    TranslatedEdit edit(parse_edit(parts_->schemas.request(), request, options), parts_->module, parts_->native.index,
+                        device, options);
     check_creations_set_something(edit.request.tree);
     translation.dropped_entries = edit.native->dropped_entries();
     translation.text = print_edit(parts_->native, *edit.native, libyang_format(options.format, edit.request.format));
@@ -152,12 +164,13 @@ Translation Translator::translate(const std::string& request, const DeviceSnapsh
 
 EditPlan Translator::plan_edit(const std::string& request, const DeviceSnapshot& device,
                                const TranslateOptions& options) {
-  return plan(parse_request(parts_->schemas.request(), request), device, options);
+  return plan(parse_edit(parts_->schemas.request(), request, options), device, options);
 }
 
-EditPlan Translator::plan_delete(const std::string& path, const DeviceSnapshot& device,
+EditPlan Translator::plan_delete(const std::vector<std::string>& paths, const DeviceSnapshot& device,
                                  const TranslateOptions& options) {
-  return plan(parse_delete_path(parts_->schemas.request(), path), device, options);
+  const AbsentNode absent = options.ignores_absent ? AbsentNode::kIsFine : AbsentNode::kIsRefused;
+  return plan(parse_delete_paths(parts_->schemas.request(), paths, absent), device, options);
 }
 
 EditPlan Translator::plan(ParsedRequest request, const DeviceSnapshot& device, const TranslateOptions& options) {

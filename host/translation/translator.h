@@ -52,6 +52,10 @@ struct TranslateOptions {
   // back. Plans also for what would be a warning (edit_plan.h).
   bool is_strict = false;
   bool is_dry_run = false;  // plans only: the plan tells the native edit and what it changes
+  // Edits only: the path of the node that the request holds, or holds children of (RFC 8040, a resource); empty for a
+  // request that begins at the top.
+  std::string at = {};
+  bool ignores_absent = false;  // deletes of paths only: what is not there is as good as deleted
   // Where the module's records go; null for nowhere. Both are also filled when the translation is refused.
   std::ostream* debug_log = nullptr;
   std::vector<std::string>* trace = nullptr;
@@ -65,7 +69,7 @@ struct Translation {
 };
 
 struct GetOptions {
-  std::string path = "/lacp";                   // of a node of openconfig-lacp (yang/request_path.h)
+  std::vector<std::string> paths = {"/lacp"};   // of nodes of openconfig-lacp (trees/path_request.h)
   RequestKind kind = RequestKind::kReadConfig;  // a read: of configuration, or of state too
   // An entry that cannot be translated is left out and told, instead of ending the whole.
   bool keeps_going = false;
@@ -109,9 +113,9 @@ class OCLACP_HOST_API Translator {
   // Reads a device: its configuration, or its operational state too. Throws Error.
   Answer get(const DeviceSnapshot& device, const GetOptions& options);
 
-  // The native configuration of the interfaces below `path` (as in GetOptions) that OpenConfig has no form for: a line
+  // The native configuration of the interfaces below `paths` (as in GetOptions) that OpenConfig has no form for: a line
   // for each leaf, with its native path and its value. Throws Error.
-  std::string list_unmapped(const DeviceSnapshot& device, const std::string& path);
+  std::string list_unmapped(const DeviceSnapshot& device, const std::vector<std::string>& paths);
 
   // Translates native data in JSON (RFC 7951) or XML, with any number of native top nodes. The interfaces that have
   // LACP are those of `device`; with null those of the input. Throws Error.
@@ -121,8 +125,9 @@ class OCLACP_HOST_API Translator {
   // the caller's part. Throws Error as translate() does, and for what cannot be applied.
   EditPlan plan_edit(const std::string& request, const DeviceSnapshot& device, const TranslateOptions& options);
 
-  // The same for the delete of one node; `path` as in GetOptions.
-  EditPlan plan_delete(const std::string& path, const DeviceSnapshot& device, const TranslateOptions& options);
+  // The same for the delete of the nodes that `paths` (as in GetOptions) lead to.
+  EditPlan plan_delete(const std::vector<std::string>& paths, const DeviceSnapshot& device,
+                       const TranslateOptions& options);
 
  private:
   struct Parts;

@@ -33,9 +33,9 @@ class InputSnapshot final : public EmptySnapshot {
 
 // What a path asks for, on both sides.
 struct ReadRequest {
-  ReadRequest(const ly_ctx* context, const MappingModule& module, SchemaIndex& native_paths, const std::string& path,
-              uint32_t operation, const RecordSinks& sinks)
-      : request(parse_path(context, path)), asked(native_paths, false) {
+  ReadRequest(const ly_ctx* context, const MappingModule& module, SchemaIndex& native_paths,
+              const std::vector<std::string>& paths, uint32_t operation, const RecordSinks& sinks)
+      : request(parse_paths(context, paths)), asked(native_paths, false) {
     module.require_offer();
     name_contents_of_bare_entries(request);
     walk_request(module.request_walker(), request, operation, asked, sinks);
@@ -77,7 +77,7 @@ Answer Translator::get(const DeviceSnapshot& device, const GetOptions& options) 
   const CurrentDevice installed(device);
   const uint32_t operation = operation_code(options.kind);
   const RecordSinks sinks = {options.debug_log, options.trace};
-  ReadRequest read_request(parts_->schemas.request(), parts_->module, parts_->native.index, options.path, operation,
+  ReadRequest read_request(parts_->schemas.request(), parts_->module, parts_->native.index, options.paths, operation,
                            sinks);
   const EntryFilter wanted = make_entry_filter(read_request.request.top());
   const NativeSelection selection(read_request.asked);
@@ -98,9 +98,9 @@ Answer Translator::get(const DeviceSnapshot& device, const GetOptions& options) 
   return std::move(*answer);
 }
 
-std::string Translator::list_unmapped(const DeviceSnapshot& device, const std::string& path) {
+std::string Translator::list_unmapped(const DeviceSnapshot& device, const std::vector<std::string>& paths) {
   const CurrentDevice installed(device);
-  const ReadRequest read_request(parts_->schemas.request(), parts_->module, parts_->native.index, path,
+  const ReadRequest read_request(parts_->schemas.request(), parts_->module, parts_->native.index, paths,
                                  operation_code(RequestKind::kReadConfig), {});
   std::string text;
   const NativeSelection selection(read_request.asked);

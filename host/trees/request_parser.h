@@ -9,12 +9,21 @@ namespace oclacp::host {
 
 struct ParsedRequest {
   LYD_FORMAT format;
-  RequestTree tree;  // its top node is /openconfig-lacp:lacp
+  RequestTree tree;                    // its top node is /openconfig-lacp:lacp
+  std::string default_operation = {};  // what an <edit-config> around it says (RFC 6241, 7.2); empty without
 };
 
 // Reads a request in JSON (RFC 7951, attributes by RFC 7952) or XML, against the schemas of the request side. Leaves
-// may lack a value, and list entries their key, as in deletions and reads. Throws Error.
+// may lack a value, and list entries their key, as in deletions and reads. In XML the data may stand in <config>,
+// <edit-config> or <rpc> (yang/edit_envelope.h). Throws Error.
 ParsedRequest parse_request(const ly_ctx* context, const std::string& text);
+
+// Reads a request that holds the node which `path` leads to, or children of it (trees/resource_document.h). Throws
+// Error.
+ParsedRequest parse_resource(const ly_ctx* context, const std::string& path, const std::string& text);
+
+// Refuses a request with more than one top node.
+void require_one_top(RequestTree& tree, bool is_alone);
 
 // Refuses a request whose top node is another than /openconfig-lacp:lacp.
 void require_served_top(RequestTree& tree);

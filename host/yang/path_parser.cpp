@@ -9,6 +9,7 @@ namespace oclacp::host {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r\n";
+constexpr std::string_view kAnyValue = "*";
 
 class PathParser {
  public:
@@ -20,7 +21,12 @@ class PathParser {
       refuse("names no node");
     }
     std::vector<PathStep> steps;
+    if (path_.front() == '/') {
+      ++at_;
+    }
+    steps.push_back(take_step());
     while (at_ < end) {
+      expect('/');
       steps.push_back(take_step());
     }
     return steps;
@@ -50,7 +56,6 @@ class PathParser {
   }
 
   PathStep take_step() {
-    expect('/');
     PathStep step;
     step.name = take_name();
     if (at_ < path_.size() && path_[at_] == ':') {
@@ -58,32 +63,54 @@ class PathParser {
       step.module = std::exchange(step.name, take_name());
     }
     while (at_ < path_.size() && path_[at_] == '[') {
-      step.predicates.push_back(take_predicate());
+      take_predicate(step);
     }
     return step;
   }
 
-  std::pair<std::string, std::string> take_predicate() {
+  void take_predicate(PathStep& step) {
     expect('[');
     skip_blanks();
     std::string name = take_name();
+    if (at_ < path_.size() && path_[at_] == ':') {
+      ++at_;
+      name = take_name();
+    }
     skip_blanks();
     expect('=');
     skip_blanks();
-    const char quote = at_ < path_.size() && path_[at_] == '"' ? '"' : '\'';
-    expect(quote);
+    const bool is_quoted = at_ < path_.size() && (path_[at_] == '"' || path_[at_] == '\'');
+    const size_t begin = at_;
+    std::string value = is_quoted ? take_quoted() : take_bare();
+    if (value.empty()) {
+      refuse("'" + name + "' is given no value");
+    }
+    // An escaped asterisk is one.
+    if (path_.substr(begin, at_ - begin) != kAnyValue) {
+      step.predicates.emplace_back(std::move(name), std::move(value));
+    }
+    expect(']');
+  }
+
+  std::string take_quoted() {
+    const char quote = path_[at_++];
     const size_t end = path_.find(quote, at_);
     if (end == std::string_view::npos) {
       refuse("a text in quotes has no end");
     }
     std::string value(path_.substr(at_, end - at_));
-    if (value.empty()) {
-      refuse("'" + name + "' is given no value");
-    }
     at_ = end + 1;
     skip_blanks();
-    expect(']');
-    return {std::move(name), std::move(value)};
+    return value;
+  }
+
+  std::string take_bare() {
+    std::string value;
+    while (at_ < path_.size() && path_[at_] != ']') {
+      at_ += path_[at_] == '\\' && at_ + 1 < path_.size() ? 1 : 0;
+      value.push_back(path_[at_++]);
+    }
+    return value;
   }
 
   std::string_view path_;
@@ -93,6 +120,10 @@ class PathParser {
 }  // namespace
 
 std::vector<PathStep> parse_path_steps(const std::string& path) {
+  if (path.size() > kMaxPathBytes) {
+    throw Error(ErrorKind::kTooBig, "the path '" + path.substr(0, 32) + "...': has " + std::to_string(path.size()) +
+                                        " bytes, more than the " + std::to_string(kMaxPathBytes) + " that are taken");
+  }
   return PathParser(path).parse();
 }
 

@@ -13,26 +13,6 @@ const lysc_node* child_of_module(const lysc_node* above, const lys_module* modul
   return module->implemented == 0 ? nullptr : lys_find_child(above, module, name.c_str(), name.size(), 0, 0);
 }
 
-// A name alone means the node of the module above where there is one.
-const lysc_node* find_child(const ly_ctx* context, const lysc_node* above, const PathStep& step) {
-  if (step.module.empty() && above != nullptr) {
-    if (const lysc_node* node = child_of_module(above, above->module, step.name); node != nullptr) {
-      return node;
-    }
-  }
-  uint32_t index = 0;
-  for (const lys_module* module = ly_ctx_get_module_iter(context, &index); module != nullptr;
-       module = ly_ctx_get_module_iter(context, &index)) {
-    if (!step.module.empty() && step.module != module->name && step.module != module->prefix) {
-      continue;
-    }
-    if (const lysc_node* node = child_of_module(above, module, step.name); node != nullptr) {
-      return node;
-    }
-  }
-  return nullptr;
-}
-
 bool has_leaf(const lysc_node* node, const std::string& name) {
   const lysc_node* child = child_of_module(node, node->module, name);
   return child != nullptr && is_leaf(child);
@@ -50,7 +30,7 @@ void check_predicates(const lysc_node* node, const PathStep& step) {
 const lysc_node* find_node(const ly_ctx* context, const std::vector<PathStep>& steps) {
   std::vector<const lysc_node*> nodes;
   for (const PathStep& step : steps) {
-    const lysc_node* node = find_child(context, nodes.empty() ? nullptr : nodes.back(), step);
+    const lysc_node* node = find_step(context, nodes.empty() ? nullptr : nodes.back(), step);
     if (node == nullptr) {
       return nullptr;
     }
@@ -71,6 +51,25 @@ const lysc_node* data_parent(const lysc_node* node) {
 }
 
 }  // namespace
+
+const lysc_node* find_step(const ly_ctx* context, const lysc_node* above, const PathStep& step) {
+  if (step.module.empty() && above != nullptr) {
+    if (const lysc_node* node = child_of_module(above, above->module, step.name); node != nullptr) {
+      return node;
+    }
+  }
+  uint32_t index = 0;
+  for (const lys_module* module = ly_ctx_get_module_iter(context, &index); module != nullptr;
+       module = ly_ctx_get_module_iter(context, &index)) {
+    if (!step.module.empty() && step.module != module->name && step.module != module->prefix) {
+      continue;
+    }
+    if (const lysc_node* node = child_of_module(above, module, step.name); node != nullptr) {
+      return node;
+    }
+  }
+  return nullptr;
+}
 
 std::vector<const lysc_node*> find_nodes(const Schemas& schemas, const std::string& path) {
   const std::vector<PathStep> steps = parse_path_steps(path);

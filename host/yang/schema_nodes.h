@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "host/yang/path_parser.h"
 #include "host/yang/schemas.h"
 
 namespace oclacp::host {
@@ -14,6 +15,10 @@ namespace oclacp::host {
 // module stands on both sides. Modules may be given by name or prefix, or left out where the names tell. Predicates
 // must name leaves of their node, and make no difference. Throws Error when there is no such node.
 std::vector<const lysc_node*> find_nodes(const Schemas& schemas, const std::string& path);
+
+// The child, with null the top node, that a step names; null when there is none. A name alone means the node of the
+// module above where there is one.
+const lysc_node* find_step(const ly_ctx* context, const lysc_node* above, const PathStep& step);
 
 // The path of data of this node: module prefixes where they change, without keys.
 std::string schema_path(const lysc_node* node);

@@ -76,9 +76,9 @@ TEST_F(CoverageTest, AServedLeafIsOneThatAReadAloneIsNotRefusedFor) {
   for (const CoveredLeaf& leaf : coverage_.leaves) {
     GetOptions options;
     options.kind = RequestKind::kReadState;
-    options.path = bare_path(leaf.schema);
+    options.paths = {bare_path(leaf.schema)};
     const std::string refusal = refusal_of([&] { translator.get(EmptySnapshot(), options); });
-    EXPECT_EQ(refusal == "accepted", leaf.in_reads) << options.path << ": " << refusal;
+    EXPECT_EQ(refusal == "accepted", leaf.in_reads) << options.paths.front() << ": " << refusal;
   }
 }
 

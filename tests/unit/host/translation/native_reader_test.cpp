@@ -11,7 +11,7 @@ namespace oclacp::host {
 namespace {
 
 std::vector<std::string> wanted(const std::string& path) {
-  RequestTree request = parse_path(schemas().request(), path);
+  RequestTree request = parse_paths(schemas().request(), {path});
   const EntryFilter entries = make_entry_filter(request.top());
   std::vector<std::string> keys(entries.keys.begin(), entries.keys.end());
   EXPECT_EQ(entries.list == nullptr, keys.empty());

@@ -76,7 +76,7 @@ class PiecesTest : public testing::Test {
   std::string read(const std::string& operational, const std::string& path = "/lacp", bool keeps_going = false) {
     std::ofstream(folder_.path() + "/operational.json") << operational;
     GetOptions options;
-    options.path = path;
+    options.paths = {path};
     options.kind = RequestKind::kReadState;
     options.keeps_going = keeps_going;
     // Opened for each, as a snapshot keeps what it has read.

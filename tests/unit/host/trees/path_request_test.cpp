@@ -1,5 +1,7 @@
 #include "host/trees/path_request.h"
 
+#include <algorithm>
+
 #include "host/trees/node.h"
 #include "tests/unit/host/host_test.h"
 
@@ -7,7 +9,7 @@ namespace oclacp::host {
 namespace {
 
 RequestTree parse_path(const std::string& path) {
-  return oclacp::host::parse_path(schemas().request(), path);
+  return parse_paths(schemas().request(), {path});
 }
 
 std::string refused(const std::string& path) {
@@ -58,7 +60,7 @@ TEST(RequestPath, ALeafMayBeGivenItsValue) {
 TEST(RequestPath, WhatNamesNoNodeIsRefused) {
   EXPECT_EQ(refused(""), "the path '': names no node");
   EXPECT_EQ(refused("//"), "the path '//': names no node");
-  EXPECT_EQ(refused("lacp"), "the path 'lacp': '/' is missing behind ''");
+  EXPECT_EQ(refused("colour"), "/colour: no such node");
   EXPECT_EQ(refused("/lacp//config"), "the path '/lacp//config': the name of a node is missing behind '/lacp/'");
   EXPECT_EQ(refused("/lacp/colour"), "/openconfig-lacp:lacp/colour: no such node");
   EXPECT_EQ(refused("/lacp/other:config"), "/openconfig-lacp:lacp/other:config: unknown module 'other'");
@@ -69,7 +71,6 @@ TEST(RequestPath, WhatNamesNoNodeIsRefused) {
 TEST(RequestPath, BadPredicatesAreRefused) {
   const std::string list = "/lacp/interfaces/interface";
   EXPECT_EQ(refused(list + "[name"), "the path '" + list + "[name': '=' is missing behind '" + list + "[name'");
-  EXPECT_EQ(refused(list + "[name=x]"), "the path '" + list + "[name=x]': ''' is missing behind '" + list + "[name='");
   EXPECT_EQ(refused(list + "[name='x"), "the path '" + list + "[name='x': a text in quotes has no end");
   EXPECT_EQ(refused(list + "[name='x'"),
             "the path '" + list + "[name='x'': ']' is missing behind '" + list + "[name='x''");
@@ -96,7 +97,7 @@ TEST(RequestPath, EndAtAPredicate_AsksForTheLeafWhateverItsValue) {
 // ---- The same paths as deletes -------------------------------------------------------------------------------------
 
 RequestTree parse_delete(const std::string& path) {
-  return parse_delete_path(schemas().request(), path).tree;
+  return parse_delete_paths(schemas().request(), {path}, AbsentNode::kIsRefused).tree;
 }
 
 // The paths of the nodes that carry a delete.
@@ -139,18 +140,80 @@ TEST(DeletePath, AKeyMayHoldSlashesColonsAndQuotes) {
 TEST(DeletePath, OnlyKeysAreGivenValues) {
   for (const char* path : {"/lacp/config/system-priority[.='5']", "/lacp/config[system-priority='5']",
                            "/lacp/interfaces/interface[name='a']/config[interval='FAST']/lacp-mode"}) {
-    EXPECT_EQ(refusal_of([&] { parse_delete(path); }),
-              "the path '" + std::string(path) + "': only list keys may be given values in a delete");
+    EXPECT_THAT(refusal_of([&] { parse_delete(path); }),
+                testing::EndsWith(": only list keys may be given values in a delete"))
+        << path;
   }
 }
 
 TEST(DeletePath, IsRefusedLikeAnyOtherPath) {
   for (const char* path :
-       {"", "/", "//", "lacp", "//lacp", "/lacp//interval", "/lacp/*", "/lacp/colour", "/other:lacp",
+       {"", "/", "//", "//lacp", "/lacp//interval", "/lacp/*", "/lacp/colour", "/other:lacp",
         "/lacp/interfaces/interface[name='a'", "/lacp/interfaces/interface[1]/config", "/lacp or /lacp"}) {
     const std::string reason = refused(path);
     EXPECT_NE(reason, "accepted") << path;
     EXPECT_EQ(refusal_of([&] { parse_delete(path); }), reason);
+  }
+}
+
+TEST(DeletePath, ThatToleratesAbsence_Removes) {
+  ParsedRequest request = parse_delete_paths(schemas().request(), {"/lacp/config"}, AbsentNode::kIsFine);
+  EXPECT_EQ(find(request.tree, {"config"})->operation, static_cast<uint32_t>(YFW_OPERATION_REMOVE));
+}
+
+// ---- Several paths, and the forms of one ---------------------------------------------------------------------------
+
+// The paths of the nodes that paths name with all that is in them, or as a leaf.
+std::vector<std::string> named_by(const std::vector<std::string>& paths) {
+  RequestTree tree = parse_paths(schemas().request(), paths);
+  std::vector<std::string> named;
+  for (const yfw_datatree& node : tree.nodes()) {
+    const bool holds_only_values = std::all_of(node.children, node.children + node.child_count,
+                                               [](const yfw_datatree& child) { return child.value != nullptr; });
+    if (holds_only_values && node.value == nullptr) {
+      named.push_back(node_path(&node));
+    }
+  }
+  return named;
+}
+
+const std::string kList = "/lacp/interfaces/interface";
+const std::string kFullList = "/openconfig-lacp:lacp/interfaces/interface";
+
+TEST(Paths, InEveryForm_NameTheSameNode) {
+  for (const std::string& path : std::initializer_list<std::string>{
+           kList + "[name='x']/config", kList + "[name=\"x\"]/config", kList + "[name=x]/config",
+           kList.substr(1) + "[name=x]/config/", "/oc-lacp:lacp/oc-lacp:interfaces/interface[oc-lacp:name='x']/config",
+           "openconfig-lacp:lacp/interfaces/openconfig-lacp:interface[openconfig-lacp:name=x]/config"}) {
+    EXPECT_THAT(named_by({path}), testing::ElementsAre(kFullList + "[name='x']/config")) << path;
+  }
+}
+
+TEST(Paths, KeyLeftOutOrAsterisk_StandsForAllEntries) {
+  for (const std::string& path : {kList + "/config", kList + "[name=*]/config"}) {
+    EXPECT_THAT(named_by({path}), testing::ElementsAre(kFullList + "/config")) << path;
+  }
+}
+
+TEST(Paths, OfSeveralNodes_AreOneRequest) {
+  EXPECT_THAT(
+      named_by({"/lacp/config", kList + "[name=x]/config/interval", kList + "[name=x]/state", kList + "[name=y]"}),
+      testing::UnorderedElementsAre("/openconfig-lacp:lacp/config", kFullList + "[name='x']/config/interval",
+                                    kFullList + "[name='x']/state", kFullList + "[name='y']"));
+}
+
+TEST(Paths, InsideOfAnother_MakeNoDifferenceInEitherOrder) {
+  const std::string inner = kList + "[name=x]/config/interval";
+  const std::string outer = kList + "[name=x]";
+  for (const auto& paths : {std::vector{inner, outer}, {outer, inner}, {outer, outer}, {outer + "/name", outer}}) {
+    EXPECT_THAT(named_by(paths), testing::ElementsAre(kFullList + "[name='x']"));
+  }
+}
+
+TEST(Paths, UnknownInsideOfAnother_AreRefusedInEitherOrder) {
+  for (const auto& paths : {std::vector<std::string>{"/lacp", "/lacp/colour"}, {"/lacp/colour", "/lacp"}}) {
+    EXPECT_EQ(refusal_of([&] { parse_paths(schemas().request(), paths); }),
+              "/openconfig-lacp:lacp/colour: no such node");
   }
 }
 

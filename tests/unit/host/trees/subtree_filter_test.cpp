@@ -21,7 +21,7 @@ std::string pruned(RequestTree request) {
 }
 
 std::string by_path(const std::string& path) {
-  return pruned(parse_path(schemas().request(), path));
+  return pruned(parse_paths(schemas().request(), {path}));
 }
 
 std::string interfaces(const std::string& entries) {

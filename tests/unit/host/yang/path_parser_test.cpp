@@ -30,7 +30,38 @@ TEST(PathSteps, AValueMayHoldWhatSeparatesSteps) {
 TEST(PathSteps, WhatIsNoPathIsRefusedWithTheWholeOfIt) {
   EXPECT_EQ(refusal_of([] { parse_path_steps("/a:/b"); }),
             "the path '/a:/b': the name of a node is missing behind '/a:'");
-  EXPECT_EQ(refusal_of([] { parse_path_steps("a"); }), "the path 'a': '/' is missing behind ''");
+}
+
+TEST(PathSteps, WithoutTheFirstSlash_IsTheSamePath) {
+  EXPECT_EQ(steps_of("a:b/c"), steps_of("/a:b/c"));
+}
+
+TEST(PathSteps, ValueWithoutQuotes_EndsAtTheBracket) {
+  EXPECT_THAT(steps_of("/a[b=c/d:e f=']/g"), testing::ElementsAre("|a|b=c/d:e f=',", "|g|"));
+}
+
+TEST(PathSteps, BackslashInABareValue_TakesAwayTheMeaningOfTheNextCharacter) {
+  EXPECT_THAT(steps_of(R"(/a[b=c\]d\\e])"), testing::ElementsAre(R"(|a|b=c]d\e,)"));
+  EXPECT_THAT(steps_of(R"(/a[b='c\d'])"), testing::ElementsAre(R"(|a|b=c\d,)")) << "in quotes it is a character";
+}
+
+TEST(PathSteps, AsteriskAsAValue_SaysNothing) {
+  EXPECT_THAT(steps_of("/a[b=*][c=d]"), testing::ElementsAre("|a|c=d,"));
+  EXPECT_THAT(steps_of(R"(/a[b=\*][c='*'])"), testing::ElementsAre("|a|b=*,c=*,")) << "escaped or quoted it is a value";
+}
+
+TEST(PathSteps, ModuleInAPredicate_IsSkipped) {
+  EXPECT_THAT(steps_of("/a[m:b='c'][m:d=e]"), testing::ElementsAre("|a|b=c,d=e,"));
+}
+
+TEST(PathSteps, BareValueWithoutAnEnd_IsRefused) {
+  EXPECT_EQ(refusal_of([] { parse_path_steps("/a[b=c"); }), "the path '/a[b=c': ']' is missing behind '/a[b=c'");
+  EXPECT_EQ(refusal_of([] { parse_path_steps("/a[b=]"); }), "the path '/a[b=]': 'b' is given no value");
+}
+
+TEST(PathSteps, LongPath_IsRefusedWithItsLength) {
+  EXPECT_EQ(refusal_of([] { parse_path_steps("/" + std::string(100000, 'a')); }),
+            "the path '/" + std::string(31, 'a') + "...': has 100001 bytes, more than the 8192 that are taken");
 }
 
 }  // namespace
