@@ -83,7 +83,7 @@ pid_t find_holder(const FileId& file) {
 
 // "another edit", with what is known of the one that holds the lock.
 std::string describe_holder(const FileId& file) {
-  if (const std::string owner = owners().find(file); !owner.empty()) {
+  if (std::string owner = owners().find(file); !owner.empty()) {
     return owner;
   }
   const pid_t process = find_holder(file);
