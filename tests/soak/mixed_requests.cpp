@@ -24,7 +24,7 @@ using namespace oclacp::host;
 
 constexpr size_t kRequests = 1000;
 // Behind the first requests every cache is filled.
-constexpr size_t kWarm = 200;
+constexpr size_t kWarm = 500;
 constexpr size_t kMayGrow = 4096;
 
 std::string interval_of(const std::string& interface, const std::string& interval) {
