@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cstdio>
-#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -30,7 +29,7 @@ class TextSink {
       put_long(text);
       return;
     }
-    std::memcpy(&buffer_[used_], text.data(), text.size());
+    text.copy(buffer_.data() + used_, text.size());
     used_ += text.size();
   }
 
