@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/locations.h"
 #include "yfw/context.h"
 #include "yfw/datatree.h"
 
@@ -56,7 +57,7 @@ std::vector<Declared> declared_handlers() {
   const std::regex declaration(
       R"(OCLACP_EXPORT\s+cerrno\s+(\w+)\(\s*yfw_map_ctx ctx,\s*const yfw_datatree\* \w+([^;]*);)");
   for (const char* header : {"openconfig_lacp.h", "native_config.h", "native_oper.h"}) {
-    const std::string text = text_of(std::string(OCLACP_SOURCE "/include/oclacp/") + header);
+    const std::string text = text_of(std::string(location::kSources) + "/include/oclacp/" + header);
     for (std::sregex_iterator at(text.begin(), text.end(), declaration), end; at != end; ++at) {
       handlers.push_back({(*at)[1], (*at)[2].str().find("child_count") != std::string::npos});
     }
@@ -89,7 +90,7 @@ std::string lines_from(const std::string& path, unsigned int line) {
 }
 
 TEST(HandlerPlaces, OfEveryHandler_ShowTheHandler) {
-  void* const module = dlopen(OCLACP_MODULE, RTLD_NOW | RTLD_LOCAL);
+  void* const module = dlopen(location::kModule, RTLD_NOW | RTLD_LOCAL);
   ASSERT_NE(module, nullptr) << dlerror();
   const std::vector<Declared> handlers = declared_handlers();
   ASSERT_GT(handlers.size(), 250U) << "the declarations are not found";
@@ -106,7 +107,7 @@ TEST(HandlerPlaces, OfEveryHandler_ShowTheHandler) {
     // Files are named from the project on; a compiler cache may lead there from the build folder.
     const std::size_t from_project = last_assertion.file.find("mapping/");
     ASSERT_NE(from_project, std::string::npos) << last_assertion.file;
-    const std::string file = OCLACP_SOURCE "/" + last_assertion.file.substr(from_project);
+    const std::string file = std::string(location::kSources) + "/" + last_assertion.file.substr(from_project);
     const std::string seen = lines_from(file, last_assertion.line);
     EXPECT_NE(seen.find(handler.name), std::string::npos)
         << last_assertion.file << ":" << last_assertion.line << " shows\n"

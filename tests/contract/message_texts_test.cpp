@@ -6,6 +6,8 @@
 #include <iterator>
 #include <string>
 
+#include "tests/support/locations.h"
+
 namespace {
 
 struct Text {
@@ -45,8 +47,8 @@ constexpr Text kTexts[] = {
 };
 
 TEST(MessageTexts, InTheBuiltLibrary_AreWholeInBothForms) {
-  std::ifstream file(OCLACP_MODULE, std::ios::binary);
-  ASSERT_TRUE(file) << OCLACP_MODULE << " cannot be read";
+  std::ifstream file(location::kModule, std::ios::binary);
+  ASSERT_TRUE(file) << location::kModule << " cannot be read";
   const std::string library{std::istreambuf_iterator<char>(file), {}};
   const auto has = [&library](const std::string& text) {
     return library.find(text + '\0') != std::string::npos;  // with its terminator: nothing follows the text

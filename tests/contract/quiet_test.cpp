@@ -15,6 +15,7 @@
 #include "support/platform.h"
 #include "support/registrations.h"
 #include "support/scenario.h"
+#include "tests/support/locations.h"
 
 namespace {
 
@@ -88,7 +89,7 @@ namespace {
 
 std::vector<std::string> scenario_files() {
   std::vector<std::string> files;
-  for (const auto& folder : std::filesystem::directory_iterator(OCLACP_SCENARIOS)) {
+  for (const auto& folder : std::filesystem::directory_iterator(std::string(location::kSources) + "/tests/golden")) {
     if (folder.is_directory()) files.push_back(folder.path() / "request");
   }
   return files;

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "tests/e2e/program.h"
+#include "tests/support/locations.h"
 
 namespace support {
 namespace {
@@ -118,7 +119,7 @@ TEST(BadFiles, AnUnreadableDeviceIsRefused) {
 TEST(BadFiles, AModuleThatCannotBeUsedIsRefused) {
   expect_refusal(translate("{}", {"--module", "/no/such.so"}), "the mapping module cannot be loaded: /no/such.so");
   expect_refusal(translate("{}", {"--module", example("bad/empty.json")}), "the mapping module cannot be loaded: ");
-  expect_refusal(translate("{}", {"--module", OCLACP_HOST_LIBRARY}), "is not a mapping module for openconfig-lacp");
+  expect_refusal(translate("{}", {"--module", location::kHostLibrary}), "is not a mapping module for openconfig-lacp");
 }
 
 TEST(BadFiles, SchemasThatCannotBeReadAreRefused) {

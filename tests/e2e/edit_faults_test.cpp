@@ -20,6 +20,7 @@
 #include <thread>
 
 #include "tests/e2e/edit_program.h"
+#include "tests/support/locations.h"
 
 namespace support {
 namespace {
@@ -36,7 +37,7 @@ pid_t start_edit(const std::string& device, const std::string& request, const st
     const int output = open(messages.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0600);
     dup2(output, STDERR_FILENO);
     prepare();
-    execl(OCLACP_PROGRAM, OCLACP_PROGRAM, "edit", request.c_str(), "-d", device.c_str(), nullptr);
+    execl(location::kProgram, location::kProgram, "edit", request.c_str(), "-d", device.c_str(), nullptr);
     _exit(127);
   }
   return process;

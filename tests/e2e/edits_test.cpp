@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "tests/e2e/program.h"
+#include "tests/support/locations.h"
 
 namespace support {
 namespace {
@@ -163,7 +164,7 @@ TEST(Edit, TheDefaultOperationIsTheUsersChoice) {
 TEST(Edit, AnEditThatOnlySetsIsValidNativeData) {
   ly_log_options(LY_LOSTORE_LAST);
   ly_ctx* context = nullptr;
-  ASSERT_EQ(ly_ctx_new(OCLACP_SCHEMAS, LY_CTX_NO_YANGLIBRARY, &context), LY_SUCCESS);
+  ASSERT_EQ(ly_ctx_new(location::kSchemas, LY_CTX_NO_YANGLIBRARY, &context), LY_SUCCESS);
   const std::unique_ptr<ly_ctx, decltype(&ly_ctx_destroy)> owner(context, &ly_ctx_destroy);
   ASSERT_NE(ly_ctx_load_module(context, "Talvo-Brin-QD-bundlemgr-cfg", nullptr, nullptr), nullptr);
   ASSERT_NE(ly_ctx_load_module(context, "Talvo-Brin-QD-ifmgr-cfg", nullptr, nullptr), nullptr);

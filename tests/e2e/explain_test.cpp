@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "tests/e2e/program.h"
+#include "tests/support/locations.h"
 
 namespace support {
 namespace {
@@ -82,7 +83,7 @@ TEST(Explain, WrongArgumentsAreUsageErrors) {
 }
 
 TEST(Coverage, ThePageIsTheOneInTheDocuments) {
-  std::ifstream file(OCLACP_DOCS "/coverage.md");
+  std::ifstream file(std::string(location::kSources) + "/docs/coverage.md");
   std::ostringstream page;
   page << file.rdbuf();
   EXPECT_EQ(coverage("markdown"), page.str());
@@ -96,7 +97,7 @@ TEST(Coverage, IsATableUnlessAskedOtherwise) {
 }
 
 TEST(Coverage, TheDeviationsTakeAwayWhatIsNotServedAndNothingElse) {
-  const Context context = deviated(OCLACP_SCHEMAS, coverage("yang"));
+  const Context context = deviated(location::kSchemas, coverage("yang"));
   EXPECT_FALSE(has(context, std::string(kState) + "interval"));
   EXPECT_TRUE(has(context, std::string(kState) + "lacp-mode"));
   EXPECT_TRUE(has(context, std::string(kConfig) + "interval"));

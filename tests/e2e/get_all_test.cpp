@@ -14,6 +14,7 @@
 
 #include "tests/e2e/device_folder.h"
 #include "tests/e2e/program.h"
+#include "tests/support/locations.h"
 
 namespace support {
 namespace {
@@ -127,7 +128,7 @@ struct FreeContext {
 
 TEST(GetAll, AnswersAreValidAgainstTheSchema) {
   ly_ctx* made = nullptr;
-  ASSERT_EQ(ly_ctx_new(OCLACP_SCHEMAS, LY_CTX_NO_YANGLIBRARY, &made), LY_SUCCESS);
+  ASSERT_EQ(ly_ctx_new(location::kSchemas, LY_CTX_NO_YANGLIBRARY, &made), LY_SUCCESS);
   const std::unique_ptr<ly_ctx, FreeContext> context(made);
   ASSERT_NE(ly_ctx_load_module(made, "openconfig-lacp", nullptr, nullptr), nullptr);
   for (const char* format : {"json", "xml"}) {
@@ -334,7 +335,7 @@ TEST_F(GetAllFrom, AMatchIsOneOfValues) {
 
 TEST_F(GetAllFrom, PartsFitTheModel) {
   ly_ctx* made = nullptr;
-  ASSERT_EQ(ly_ctx_new(OCLACP_SCHEMAS, LY_CTX_NO_YANGLIBRARY, &made), LY_SUCCESS);
+  ASSERT_EQ(ly_ctx_new(location::kSchemas, LY_CTX_NO_YANGLIBRARY, &made), LY_SUCCESS);
   const std::unique_ptr<ly_ctx, FreeContext> context(made);
   ASSERT_NE(ly_ctx_load_module(made, "openconfig-lacp", nullptr, nullptr), nullptr);
   for (const char* path : {"/lacp/interfaces/interface/state", "/lacp/interfaces/interface/name",

@@ -6,6 +6,7 @@
 #include <unordered_set>
 
 #include "tests/e2e/program.h"
+#include "tests/support/locations.h"
 
 namespace support {
 namespace {
@@ -57,7 +58,7 @@ class GetPath : public testing::TestWithParam<const char*> {
   GetPath() {
     ly_log_options(LY_LOSTORE_LAST);
     ly_ctx* context = nullptr;
-    EXPECT_EQ(ly_ctx_new(OCLACP_SCHEMAS, LY_CTX_NO_YANGLIBRARY, &context), LY_SUCCESS);
+    EXPECT_EQ(ly_ctx_new(location::kSchemas, LY_CTX_NO_YANGLIBRARY, &context), LY_SUCCESS);
     context_.reset(context);
     model_ = ly_ctx_load_module(context, "openconfig-lacp", nullptr, nullptr);
     EXPECT_NE(model_, nullptr);

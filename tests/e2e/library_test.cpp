@@ -2,12 +2,14 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/locations.h"
+
 namespace support {
 namespace {
 
 // What a loaded module takes from the host: everything that the contract's headers declare.
 TEST(Library, ExportsTheContract) {
-  void* library = dlopen(OCLACP_HOST_LIBRARY, RTLD_NOW | RTLD_LOCAL);
+  void* library = dlopen(location::kHostLibrary, RTLD_NOW | RTLD_LOCAL);
   ASSERT_NE(library, nullptr) << dlerror();
   for (const char* name : {"_lstrace",
                            "_sysdb_bind",

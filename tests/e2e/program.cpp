@@ -12,6 +12,8 @@
 #include <thread>
 #include <utility>
 
+#include "tests/support/locations.h"
+
 extern char** environ;
 
 namespace support {
@@ -19,7 +21,7 @@ namespace {
 
 // Starts the program with these streams; -1 leaves the test's own.
 pid_t start(const std::vector<std::string>& arguments, int in, int out, int err) {
-  std::vector<std::string> words = {OCLACP_PROGRAM};
+  std::vector<std::string> words = {location::kProgram};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> pointers;
   std::transform(words.begin(), words.end(), std::back_inserter(pointers),
@@ -34,7 +36,7 @@ pid_t start(const std::vector<std::string>& arguments, int in, int out, int err)
     }
   }
   pid_t process = 0;
-  EXPECT_EQ(posix_spawn(&process, OCLACP_PROGRAM, &actions, nullptr, pointers.data(), environ), 0);
+  EXPECT_EQ(posix_spawn(&process, location::kProgram, &actions, nullptr, pointers.data(), environ), 0);
   posix_spawn_file_actions_destroy(&actions);
   return process;
 }
@@ -128,7 +130,7 @@ Outcome translate(const std::string& request, const std::vector<std::string>& fu
 }
 
 std::string example(const std::string& name) {
-  return OCLACP_EXAMPLES "/" + name;
+  return std::string(location::kExamples) + "/" + name;
 }
 
 std::vector<std::string> with_device() {

@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "tests/e2e/program.h"
+#include "tests/support/locations.h"
 
 namespace support {
 namespace {
@@ -11,7 +12,7 @@ using testing::HasSubstr;
 
 // What the C program wrote; empty when it failed.
 std::string system_id_bytes() {
-  const std::string command = std::string(OCLACP_SYSTEM_ID) + " " + OCLACP_MODULE;
+  const std::string command = std::string(location::kSystemIdProgram) + " " + location::kModule;
   FILE* pipe = popen(command.c_str(), "r");  // NOLINT(cert-env33-c): the command is the test's own
   std::string bytes(64, '\0');
   bytes.resize(std::fread(bytes.data(), 1, bytes.size(), pipe));
@@ -96,7 +97,7 @@ TEST(Records, WrongInputIsRefused) {
   expect_refusal(run({"records", "decode", "lacp_system_id", "/nowhere"}), "/nowhere: No such file or directory");
   expect_refusal(run({"records", "decode", "lacp_system_id", "-", "-d", "/nowhere"}, std::string(20, 'x')), "/nowhere");
   expect_refusal(run({"records", "list", "--module", "/nowhere.so"}), "the mapping module cannot be loaded");
-  expect_refusal(run({"records", "list", "--module", OCLACP_HOST_LIBRARY}), "is not a mapping module");
+  expect_refusal(run({"records", "list", "--module", location::kHostLibrary}), "is not a mapping module");
 }
 
 TEST(Records, WrongArgumentsHaveAStatusOfTheirOwn) {

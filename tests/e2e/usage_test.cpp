@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "tests/e2e/program.h"
+#include "tests/support/locations.h"
 
 namespace support {
 namespace {
@@ -48,7 +49,7 @@ TEST(Usage, HelpAndVersionAreResults) {
 }
 
 TEST(Usage, AResultThatCannotBeWrittenIsAFailure) {
-  const std::string command = std::string(OCLACP_PROGRAM) + " translate --to native " +
+  const std::string command = std::string(location::kProgram) + " translate --to native " +
                               example("requests/create-interface.json") + " >/dev/full 2>/dev/null";
   const int status = std::system(command.c_str());  // NOLINT(cert-env33-c): a shell redirects
   EXPECT_EQ(WEXITSTATUS(status), 1);

@@ -10,13 +10,15 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/locations.h"
+
 namespace support {
 namespace {
 
 namespace fs = std::filesystem;
 
 fs::path source(const char* path) {
-  return fs::path(OCLACP_SOURCE_DIR) / path;
+  return fs::path(location::kSources) / path;
 }
 
 struct DestroyContext {

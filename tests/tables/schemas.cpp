@@ -6,6 +6,8 @@
 #include <filesystem>
 #include <string_view>
 
+#include "tests/support/locations.h"
+
 namespace tables {
 namespace {
 
@@ -50,9 +52,9 @@ std::vector<std::string> values_of_type(const lysc_type* type) {
 Schemas::Schemas() {
   ly_log_options(LY_LOSTORE_LAST);
   ly_ctx* context = nullptr;
-  EXPECT_EQ(ly_ctx_new(OCLACP_SCHEMAS, LY_CTX_DISABLE_SEARCHDIR_CWD | LY_CTX_NO_YANGLIBRARY, &context), LY_SUCCESS);
+  EXPECT_EQ(ly_ctx_new(location::kSchemas, LY_CTX_DISABLE_SEARCHDIR_CWD | LY_CTX_NO_YANGLIBRARY, &context), LY_SUCCESS);
   context_.reset(context);
-  for (const auto& file : std::filesystem::directory_iterator(OCLACP_SCHEMAS)) {
+  for (const auto& file : std::filesystem::directory_iterator(location::kSchemas)) {
     EXPECT_NE(ly_ctx_load_module(context, file.path().stem().c_str(), nullptr, nullptr), nullptr) << file.path();
   }
 }

@@ -17,6 +17,7 @@
 #include "host/yang/libyang_ptr.h"
 #include "host/yang/schemas.h"
 #include "host/yang/tree_printer.h"
+#include "tests/support/locations.h"
 
 namespace oclacp::host {
 
@@ -26,7 +27,7 @@ inline constexpr const char* kBundlemgrOper = "urn:talvo-brin:yang:Talvo-Brin-QD
 
 // The schemas of the project, loaded once.
 inline const Schemas& schemas() {
-  static const Schemas loaded({OCLACP_SCHEMAS, ""});
+  static const Schemas loaded({location::kSchemas, ""});
   return loaded;
 }
 

@@ -10,6 +10,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/locations.h"
+
 namespace oclacp::host {
 namespace {
 
@@ -34,14 +36,18 @@ const Layers& layers() {
   return kLayers;
 }
 
+fs::path host_sources() {
+  return fs::path(location::kSources) / "host";
+}
+
 std::string layer_of(const fs::path& source) {
-  return *fs::relative(source, OCLACP_HOST_SOURCES).begin();
+  return *fs::relative(source, host_sources()).begin();
 }
 
 // Calls `visit` with each source of the host and each of its lines.
 template <typename Visit>
 void visit_lines(const Visit& visit) {
-  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(OCLACP_HOST_SOURCES)) {
+  for (const fs::directory_entry& entry : fs::recursive_directory_iterator(host_sources())) {
     const fs::path& file = entry.path();
     if (file.extension() != ".h" && file.extension() != ".cpp") {
       continue;

@@ -10,6 +10,8 @@
 #include <string_view>
 #include <utility>
 
+#include "tests/support/locations.h"
+
 namespace nodes {
 namespace {
 
@@ -19,8 +21,12 @@ Named<Pointer> named(const std::string& name) {
   return {name, reinterpret_cast<Pointer>(dlsym(RTLD_DEFAULT, name.c_str()))};
 }
 
+std::string path_of_nodes() {
+  return std::string(location::kSources) + "/tests/unit/oc-lacp/nodes.txt";
+}
+
 [[noreturn]] void fail(const std::string& line) {
-  std::cerr << OCLACP_NODES << ": not understood: " << line << '\n';
+  std::cerr << path_of_nodes() << ": not understood: " << line << '\n';
   std::abort();
 }
 
@@ -148,7 +154,7 @@ class Reader {
 const Reader& file() {
   static const Reader reader = [] {
     Reader made;
-    std::ifstream in(OCLACP_NODES);
+    std::ifstream in(path_of_nodes());
     for (std::string line; std::getline(in, line);) made.read(line);
     if (made.native.leaves.empty()) fail("the file as a whole");
     return made;

@@ -7,6 +7,7 @@
 #include "support/module.h"
 #include "support/registrations.h"
 #include "sysdb/sysdb.h"
+#include "tests/support/locations.h"
 #include "unit/module_test.h"
 
 namespace {
@@ -32,7 +33,7 @@ class Lifecycle : public support::ModuleTest {
     return names;
   }
 
-  support::Module module_{OCLACP_MODULE};
+  support::Module module_{location::kModule};
 };
 
 using Initialisation = Lifecycle;

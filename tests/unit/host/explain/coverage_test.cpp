@@ -2,6 +2,7 @@
 
 #include "host/explain/coverage_printer.h"
 #include "host/translation/translator.h"
+#include "tests/support/locations.h"
 #include "tests/unit/host/explain/explain_test.h"
 
 namespace oclacp::host {
@@ -72,7 +73,7 @@ TEST_F(CoverageTest, OnlyWhatEveryRequestRefusesIsRefused) {
 }
 
 TEST_F(CoverageTest, AServedLeafIsOneThatAReadAloneIsNotRefusedFor) {
-  Translator translator({OCLACP_SCHEMAS, ""}, OCLACP_MODULE);
+  Translator translator({location::kSchemas, ""}, location::kModule);
   for (const CoveredLeaf& leaf : coverage_.leaves) {
     GetOptions options;
     options.kind = RequestKind::kReadState;

@@ -1,5 +1,6 @@
 #include "host/explain/deviations.h"
 
+#include "tests/support/locations.h"
 #include "tests/unit/host/explain/explain_test.h"
 
 namespace oclacp::host {
@@ -26,7 +27,7 @@ void expect_to_leave_what_is_served(const SchemaDirectories& directories) {
 }
 
 TEST(Deviations, LeaveOfTheModelWhatIsServed) {
-  expect_to_leave_what_is_served({OCLACP_SCHEMAS, ""});
+  expect_to_leave_what_is_served({location::kSchemas, ""});
 }
 
 TEST(Deviations, LeaveOfThePublishedModelWhatIsServed) {
@@ -34,7 +35,7 @@ TEST(Deviations, LeaveOfThePublishedModelWhatIsServed) {
   if (published == nullptr) {
     GTEST_SKIP() << "OCLACP_PUBLISHED_YANG_DIR names no directory of published modules";
   }
-  expect_to_leave_what_is_served({OCLACP_SCHEMAS, published});
+  expect_to_leave_what_is_served({location::kSchemas, published});
 }
 
 TEST(Deviations, TellTheReason) {

@@ -3,6 +3,7 @@
 
 #include "host/explain/coverage.h"
 #include "host/yang/schema_nodes.h"
+#include "tests/support/locations.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
@@ -13,7 +14,7 @@ struct Explained {
       : schemas_used(over),
         openconfig(over.request()),
         native(over.native()),
-        module(OCLACP_MODULE),
+        module(location::kModule),
         tables(module, openconfig.index, native),
         probe(module, over, openconfig, native),
         mappings(tables, over, probe) {}

@@ -1,5 +1,6 @@
 #include "host/explain/explainer.h"
 
+#include "tests/support/locations.h"
 #include "tests/unit/host/explain/explain_test.h"
 
 namespace oclacp::host {
@@ -12,7 +13,7 @@ using testing::StartsWith;
 
 class ExplainerTest : public testing::Test {
  protected:
-  Explainer explainer_{{OCLACP_SCHEMAS, ""}, OCLACP_MODULE};
+  Explainer explainer_{{location::kSchemas, ""}, location::kModule};
   const std::string entry_ = kOcEntry;
   const std::string member_ = kOcMember;
 };

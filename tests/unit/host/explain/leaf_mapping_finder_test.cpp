@@ -4,6 +4,7 @@
 #include "host/explain/sample_values.h"
 #include "host/translation/translator.h"
 #include "host/yang/tree_printer.h"
+#include "tests/support/locations.h"
 #include "tests/unit/host/explain/explain_test.h"
 
 namespace oclacp::host {
@@ -96,9 +97,9 @@ class FlowsTest : public testing::Test {
   }
 
   Explained explained_;
-  Translator translator_{{OCLACP_SCHEMAS, ""}, OCLACP_MODULE};
+  Translator translator_{{location::kSchemas, ""}, location::kModule};
   std::shared_ptr<const DeviceSnapshot> snapshot_ =
-      FolderDevice(translator_.native_context(), OCLACP_EXAMPLES "/device").snapshot();
+      FolderDevice(translator_.native_context(), std::string(location::kExamples) + "/device").snapshot();
   const DeviceSnapshot& device_ = *snapshot_;
 };
 

@@ -2,6 +2,7 @@
 
 #include "host/base/status_text.h"
 #include "host/translation/record_registration.h"
+#include "tests/support/locations.h"
 #include "tests/unit/host/records/records_test.h"
 
 namespace oclacp::host {
@@ -187,12 +188,12 @@ TEST_F(Registry, NumberIsOneRecordInAllBags) {
 
 // The contract's functions, and the module's twenty descriptors.
 TEST(RegistryOfTheProcess, TakesAllRecordsOfTheModuleOnce) {
-  const RecordRegistry& registry = register_records_of(OCLACP_MODULE);
+  const RecordRegistry& registry = register_records_of(location::kModule);
   EXPECT_EQ(&registry, &RecordRegistry::of_process());
   EXPECT_EQ(registry.bags().size(), 20U);
   EXPECT_EQ(registry.bags().front().name, "bm_name_bag");
   EXPECT_EQ(registry.bags().back().name, "bm_bundle_applied_lacp_mode");
-  EXPECT_EQ(refusal_of([] { register_records_of(OCLACP_MODULE); }), "bm_name_bag: registered already");
+  EXPECT_EQ(refusal_of([] { register_records_of(location::kModule); }), "bm_name_bag: registered already");
   EXPECT_EQ(registry.bags().size(), 20U);
 }
 

@@ -1,6 +1,7 @@
 #include "host/translation/mapping_module.h"
 
 #include "host/services/current_device.h"
+#include "tests/support/locations.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
@@ -22,22 +23,22 @@ class DeviceOfType final : public DeviceSnapshot {
 TEST(MappingModule, IsInitialisedWhileItIsLoaded) {
   ASSERT_EQ(yfw_intf_mgbl_connid, nullptr);
   {
-    const MappingModule module(OCLACP_MODULE);
+    const MappingModule module(location::kModule);
     EXPECT_NE(yfw_intf_mgbl_connid, nullptr);
   }
   EXPECT_EQ(yfw_intf_mgbl_connid, nullptr);
 }
 
 TEST(MappingModule, TwoOfThemShareTheConnection) {
-  const auto first = std::make_unique<MappingModule>(OCLACP_MODULE);
-  auto second = std::make_unique<MappingModule>(OCLACP_MODULE);
+  const auto first = std::make_unique<MappingModule>(location::kModule);
+  auto second = std::make_unique<MappingModule>(location::kModule);
   second.reset();
-  const MappingModule third(OCLACP_MODULE);
+  const MappingModule third(location::kModule);
   EXPECT_NE(yfw_intf_mgbl_connid, nullptr);
 }
 
 TEST(MappingModule, RegistersAWalkerForEachNativeRoot) {
-  const MappingModule module(OCLACP_MODULE);
+  const MappingModule module(location::kModule);
   EXPECT_NE(module.request_walker(), nullptr);
   const yfw_map_walker interfaces = module.native_walker(kIfmgr, "interface-configurations");
   const yfw_map_walker lacp = module.native_walker(kBundlemgr, "lacp");
@@ -51,7 +52,7 @@ TEST(MappingModule, RegistersAWalkerForEachNativeRoot) {
 }
 
 TEST(MappingModule, IsAskedWhetherItServesTheDevice) {
-  const MappingModule module(OCLACP_MODULE);
+  const MappingModule module(location::kModule);
   for (const uint32_t type : {7U, 8U, 18U}) {
     const DeviceOfType device(type);
     const CurrentDevice installed(device);
@@ -64,7 +65,7 @@ TEST(MappingModule, IsAskedWhetherItServesTheDevice) {
 }
 
 TEST(MappingModule, ServesADeviceOfWhichNothingIsKnown) {
-  const MappingModule module(OCLACP_MODULE);
+  const MappingModule module(location::kModule);
   const EmptySnapshot device;
   const CurrentDevice installed(device);
   EXPECT_EQ(refusal_of([&] { module.require_offer(); }), "accepted");

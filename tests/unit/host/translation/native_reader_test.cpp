@@ -3,6 +3,7 @@
 
 #include "host/services/current_device.h"
 #include "host/trees/path_request.h"
+#include "tests/support/locations.h"
 #include "tests/unit/host/devices/memory_device.h"
 #include "tests/unit/host/trees/answer_test.h"
 #include "tests/unit/host/trees/native_test.h"
@@ -67,7 +68,7 @@ class ReadingTest : public testing::Test {
     return R"({"openconfig-lacp:lacp":{"interfaces":{"interface":[)" + entries + "]}}}";
   }
 
-  MappingModule module_{OCLACP_MODULE};
+  MappingModule module_{location::kModule};
   TreeContext context_{schemas().request()};
   MemorySnapshot device_{"{}"};
   std::vector<std::string> trace_;

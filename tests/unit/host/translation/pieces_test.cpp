@@ -5,6 +5,7 @@
 #include "host/devices/open_device.h"
 #include "host/present/answer_writer.h"
 #include "host/translation/translator.h"
+#include "tests/support/locations.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
@@ -90,7 +91,7 @@ class PiecesTest : public testing::Test {
   }
 
   TemporaryFolder folder_;
-  Translator translator_{{OCLACP_SCHEMAS, ""}, OCLACP_MODULE};
+  Translator translator_{{location::kSchemas, ""}, location::kModule};
 };
 
 TEST_F(PiecesTest, AnyNumberOfEntries_AsWhole) {

@@ -4,6 +4,7 @@
 
 #include "host/devices/folder_device.h"
 #include "host/present/trace_tree.h"
+#include "tests/support/locations.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
@@ -21,9 +22,9 @@ class TranslatorTest : public testing::Test {
     return refusal_of([&] { translated(request, options); });
   }
 
-  Translator translator_{{OCLACP_SCHEMAS, ""}, OCLACP_MODULE};
+  Translator translator_{{location::kSchemas, ""}, location::kModule};
   std::shared_ptr<const DeviceSnapshot> snapshot_ =
-      FolderDevice(translator_.native_context(), OCLACP_EXAMPLES "/device").snapshot();
+      FolderDevice(translator_.native_context(), std::string(location::kExamples) + "/device").snapshot();
   const DeviceSnapshot& device_ = *snapshot_;
 };
 
@@ -151,7 +152,7 @@ TEST_F(TranslatorTest, OneRequestLeavesNothingForTheNext) {
 }
 
 TEST(TranslatorFiles, RefusesModulesThatCannotBeUsed) {
-  const SchemaDirectories schemas = {OCLACP_SCHEMAS, ""};
+  const SchemaDirectories schemas = {location::kSchemas, ""};
   EXPECT_THAT(refusal_of([&] { const Translator ignored(schemas, "/no/such.so"); }),
               testing::StartsWith("the mapping module cannot be loaded: /no/such.so: "));
   EXPECT_THAT(refusal_of([&] { const Translator ignored(schemas, "no-such.so"); }),

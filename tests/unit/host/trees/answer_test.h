@@ -6,6 +6,7 @@
 
 #include "host/present/answer_writer.h"
 #include "host/trees/answer_data.h"
+#include "tests/support/locations.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
@@ -15,8 +16,10 @@ inline const ly_ctx* every_type() {
   static const ContextPtr loaded = [] {
     ly_log_options(LY_LOSTORE_LAST);
     ly_ctx* context = nullptr;
-    EXPECT_EQ(ly_ctx_new(OCLACP_TEST_SCHEMAS, LY_CTX_NO_YANGLIBRARY, &context), LY_SUCCESS);
-    EXPECT_EQ(ly_ctx_set_searchdir(context, OCLACP_SCHEMAS), LY_SUCCESS);
+    EXPECT_EQ(ly_ctx_new((std::string(location::kSources) + "/tests/unit/host/trees/schemas").c_str(),
+                         LY_CTX_NO_YANGLIBRARY, &context),
+              LY_SUCCESS);
+    EXPECT_EQ(ly_ctx_set_searchdir(context, location::kSchemas), LY_SUCCESS);
     for (const char* module : {"ietf-netconf", "every-type", "other-names", "augmenting"}) {
       EXPECT_NE(ly_ctx_load_module(context, module, nullptr, nullptr), nullptr) << ly_errmsg(context);
     }

@@ -1,5 +1,6 @@
 #include "host/yang/schemas.h"
 
+#include "tests/support/locations.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
@@ -20,13 +21,13 @@ TEST(SchemasTest, TheTwoSidesAreApart) {
 
 TEST(SchemasTest, RefusesFoldersThatAreNotThere) {
   EXPECT_EQ(loaded({"/no/such", ""}), "/no/such: no such folder of schemas");
-  EXPECT_EQ(loaded({OCLACP_SCHEMAS, "/no/such"}), "/no/such: no such folder of schemas");
+  EXPECT_EQ(loaded({location::kSchemas, "/no/such"}), "/no/such: no such folder of schemas");
 }
 
 TEST(SchemasTest, RefusesFoldersWithoutTheSchemas) {
   const TemporaryFolder empty;
   EXPECT_THAT(loaded({empty.path(), ""}), testing::StartsWith("schema ietf-netconf: "));
-  EXPECT_THAT(loaded({OCLACP_SCHEMAS, empty.path()}), testing::StartsWith("schema openconfig-lacp: "));
+  EXPECT_THAT(loaded({location::kSchemas, empty.path()}), testing::StartsWith("schema openconfig-lacp: "));
 }
 
 TEST(SchemasTest, TakesPublishedSchemasInsteadOfTheShippedOnes) {
@@ -34,7 +35,7 @@ TEST(SchemasTest, TakesPublishedSchemasInsteadOfTheShippedOnes) {
   published.write("openconfig-lacp.yang", R"(module openconfig-lacp {
     namespace "http://openconfig.net/yang/lacp"; prefix l; revision 2030-01-01;
     container lacp { leaf newer { type string; } } })");
-  const Schemas loaded_schemas({OCLACP_SCHEMAS, published.path()});
+  const Schemas loaded_schemas({location::kSchemas, published.path()});
   const ParsedRequest request = parse_request(loaded_schemas.request(), R"({"openconfig-lacp:lacp": {"newer": "x"}})");
   EXPECT_EQ(request.format, LYD_JSON);
 }

@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "host/devices/linux/netlink_attributes.h"
+#include "tests/support/locations.h"
 
 namespace oclacp::host {
 
@@ -24,7 +25,7 @@ namespace oclacp::host {
 using Datagram = std::string;
 
 inline std::string recorded(const std::string& file) {
-  std::ifstream stream(std::string(OCLACP_TEST_DATA) + "/linux/" + file, std::ios::binary);
+  std::ifstream stream(std::string(location::kSources) + "/tests/data/linux/" + file, std::ios::binary);
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/devices/linux/link_snapshot.h"
+#include "tests/support/locations.h"
 #include "tests/unit/host/devices/linux/fake_kernel.h"
 
 namespace oclacp::host {
@@ -19,7 +20,7 @@ inline std::vector<Datagram> replay(const std::string& folder, const nlmsghdr& r
 }
 
 inline std::string bonding_folder(const std::string& folder) {
-  return std::string(OCLACP_TEST_DATA) + "/linux/" + folder + "/bonding";
+  return std::string(location::kSources) + "/tests/data/linux/" + folder + "/bonding";
 }
 
 inline LinkSnapshot replayed_links(const std::string& folder) {
