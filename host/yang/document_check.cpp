@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string>
 #include <unordered_set>
 #include <utility>
@@ -275,6 +276,12 @@ class XmlScanner : Scanner {
   std::unordered_set<std::string_view> attributes_;  // of the tag
 };
 
+// Where the outer levels of a JSON text are. Most are plain.
+std::vector<JsonBrackets> scan_json(std::string_view text, const std::string& subject) {
+  std::optional<std::vector<JsonBrackets>> plain = find_plain_brackets(text, kMaxRequestDepth);
+  return plain ? std::move(*plain) : JsonScanner(text, subject).scan();
+}
+
 // Where the text begins that is not blank.
 size_t check_not_empty(std::string_view text, const std::string& subject) {
   if (text.find('\0') != std::string_view::npos) {
@@ -296,13 +303,13 @@ DocumentInfo inspect_document(std::string_view text, const std::string& subject)
   if (text[check_not_empty(text, subject)] == '<') {
     return {LYD_XML, XmlScanner(text, subject).scan()};
   }
-  JsonScanner(text, subject).scan();
+  scan_json(text, subject);
   return {LYD_JSON, 0};
 }
 
 std::vector<JsonBrackets> check_json_document(std::string_view text, const std::string& subject) {
   check_not_empty(text, subject);
-  return JsonScanner(text, subject).scan();
+  return scan_json(text, subject);
 }
 
 }  // namespace oclacp::host

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <vector>
 
+#include "host/yang/json_brackets.h"
+
 namespace oclacp::host {
 
 // The largest request, and the deepest nesting of elements or brackets. The served models need less than 20 levels;
@@ -26,15 +28,8 @@ struct DocumentInfo {
 // text. `subject` is what a Error is about. Throws Error.
 DocumentInfo inspect_document(std::string_view text, const std::string& subject = "the request");
 
-// A bracket or brace of a JSON text and the one that closes it.
-struct JsonBrackets {
-  std::size_t open;
-  std::size_t close;
-};
-
 // The same for the depth, the end and the attributes of a document that is JSON and of any size. Answers where its
-// outer levels are, in the order of the text: as many as lead to the entries of a list below two containers.
-inline constexpr unsigned kOuterLevels = 5;
+// outer levels are, in the order of the text.
 std::vector<JsonBrackets> check_json_document(std::string_view text, const std::string& subject);
 
 }  // namespace oclacp::host
