@@ -76,8 +76,11 @@ void append_selected(const lyd_node* siblings, const NativeSelection::Node& sele
       append_entries(siblings, *wanted, branches);
       continue;
     }
-    lyd_node* found = nullptr;
-    lyd_find_sibling_val(siblings, wanted->schema, nullptr, 0, &found);
+    // In the few children of a node this is sooner done than by libyang's hashes.
+    const lyd_node* found = siblings;
+    while (found != nullptr && found->schema != wanted->schema) {
+      found = found->next;
+    }
     if (found != nullptr && is_explicit(found)) {
       branches.push_back({found, wanted});
     }

@@ -7,6 +7,7 @@
 #include "host/yang/data_nodes.h"
 #include "host/yang/document_check.h"
 #include "host/yang/libyang_error.h"
+#include "host/yang/piece_check.h"
 
 namespace oclacp::host {
 namespace {
@@ -54,18 +55,8 @@ const lyd_node* first_entry(const lyd_node* tops, const CutList& list) {
 void append_key_hashes(const lyd_node* tops, const CutList& list, std::vector<size_t>& hashes) {
   for (const lyd_node* entry = first_entry(tops, list); entry != nullptr && entry->schema == list.list;
        entry = entry->next) {
-    size_t hash = 0;
-    for (const lyd_node* key = lyd_child(entry); key != nullptr && lysc_is_key(key->schema); key = key->next) {
-      hash = hash * 31 + std::hash<std::string_view>{}(lyd_get_value(key));
-    }
-    hashes.push_back(hash);
+    hashes.push_back(hash_keys(entry));
   }
-}
-
-// Whether entries of different pieces may have the same keys.
-bool has_equal(std::vector<size_t>& hashes) {
-  std::sort(hashes.begin(), hashes.end());
-  return std::adjacent_find(hashes.begin(), hashes.end()) != hashes.end();
 }
 
 }  // namespace
@@ -157,11 +148,11 @@ bool NativeDocument::visit_entries(const CutList& list, const Visitor& visitor) 
   std::vector<size_t> hashes;
   hashes.reserve(list.entries.size());
   std::string text;
-
+  const bool is_valid = is_valid_when_parsed(list.list);
   for (size_t first = 0; first < list.entries.size(); first += kEntriesInPiece) {
     join_entries(list, first, kEntriesInPiece, text);
-    const TreePtr piece = parse_piece(text, 0);
-    if (piece == nullptr) {
+    const TreePtr piece = parse_piece(text, is_valid ? LYD_PARSE_ONLY : 0);
+    if (piece == nullptr || (is_valid && may_be_doubled(piece.get()))) {
       return false;
     }
     append_key_hashes(piece.get(), list, hashes);

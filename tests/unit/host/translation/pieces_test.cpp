@@ -154,7 +154,13 @@ TEST_F(PiecesTest, FaultInALaterEntry_RefusedAsWhole) {
         std::string(R"({"bundle-interface": "x", "@": {"ietf-netconf:operation": "delete"}})"),
         R"({"bundle-interface": ")" + std::string(64, 'x') + R"("})",
         std::string(R"({"bundle-interface": "x", "members": {"member": [{"member-interface": "m"},)"
-                    R"( {"member-interface": "m"}]}})")}) {
+                    R"( {"member-interface": "m"}]}})"),
+        std::string(R"({"bundle-interface": "x", "members": {"member": [{"member-interface": "m"}], "member": [)"
+                    R"({"member-interface": "n"}, {"member-interface": "m"}]}})"),
+        std::string(R"({"bundle-interface": "x", "data": {}, "members": {}, "data": {}})"),
+        std::string(R"({"bundle-interface": "x", "data": {"applied-lacp-mode": "bmd-mode-off",)"
+                    R"( "bundle-system-id": {}, "applied-lacp-mode": "bmd-mode-off"}})"),
+        std::string(R"({"bundle-interface": "x", "bundle-interface": "x"})")}) {
     std::string entries = fault;
     for (int number = 1; number < 20; ++number) {
       entries = bundle(number) + "," + entries;
