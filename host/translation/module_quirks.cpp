@@ -25,6 +25,13 @@ const yfw_datatree* entry_around(const yfw_datatree* node) {
   return node;
 }
 
+// Whether an addition says which native entry something is in, and nothing else: the list, its keys, and what the
+// module makes of the name besides.
+bool only_names_entry(const OutputLog::Addition& addition) {
+  return addition.target->is_list() || addition.target->is_key() ||
+         (addition.source != nullptr && is_key_or_key_target(addition.source));
+}
+
 }  // namespace
 
 void name_contents_of_bare_entries(RequestTree& read) {
@@ -58,34 +65,56 @@ void check_nothing_added_below_deletes(RequestTree& edit) {
   }
 }
 
-AbsentEntries::AbsentEntries(RequestTree& edit, CurrentDevice& device) {
+AbsentNodes::AbsentNodes(RequestTree& edit, CurrentDevice& device) {
   for (yfw_datatree& node : edit.nodes()) {
-    const char* name = is_list_entry(&node) && deletes(node.operation) ? key_value(&node) : nullptr;
+    const yfw_datatree* entry = deletes(node.operation) ? entry_around(&node) : nullptr;
+    const char* name = entry != nullptr ? key_value(entry) : nullptr;
     if (name == nullptr || device.configuration().has_lacp(name)) {
+      continue;
+    }
+    if (node.operation == YFW_OPERATION_REMOVE) {
+      removed_.push_back(&node);
+    }
+    if (entry != &node) {
       continue;
     }
     if (node.operation == YFW_OPERATION_DELETE) {
       deleted_.push_back(&node);
     } else {
-      removed_.push_back(&node);
       node.child_count = 1;  // the key, which libyang puts first
     }
   }
 }
 
-void AbsentEntries::check_deleted() const {
+void AbsentNodes::check_deleted() const {
   if (!deleted_.empty()) {
     throw node_error(ErrorKind::kDataMissing, node_path(deleted_.front()), status_text(YFW_NOTHING_TO_DELETE));
   }
 }
 
-void AbsentEntries::drop_additions(OutputLog& log) const {
+void AbsentNodes::drop_additions(OutputLog& log) const {
   if (removed_.empty()) {
     return;
   }
   const std::unordered_set<const yfw_datatree*> removed(removed_.begin(), removed_.end());
+  std::unordered_set<int> emptied;  // native entries that are left without anything but their keys
   log.drop_if([&](const OutputLog::Addition& addition) {
-    return addition.source != nullptr && removed.count(entry_around(addition.source)) != 0;
+    const yfw_datatree* node = addition.source;
+    while (node != nullptr && removed.count(node) == 0) {
+      node = info_of(node).parent;
+    }
+    if (node != nullptr) {
+      emptied.insert(addition.entry);
+    }
+    return node != nullptr;
+  });
+  for (const OutputLog::Addition& addition : log.additions()) {
+    if (!only_names_entry(addition)) {
+      emptied.erase(addition.entry);
+    }
+  }
+  log.drop_if([&](const OutputLog::Addition& addition) {
+    return only_names_entry(addition) && emptied.count(addition.entry) != 0;
   });
 }
 

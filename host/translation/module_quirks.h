@@ -25,23 +25,25 @@ void use_entry_form_keys(RequestTree& edit, CurrentDevice& device);
 // dropped without a word. Throws Error for the first such node.
 void check_nothing_added_below_deletes(RequestTree& edit);
 
-// The entries of an edit that are deleted or removed although their interface has no LACP configuration.
+// The list entries of an edit that are deleted or removed, and the nodes in entries that are removed, although the
+// entry's interface has no LACP configuration.
 //
 // The module goes through the interfaces that have some, and takes the first whose name is a part of the entry's name:
 // instead of an interface that has none it comes upon another one. When it comes upon none, it goes on with the
 // children of the entry and adds native nodes for them, with the interface's name in the place of the class of
-// configuration.
-class AbsentEntries {
+// configuration. For a node in such an entry it adds the native entry, which a native edit would make.
+class AbsentNodes {
  public:
-  // To be made before the walk, which changes operations. What is removed is handed to the module with its key alone,
-  // as it does not look below an entry that it deletes, but refuses what it finds below another. `edit` outlives this.
-  AbsentEntries(RequestTree& edit, CurrentDevice& device);
+  // To be made before the walk, which changes operations. An entry that is removed is handed to the module with its key
+  // alone, as it does not look below an entry that it deletes, but refuses what it finds below another. `edit` outlives
+  // this.
+  AbsentNodes(RequestTree& edit, CurrentDevice& device);
 
-  // What is deleted must be there (RFC 6241, 7.2). Throws Error for the first entry that is not. To be called after the
-  // walk, so that what the module refuses comes first.
+  // An entry that is deleted must be there (RFC 6241, 7.2). Throws Error for the first that is not. To be called after
+  // the walk, so that what the module refuses comes first. Of a node in an entry the native edit's application tells.
   void check_deleted() const;
 
-  // To remove what is not there changes nothing: drops what the module added for such entries.
+  // To remove what is not there changes nothing: drops what the module added for such nodes.
   void drop_additions(OutputLog& log) const;
 
  private:

@@ -121,7 +121,7 @@ struct TranslatedEdit {
       : request(std::move(parsed)), installed(device), log(paths, true) {
     apply_default(default_operation(request, options), request.tree);
     check_nothing_added_below_deletes(request.tree);
-    const AbsentEntries absent(request.tree, installed);
+    const AbsentNodes absent(request.tree, installed);
     use_entry_form_keys(request.tree, installed);
     walk(module, request.tree, log, options);
     absent.check_deleted();

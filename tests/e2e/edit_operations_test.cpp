@@ -90,6 +90,32 @@ TEST_F(EditOperation, RemoveOfEntryThatIsNotThere_ChangesNothing) {
   }
 }
 
+TEST_F(EditOperation, RemoveInEntryThatIsNotThere_ChangesNothing) {
+  const std::vector<std::string> contents = {
+      R"("config": {"@": {"ietf-netconf:operation": "remove"}})",
+      R"("config": {"interval": [null], "@interval": {"ietf-netconf:operation": "remove"},
+                    "lacp-mode": [null], "@lacp-mode": {"ietf-netconf:operation": "remove"}})",
+  };
+  for (const std::string& name : kAbsent) {
+    for (const std::string& content : contents) {
+      SCOPED_TRACE(name + ": " + content);
+      const Outcome planned = edit(entries(entry(name, content)), {"--dry-run"});
+      expect_success(planned);
+      EXPECT_EQ(planned.out, "{}\n{}\n");
+      EXPECT_EQ(planned.err, "");
+      expect_success(edit(entries(entry(name, content)), {"--expect-no-change"}));
+    }
+  }
+}
+
+TEST_F(EditOperation, RemoveInEntryThatIsNotThere_LeavesWhatIsSetBesideIt) {
+  const std::string content = R"("config": {"lacp-mode": "ACTIVE", "interval": [null],
+                                            "@interval": {"ietf-netconf:operation": "remove"}})";
+  const Outcome planned = edit(entries(entry("Bundle-Ether9", content)), {"--dry-run"});
+  expect_success(planned);
+  EXPECT_THAT(planned.out, AllOf(HasSubstr(R"("mode": "active")"), Not(HasSubstr("period"))));
+}
+
 TEST_F(EditOperation, RemoveOfEntryThatIsNotThere_LeavesTheRestOfTheRequest) {
   std::string list;
   for (const std::string& name : kAbsent) {
