@@ -148,7 +148,7 @@ Answer Translator::to_openconfig(const std::string& native, const DeviceSnapshot
   const EntryFilter all;
   NativeReader reader(parts_->module, parts_->openconfig, operation_code(options.kind), all, sinks);
   Answer answer;
-  answer.input_format = inspect_native(native);
+  answer.input_format = inspect_native(parts_->schemas.native(), native);
   if (answer.input_format == LYD_JSON && takes_state && !sinks.are_used()) {
     NativeReader piecewise(parts_->module, parts_->openconfig, operation_code(options.kind), all, sinks);
     const NativeDocument input(parts_->schemas.native(), native, "", LYD_VALIDATE_PRESENT, DataKind::kNative);

@@ -56,7 +56,7 @@ void require_one_top(RequestTree& tree, bool is_alone) {
 namespace {
 
 ParsedRequest parse_bare(const ly_ctx* context, const std::string& text) {
-  const DocumentInfo inspected = inspect_document(text);
+  const DocumentInfo inspected = inspect_document(context, text);
   TreePtr data = parse(context, text, inspected.format);
   const bool is_alone = data->next == nullptr;
   RequestTree tree(context, std::move(data));

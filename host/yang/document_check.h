@@ -24,9 +24,11 @@ struct DocumentInfo {
 };
 
 // Checks what libyang lets pass or cannot survive: size, depth, an empty or unfinished document, text behind the end of
-// a JSON document, and attributes other than the edit operation, which libyang would drop without a word. Linear in the
-// text. `subject` is what a Error is about. Throws Error.
-DocumentInfo inspect_document(std::string_view text, const std::string& subject = "the request");
+// a JSON document, attributes other than the edit operation, which libyang would drop without a word, and nodes that
+// are named twice, with which it would take a time that grows with the square of their number. Linear in the text.
+// `context`: of the schemas that the text is to be read with. `subject` is what an Error is about that names no node.
+// Throws Error.
+DocumentInfo inspect_document(const ly_ctx* context, std::string_view text, const std::string& subject = "the request");
 
 // The same for the depth, the end and the attributes of a document that is JSON and of any size. Answers where its
 // outer levels are, in the order of the text.

@@ -12,8 +12,8 @@ constexpr const char* kSubject = "the native data";
 
 }  // namespace
 
-LYD_FORMAT inspect_native(const std::string& text) {
-  return inspect_document(text, kSubject).format;
+LYD_FORMAT inspect_native(const ly_ctx* context, const std::string& text) {
+  return inspect_document(context, text, kSubject).format;
 }
 
 TreePtr parse_native(const ly_ctx* context, const std::string& text, LYD_FORMAT format, bool takes_state) {

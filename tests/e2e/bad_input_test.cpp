@@ -73,6 +73,28 @@ TEST(BadInput, DocumentsOf10000LevelsAreRefused) {
   }
 }
 
+// Each would take libyang half a minute.
+TEST(BadInput, SixtyThousandEqualNodes_AreRefusedAtOnce) {
+  std::string entries;
+  std::string leaves;
+  std::string elements;
+  for (int index = 0; index < 60'000; ++index) {
+    entries += R"({"name":"a"},)";
+    leaves += R"("interval":"FAST",)";
+    elements += "<interface><name>a</name></interface>";
+  }
+  const auto start = std::chrono::steady_clock::now();
+  const std::string entry = "/openconfig-lacp:lacp/interfaces/interface[name='a']";
+  expect_refusal(translate(R"({"openconfig-lacp:lacp":{"interfaces":{"interface":[)" + entries + "{}]}}}"),
+                 entry + " (line 1): named twice\n");
+  expect_refusal(translate(interface(R"("name": "a", "config": {)" + leaves + R"("name": "a"})")),
+                 entry + "/config/interval (line 1): named twice\n");
+  expect_refusal(
+      translate("<lacp xmlns='http://openconfig.net/yang/lacp'><interfaces>" + elements + "</interfaces></lacp>"),
+      entry + " (line 1): named twice\n");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5)) << "three starts of the program";
+}
+
 TEST(BadInput, NamesOf300CharactersAreRefused) {
   expect_refusal(translate(interface(R"("name": ")" + std::string(300, 'x') + "\"")),
                  "/openconfig-lacp:lacp/interfaces/interface/name: an interface name has at most 63 bytes");

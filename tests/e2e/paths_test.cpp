@@ -110,5 +110,39 @@ TEST(EditParts, OfAnotherEntry_AreRefused) {
                  "is another entry than the path names");
 }
 
+std::string repeated(const std::string& text, unsigned count) {
+  std::string all;
+  for (unsigned index = 0; index < count; ++index) {
+    all += text;
+  }
+  return all;
+}
+
+TEST(LongPaths, AreRefusedAtOnce) {
+  const CopiedDevice device;
+  const auto start = std::chrono::steady_clock::now();
+  for (const std::string& path : {"/lacp/" + std::string(100'000, 'x'), "/lacp" + repeated("/config", 14'000),
+                                  kList + repeated("[name=a]", 12'000)}) {
+    for (const std::vector<std::string>& arguments :
+         std::vector<std::vector<std::string>>{{"get", path}, {"delete", path}, {"edit", "-", "--at", path}}) {
+      std::vector<std::string> all = arguments;
+      all.insert(all.end(), {"-d", device.path()});
+      expect_refusal(run(all, "{}"), " bytes, more than the 8192 that are taken\n");
+    }
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(9)) << "nine starts of the program";
+}
+
+TEST(LongPaths, OfManyPredicates_AreRefusedAtOnce) {
+  const CopiedDevice device;
+  const auto start = std::chrono::steady_clock::now();
+  for (const std::string& path : {kList + repeated("[name=a]", 1000), kList + repeated("[x=1]", 1600)}) {
+    expect_refusal(run({"get", path, "-d", device.path()}), "/openconfig-lacp:lacp/interfaces/interface");
+    expect_refusal(device.erase(path), "/openconfig-lacp:lacp/interfaces/interface");
+    expect_refusal(device.edit("{}", {"--at", path}), "/openconfig-lacp:lacp/interfaces/interface");
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(6)) << "six starts of the program";
+}
+
 }  // namespace
 }  // namespace support

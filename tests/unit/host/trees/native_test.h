@@ -19,7 +19,7 @@ inline std::string configured(const std::string& name, const std::string& lacp, 
 }
 
 inline TreePtr parse_native(const std::string& text) {
-  return parse_native(schemas().native(), text, inspect_native(text), true);
+  return parse_native(schemas().native(), text, inspect_native(schemas().native(), text), true);
 }
 
 // The top node of interface configuration.

@@ -130,8 +130,8 @@ TEST(RequestParser, DoubledKeysReachTheModule) {
 
 TEST(RequestParser, RefusesOtherDoubledNodes) {
   EXPECT_EQ(parsed(lacp(R"("config": {"system-priority": 1, "system-priority": 2})")),
-            "/openconfig-lacp:lacp/config/system-priority: named twice");
-  EXPECT_EQ(parsed(lacp(R"("config": {}, "config": {})")), "/openconfig-lacp:lacp/config: named twice");
+            "/openconfig-lacp:lacp/config/system-priority (line 1): named twice");
+  EXPECT_EQ(parsed(lacp(R"("config": {}, "config": {})")), "/openconfig-lacp:lacp/config (line 1): named twice");
 }
 
 TEST(RequestParser, TwoOperationsOnOneNode_AreRefused) {
@@ -199,6 +199,8 @@ TEST(RequestParser, RefusesRequestsThatNameNothing) {
 
 TEST(RequestParser, RefusesASecondTopNode) {
   EXPECT_EQ(parsed(R"({"openconfig-lacp:lacp": {}, "openconfig-lacp:lacp": {}})"),
+            "/openconfig-lacp:lacp (line 1): named twice");
+  EXPECT_EQ(parsed(R"({"openconfig-lacp:lacp": {}, "openconfig-interfaces:interfaces": {}})"),
             "/openconfig-lacp:lacp: a request has one top node, this one has more");
 }
 

@@ -72,7 +72,7 @@ TEST(RequestTreeTest, AnEntryThatIsNamedTwiceIsRefused) {
     return refusal_of([&] { parse(lacp(R"("interfaces": {"interface": [)" + entries + "]}")); });
   };
   EXPECT_EQ(refused(R"({"name": "a"}, {"name": "b"}, {"name": "a"})"),
-            "/openconfig-lacp:lacp/interfaces/interface[name='a']: named twice");
+            "/openconfig-lacp:lacp/interfaces/interface[name='a'] (line 1): named twice");
   EXPECT_EQ(refused(R"({"name": "a"}, {"name": "A"}, {"name": "aa"})"), "accepted");
   // The module refuses these for another reason.
   EXPECT_EQ(refused("{}, {}"), "accepted");

@@ -1,17 +1,19 @@
 #include "host/yang/document_check.h"
 
+#include <chrono>
+
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
 namespace {
 
 std::string inspected(const std::string& text) {
-  return refusal_of([&] { inspect_document(text); });
+  return refusal_of([&] { inspect_document(schemas().request(), text); });
 }
 
 TEST(DocumentInfo, TheFirstCharacterTellsTheFormat) {
-  EXPECT_EQ(inspect_document(" \n\t{}").format, LYD_JSON);
-  EXPECT_EQ(inspect_document(" \n<a/>").format, LYD_XML);
+  EXPECT_EQ(inspect_document(schemas().request(), " \n\t{}").format, LYD_JSON);
+  EXPECT_EQ(inspect_document(schemas().request(), " \n<a/>").format, LYD_XML);
 }
 
 TEST(DocumentInfo, RefusesEmptyDocuments) {
@@ -105,12 +107,91 @@ TEST(DocumentInfo, AttributesNamedTwice_AreRefused) {
 }
 
 TEST(DocumentInfo, CountsXmlOperations) {
-  EXPECT_EQ(
-      inspect_document(R"(<a xmlns="x" xmlns:n="y" n:operation="delete"><b n:operation='remove'/></a>)").operations,
-      2U);
+  EXPECT_EQ(inspect_document(schemas().request(),
+                             R"(<a xmlns="x" xmlns:n="y" n:operation="delete"><b n:operation='remove'/></a>)")
+                .operations,
+            2U);
   EXPECT_EQ(inspected(R"(<a operation="delete"/>)"),
             "the request (line 1): attribute 'operation' is not understood, only 'operation' of the NETCONF base "
             "namespace is");
+}
+
+const std::string kSecondEntry = "/openconfig-lacp:lacp/interfaces/interface[name='a'] (line 2): named twice";
+
+std::string json_entries(const std::string& entries) {
+  return lacp(R"("interfaces": {"interface": [)" + entries + "]}");
+}
+
+std::string xml_entries(const std::string& entries) {
+  return "<lacp xmlns='http://openconfig.net/yang/lacp'><interfaces>" + entries + "</interfaces></lacp>";
+}
+
+TEST(DocumentInfo, NodesNamedTwiceInJson_AreRefusedWithTheirPath) {
+  EXPECT_EQ(inspected(json_entries("{\"name\": \"a\"},\n{\"config\": {}, \"name\": \"a\"}")), kSecondEntry);
+  EXPECT_EQ(inspected(lacp("\"config\": {\"system-priority\": 1,\n \"system-priority\": 2}")),
+            "/openconfig-lacp:lacp/config/system-priority (line 2): named twice");
+  EXPECT_EQ(inspected(lacp(R"("config": {}, "openconfig-lacp:config": {})")),
+            "/openconfig-lacp:lacp/config (line 1): named twice");
+  EXPECT_EQ(inspected(lacp(R"("interfaces": {"interface": [{"name": "a"}], "interface": [{"name": "b"}]})")),
+            "/openconfig-lacp:lacp/interfaces/interface (line 1): named twice");
+  EXPECT_EQ(inspected(R"({"openconfig-lacp:lacp": {}, "openconfig-lacp:lacp": {}})"),
+            "/openconfig-lacp:lacp (line 1): named twice");
+}
+
+TEST(DocumentInfo, NodesNamedTwiceInXml_AreRefusedWithTheirPath) {
+  EXPECT_EQ(inspected(xml_entries("<interface><name>a</name></interface>\n<interface><name>a</name></interface>")),
+            kSecondEntry);
+  EXPECT_EQ(inspected("<lacp xmlns='http://openconfig.net/yang/lacp'><config/>\n\n<config/></lacp>"),
+            "/openconfig-lacp:lacp/config (line 3): named twice");
+}
+
+TEST(DocumentInfo, NodesNamedTwiceInOtherWords_AreRefused) {
+  EXPECT_EQ(inspected(json_entries("{\"name\": \"a\"},\n{\"n\\u0061me\": \"\\u0061\"}")), kSecondEntry);
+  EXPECT_EQ(inspected(xml_entries("<interface><name>a</name></interface>\n"
+                                  "<interface><name>&#x61;<!-- a --></name></interface>")),
+            kSecondEntry);
+  EXPECT_EQ(inspected(xml_entries("<interface><name>a</name></interface>\n"
+                                  "<o:interface xmlns:o='http&#58;//openconfig.net/yang/lacp'><o:name>a</o:name>"
+                                  "</o:interface>")),
+            kSecondEntry);
+}
+
+TEST(DocumentInfo, EqualNamesInDifferentPlaces_AreTaken) {
+  EXPECT_EQ(
+      inspected(json_entries(R"({"name": "a", "config": {"name": "a"}}, {"name": "b", "config": {"name": "b"}})")),
+      "accepted");
+  EXPECT_EQ(inspected(xml_entries("<interface><name>a</name></interface><interface><name>b</name></interface>"
+                                  "<interface xmlns='urn:other'><name>a</name></interface>")),
+            "accepted");
+  EXPECT_EQ(inspected(lacp(R"("unknown": 1, "unknown": {"config": 1, "config": 2})")), "accepted");
+}
+
+// Of a list with two keys an entry is another when one key is.
+TEST(DocumentInfo, EntriesWithTwoKeys_AreToldByBoth) {
+  const auto entries = [](const std::string& first, const std::string& second) {
+    const std::string text = R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [)" +
+                             first + ", " + second + "]}}";
+    return refusal_of([&] { inspect_document(schemas().native(), text); });
+  };
+  const std::string entry = R"({"active": "act", "interface-name": "a"})";
+  EXPECT_EQ(entries(entry, R"({"active": "act", "interface-name": "b"})"), "accepted");
+  EXPECT_EQ(entries(entry, R"({"interface-name": "a", "active": "pre"})"), "accepted");
+  EXPECT_EQ(entries(entry, R"({"interface-name": "a", "active": "act"})"),
+            "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act']"
+            "[interface-name='a'] (line 1): named twice");
+}
+
+// A hash table in which all entries are equal takes the square of their number: half a minute for these.
+TEST(DocumentInfo, ManyEqualNodes_AreRefusedAtTheSecond) {
+  const auto start = std::chrono::steady_clock::now();
+  constexpr unsigned kEqual = 60'000;
+  EXPECT_EQ(inspected(json_entries(repeated("{\"name\": \"a\"},", kEqual) + "{}")),
+            "/openconfig-lacp:lacp/interfaces/interface[name='a'] (line 1): named twice");
+  EXPECT_EQ(inspected(xml_entries(repeated("<interface><name>a</name></interface>", kEqual))),
+            "/openconfig-lacp:lacp/interfaces/interface[name='a'] (line 1): named twice");
+  EXPECT_EQ(inspected(json_entries("{" + repeated("\"name\": \"a\",", kEqual) + "}")),
+            "/openconfig-lacp:lacp/interfaces/interface[name='a']/name (line 1): named twice");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(1));
 }
 
 }  // namespace
