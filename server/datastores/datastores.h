@@ -115,6 +115,8 @@ class Datastores {
 
   // What changed running since the last call, other than by these datastores. To be called when the device signals.
   Changes take_outside_changes();
+  // What running was at the end of that call, or after the last commit since.
+  [[nodiscard]] const std::shared_ptr<const host::DeviceSnapshot>& last_seen() const { return last_; }
 
  private:
   struct Held {
