@@ -16,6 +16,7 @@
 #include <utility>
 
 #include "host/base/error.h"
+#include "host/files/system_call.h"
 
 namespace oclacp::host {
 namespace {
@@ -105,10 +106,7 @@ std::string seconds_of(std::chrono::milliseconds time) {
 bool take_within(int descriptor, std::chrono::milliseconds time) {
   constexpr std::chrono::milliseconds kPause(5);
   const auto deadline = std::chrono::steady_clock::now() + time;
-  while (flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
-    if (errno == EINTR) {
-      continue;
-    }
+  while (retry_interrupted([&] { return flock(descriptor, LOCK_EX | LOCK_NB); }) != 0) {
     if (errno != EWOULDBLOCK || std::chrono::steady_clock::now() >= deadline) {
       return false;
     }
@@ -120,7 +118,7 @@ bool take_within(int descriptor, std::chrono::milliseconds time) {
 }  // namespace
 
 FileLock::FileLock(const std::string& path, const LockOptions& options)
-    : file_(open(path.c_str(), O_RDONLY | O_CLOEXEC)) {
+    : file_(retry_interrupted([&] { return open(path.c_str(), O_RDONLY | O_CLOEXEC); })) {
   if (!file_.is_open()) {
     const bool is_missing = errno == ENOENT || errno == ENOTDIR;
     throw is_missing ? file_error(ErrorKind::kOperationFailed, path, "no such device directory")

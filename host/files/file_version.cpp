@@ -5,6 +5,8 @@
 
 #include <chrono>
 
+#include "host/files/system_call.h"
+
 namespace oclacp::host {
 namespace {
 
@@ -37,7 +39,8 @@ std::optional<FileVersion> file_version(int descriptor) {
 
 std::optional<FileVersion> file_version(const std::string& path) {
   struct stat status {};
-  return stat(path.c_str(), &status) == 0 ? std::optional(version_of(status)) : std::nullopt;
+  return retry_interrupted([&] { return stat(path.c_str(), &status); }) == 0 ? std::optional(version_of(status))
+                                                                             : std::nullopt;
 }
 
 }  // namespace oclacp::host

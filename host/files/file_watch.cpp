@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "host/base/error.h"
+#include "host/files/system_call.h"
 
 namespace oclacp::host {
 namespace {
@@ -74,10 +75,7 @@ bool FileWatch::take_events() {
   bool is_named = false;
   alignas(inotify_event) std::array<char, 4096> buffer{};
   while (true) {
-    const ssize_t size = read(events_.number(), buffer.data(), buffer.size());
-    if (size < 0 && errno == EINTR) {
-      continue;
-    }
+    const ssize_t size = retry_interrupted([&] { return read(events_.number(), buffer.data(), buffer.size()); });
     if (size <= 0) {
       return is_named;
     }

@@ -13,6 +13,7 @@
 #include <thread>
 
 #include "host/base/error.h"
+#include "host/files/system_call.h"
 
 namespace oclacp::host {
 namespace {
@@ -40,7 +41,11 @@ struct CloseFile {
 using FilePtr = std::unique_ptr<FILE, CloseFile>;
 
 FilePtr open_file(const std::string& file) {
-  FilePtr stream(file == "-" ? stdin : std::fopen(file.c_str(), "rb"));
+  if (file == "-") {
+    return FilePtr(stdin);
+  }
+  const int descriptor = retry_interrupted([&] { return open(file.c_str(), O_RDONLY | O_CLOEXEC); });
+  FilePtr stream(descriptor < 0 ? nullptr : fdopen(descriptor, "rb"));
   if (stream == nullptr) {
     refuse(file);
   }
@@ -49,7 +54,7 @@ FilePtr open_file(const std::string& file) {
 
 // Opening a pipe or a terminal without waiting for its other end, to find out that it is one.
 FilePtr open_regular_file(const std::string& file) {
-  const int descriptor = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  const int descriptor = retry_interrupted([&] { return open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC); });
   if (descriptor < 0) {
     refuse(file);
   }
@@ -71,13 +76,15 @@ std::string read_rest(FILE* stream, const std::string& file, std::size_t limit, 
   std::array<char, 1 << 16> buffer{};
   while (text.size() <= limit) {
     const std::size_t count = std::fread(buffer.data(), 1, buffer.size(), stream);
-    if (count == 0) {
+    text.append(buffer.data(), count);
+    if (std::ferror(stream) != 0) {
+      if (errno != EINTR) {
+        refuse(file);
+      }
+      std::clearerr(stream);
+    } else if (count == 0) {
       break;
     }
-    text.append(buffer.data(), count);
-  }
-  if (std::ferror(stream) != 0) {
-    refuse(file);
   }
   return text;
 }

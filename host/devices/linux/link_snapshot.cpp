@@ -12,6 +12,7 @@
 #include <system_error>
 
 #include "host/base/error.h"
+#include "host/files/system_call.h"
 
 namespace oclacp::host {
 namespace {
@@ -42,7 +43,7 @@ bool dump_statistics_once(NetlinkSocket& socket, std::unordered_map<int, LacpSta
 
 // Nothing when there is no such file.
 std::optional<std::string> read_text(const std::string& file) {
-  const FileDescriptor descriptor(open(file.c_str(), O_RDONLY | O_CLOEXEC));
+  const FileDescriptor descriptor(retry_interrupted([&] { return open(file.c_str(), O_RDONLY | O_CLOEXEC); }));
   if (!descriptor.is_open()) {
     if (errno == ENOENT) {
       return std::nullopt;
@@ -52,15 +53,14 @@ std::optional<std::string> read_text(const std::string& file) {
   std::string text;
   std::string piece(65536, '\0');
   while (true) {
-    const ssize_t size = read(descriptor.number(), piece.data(), piece.size());
+    const ssize_t size = retry_interrupted([&] { return read(descriptor.number(), piece.data(), piece.size()); });
     if (size == 0) {
       return text;
     }
-    if (size > 0) {
-      text.append(piece, 0, static_cast<std::size_t>(size));
-    } else if (errno != EINTR) {
+    if (size < 0) {
       throw system_error(errno, file);
     }
+    text.append(piece, 0, static_cast<std::size_t>(size));
   }
 }
 

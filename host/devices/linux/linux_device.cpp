@@ -21,6 +21,7 @@
 #include "host/devices/linux/link_managers.h"
 #include "host/devices/linux/native_bonds.h"
 #include "host/devices/linux/network_namespace.h"
+#include "host/files/system_call.h"
 
 namespace oclacp::host {
 namespace {
@@ -48,7 +49,8 @@ std::string make_lock_file() {
     throw system_error(errno, kLockFolder);
   }
   // Users without a right to change bonds have none to keep others from it.
-  const FileDescriptor descriptor(open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+  const FileDescriptor descriptor(
+      retry_interrupted([&] { return open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600); }));
   if (!descriptor.is_open()) {
     throw system_error(errno, file);
   }
@@ -221,11 +223,10 @@ bool LinuxDevice::take_changes() {
   while (true) {
     // Which link it is does not matter: all are read anew.
     char byte = 0;
-    if (recv(descriptor, &byte, sizeof(byte), MSG_TRUNC) >= 0 || errno == ENOBUFS) {
-      has_changed = true;
-    } else if (errno != EINTR) {
+    if (retry_interrupted([&] { return recv(descriptor, &byte, sizeof(byte), MSG_TRUNC); }) < 0 && errno != ENOBUFS) {
       return has_changed;
     }
+    has_changed = true;
   }
 }
 

@@ -9,6 +9,7 @@
 
 #include "host/base/error.h"
 #include "host/devices/linux/netlink_attributes.h"
+#include "host/files/system_call.h"
 
 namespace oclacp::host {
 namespace {
@@ -124,32 +125,27 @@ void NetlinkSocket::send(NetlinkRequest& request, std::uint16_t flags) {
   nlmsghdr* message = request.message();
   message->nlmsg_flags |= flags;
   message->nlmsg_seq = ++sequence_;
-  while (::send(socket_.number(), message, message->nlmsg_len, MSG_NOSIGNAL) < 0) {
-    if (errno != EINTR) {
-      fail("a request cannot be sent", errno);
-    }
+  if (retry_interrupted([&] { return ::send(socket_.number(), message, message->nlmsg_len, MSG_NOSIGNAL); }) < 0) {
+    fail("a request cannot be sent", errno);
   }
 }
 
 std::string_view NetlinkSocket::receive() {
-  while (true) {
-    const ssize_t size = recv(socket_.number(), buffer_.data(), buffer_.size(), MSG_TRUNC);
-    if (size > static_cast<ssize_t>(buffer_.size())) {
-      fail("an answer of " + std::to_string(size) + " bytes is too long");
-    }
-    if (size > 0) {
-      return {buffer_.data(), static_cast<std::size_t>(size)};
-    }
-    if (size == 0) {
-      fail("the answer ends early");
-    }
+  const ssize_t size =
+      retry_interrupted([&] { return recv(socket_.number(), buffer_.data(), buffer_.size(), MSG_TRUNC); });
+  if (size > static_cast<ssize_t>(buffer_.size())) {
+    fail("an answer of " + std::to_string(size) + " bytes is too long");
+  }
+  if (size == 0) {
+    fail("the answer ends early");
+  }
+  if (size < 0) {
     if (errno == EAGAIN || errno == EWOULDBLOCK) {
       fail("no answer within " + std::to_string(kNetlinkWait.count()) + " seconds");
     }
-    if (errno != EINTR) {
-      fail("no answer", errno);
-    }
+    fail("no answer", errno);
   }
+  return {buffer_.data(), static_cast<std::size_t>(size)};
 }
 
 void NetlinkSocket::receive_answer(const std::function<bool(const nlmsghdr&)>& visit) {

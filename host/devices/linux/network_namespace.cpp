@@ -8,6 +8,7 @@
 #include <exception>
 
 #include "host/base/error.h"
+#include "host/files/system_call.h"
 
 namespace oclacp::host {
 namespace {
@@ -15,7 +16,7 @@ namespace {
 constexpr int kNone = -1;
 
 int open_namespace(const char* file) {
-  return open(file, O_RDONLY | O_CLOEXEC);
+  return retry_interrupted([&] { return open(file, O_RDONLY | O_CLOEXEC); });
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <csignal>
 #include <thread>
 
 #include "tests/unit/host/host_test.h"
@@ -24,6 +25,39 @@ TEST(TextFile, ReadsALittleMoreThanTheLimit) {
   const std::string text = read_text_file(folder.path() + "/file", 10);
   EXPECT_GT(text.size(), 10U);
   EXPECT_LT(text.size(), 100'000U);
+}
+
+// A signal that is handled ends a call that waits, unless its handler was set up otherwise.
+TEST(TextFile, FromAPipe_IsReadInSpiteOfSignals) {
+  const TemporaryFolder folder;
+  const std::string pipe = folder.path() + "/pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  struct sigaction handled {};
+  struct sigaction before {};
+  handled.sa_handler = [](int) {};
+  ASSERT_EQ(sigaction(SIGUSR1, &handled, &before), 0);
+  const pthread_t reader = pthread_self();
+  std::thread writer([&] {
+    const auto interrupt = [&] {
+      for (int count = 0; count < 5; ++count) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+        pthread_kill(reader, SIGUSR1);
+      }
+    };
+    interrupt();
+    std::ofstream stream(pipe);
+    stream << "first " << std::flush;
+    interrupt();
+    stream << "second";
+  });
+  std::string text;
+  EXPECT_EQ(refusal_of([&] { text = read_text_file(pipe); }), "accepted");
+  EXPECT_EQ(text, "first second");
+  if (text.empty()) {
+    std::ifstream(pipe).get();  // lets the writer go on
+  }
+  writer.join();
+  sigaction(SIGUSR1, &before, nullptr);
 }
 
 TEST(TextFile, RefusesWhatCannotBeRead) {
