@@ -6,6 +6,7 @@
 
 #include "host/base/error.h"
 #include "host/base/status_text.h"
+#include "host/files/shared_library.h"
 #include "host/services/current_device.h"
 
 namespace oclacp::host {
@@ -31,6 +32,7 @@ Function* MappingModule::find(const char* name) const {
 MappingModule::MappingModule(const std::string& file) {
   // A name without a slash would be searched in the system's folders.
   const std::string path = file.find('/') == std::string::npos ? "./" + file : file;
+  check_shared_library_is_whole(path);
   library_.reset(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL));
   if (library_ == nullptr) {
     throw Error(ErrorKind::kOperationFailed, "the mapping module cannot be loaded: " + std::string(dlerror()),

@@ -4,7 +4,7 @@
 #include <cctype>
 #include <filesystem>
 
-#include "tests/e2e/program.h"
+#include "tests/e2e/edit_program.h"
 #include "tests/support/locations.h"
 
 namespace support {
@@ -142,6 +142,22 @@ TEST(BadFiles, AModuleThatCannotBeUsedIsRefused) {
   expect_refusal(translate("{}", {"--module", "/no/such.so"}), "the mapping module cannot be loaded: /no/such.so");
   expect_refusal(translate("{}", {"--module", example("bad/empty.json")}), "the mapping module cannot be loaded: ");
   expect_refusal(translate("{}", {"--module", location::kHostLibrary}), "is not a mapping module for openconfig-lacp");
+}
+
+// As it is while it is being copied. A page behind the end of a file that was mapped ends a process.
+TEST(BadFiles, AModuleThatIsCutOff_IsRefused) {
+  const CopiedDevice folder;
+  std::ostringstream whole;
+  whole << std::ifstream(location::kModule).rdbuf();
+  const size_t size = whole.str().size();
+  for (const size_t length : {size_t{1}, size_t{63}, size_t{64}, size_t{1000}, size_t{4096}, size_t{8192}, size / 4,
+                              size / 2, size - 5000, size - 1}) {
+    folder.write(whole.str().substr(0, length), "cut.so");
+    const bool has_header = length >= 64;
+    expect_refusal(translate("{}", {"--module", folder.path() + "/cut.so"}),
+                   has_header ? "/cut.so: is not a whole shared library: it has " + std::to_string(length) + " bytes"
+                              : "/cut.so: file too short");
+  }
 }
 
 TEST(BadFiles, SchemasThatCannotBeReadAreRefused) {
