@@ -215,8 +215,10 @@ std::vector<std::string> FolderDevice::commit(const DeviceLock& lock, const Devi
                      "was changed by another program meanwhile, and stays as it is");
   }
   const std::string text = print_tree(native_, running.get(), LYD_JSON);
+  // From when the file is replaced on nothing may fail.
+  auto configuration = std::make_shared<const Configuration>(Configuration{std::move(running)});
   const std::optional<FileVersion> version = replace_file(held->file(), text);
-  running_.set(std::make_shared<const Configuration>(Configuration{std::move(running)}), text, version);
+  running_.set(std::move(configuration), text, version);
   return {};
 }
 

@@ -67,8 +67,16 @@ std::optional<std::string> execute(NetlinkSocket& socket, NetlinkRequest& reques
 std::vector<std::string> BondWriter::apply(const std::vector<BondChange>& changes) {
   std::vector<std::string> warnings;
   for (std::size_t number = 0; number < changes.size(); ++number) {
-    if (const std::optional<std::string> failure = carry_out(changes[number], warnings)) {
-      throw Error(ErrorKind::kOperationFailed, changes[number].name + ": " + *failure + roll_back(changes, number));
+    std::optional<std::string> failure;
+    ErrorKind kind = ErrorKind::kOperationFailed;
+    try {
+      failure = carry_out(changes[number], warnings);
+    } catch (const std::bad_alloc&) {
+      failure = "out of memory";
+      kind = ErrorKind::kOutOfMemory;
+    }
+    if (failure) {
+      throw Error(kind, changes[number].name + ": " + *failure + roll_back(changes, number));
     }
   }
   return warnings;
@@ -154,7 +162,13 @@ std::string BondWriter::roll_back(const std::vector<BondChange>& changes, std::s
     if (number == failed && is_as_before(change)) {
       continue;
     }
-    if (const std::optional<std::string> failure = carry_out(reversed(change), warnings)) {
+    std::optional<std::string> failure;
+    try {
+      failure = carry_out(reversed(change), warnings);
+    } catch (const std::bad_alloc&) {
+      failure = "out of memory";
+    }
+    if (failure) {
       text += "; " + change.name + " could not be put back: " + *failure;
     }
   }
