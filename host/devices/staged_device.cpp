@@ -3,27 +3,19 @@
 #include <utility>
 
 #include "host/base/error.h"
+#include "host/devices/edited_snapshot.h"
 
 namespace oclacp::host {
 
-class StagedDevice::Snapshot final : public DeviceSnapshot {
+class StagedDevice::Snapshot final : public EditedSnapshot {
  public:
   Snapshot(std::shared_ptr<const DeviceSnapshot> base, TreePtr running, uint64_t number)
-      : base_(std::move(base)), running_(std::move(running)), number_(number) {}
+      : EditedSnapshot(*base, running.get()), base_(std::move(base)), running_(std::move(running)), number_(number) {}
 
-  [[nodiscard]] uint32_t router_type() const override { return base_->router_type(); }
-  [[nodiscard]] const std::vector<Interface>& interfaces() const override { return base_->interfaces(); }
-  [[nodiscard]] const lyd_node* running() const override { return running_.get(); }
-  [[nodiscard]] const lyd_node* operational() const override { return base_->operational(); }
-  [[nodiscard]] bool assumes_lacp() const override { return base_->assumes_lacp(); }
-  [[nodiscard]] std::string normalized_value(const lysc_node& leaf, std::string_view value) const override {
-    return base_->normalized_value(leaf, value);
-  }
   [[nodiscard]] Version version() const override {
     constexpr uint64_t kStaged = uint64_t{1} << 63;  // apart from those of the device below
     return {kStaged | number_, kStaged | number_};
   }
-  [[nodiscard]] std::vector<std::string> warnings() const override { return base_->warnings(); }
 
  private:
   std::shared_ptr<const DeviceSnapshot> base_;

@@ -1,26 +1,13 @@
 #include "host/translation/read_back.h"
 
 #include "host/base/error.h"
+#include "host/devices/edited_snapshot.h"
 #include "host/services/current_device.h"
 #include "host/translation/native_reader.h"
 #include "host/trees/native_selection.h"
 
 namespace oclacp::host {
 namespace {
-
-// A device with another configuration.
-class EditedSnapshot final : public DeviceSnapshot {
- public:
-  EditedSnapshot(const DeviceSnapshot& device, const lyd_node* running) : device_(device), running_(running) {}
-
-  [[nodiscard]] uint32_t router_type() const override { return device_.router_type(); }
-  [[nodiscard]] const std::vector<Interface>& interfaces() const override { return device_.interfaces(); }
-  [[nodiscard]] const lyd_node* running() const override { return running_; }
-
- private:
-  const DeviceSnapshot& device_;
-  const lyd_node* running_;
-};
 
 const lyd_node* find_top(const lyd_node* tops, const lysc_node* schema) {
   while (tops != nullptr && tops->schema != schema) {
