@@ -14,10 +14,12 @@ bool replace_is_running(const yfw_request_state& request) {
   return (request.replace_flags & (YFW_REPLACE_FIRST_PASS | YFW_REPLACE_SECOND_PASS)) != 0;
 }
 
-// List keys are checked under the operation codes 1, 8 and 15.
+// Edits that frameworks have beside YFW_REQUEST_EDIT. Only for list keys do they differ from other codes.
+constexpr std::uint32_t kKeyedEdit8 = 8;
+constexpr std::uint32_t kKeyedEdit15 = 15;
+
 bool checks_keys(std::uint32_t operation) {
-  constexpr std::uint32_t kChecking = 0x8102;
-  return operation < 16 && ((kChecking >> operation) & 1) != 0;
+  return operation == YFW_REQUEST_EDIT || operation == kKeyedEdit8 || operation == kKeyedEdit15;
 }
 
 // A replace of one node: the first pass deletes with the children hidden, the second merges what is named. Everything
@@ -250,9 +252,8 @@ class ListWalk : public Walk {
   }
 
   [[nodiscard]] bool keys_are_usable() const {
-    const std::uint32_t operation = operation_of(ctx_);
-    if (operation == YFW_REQUEST_EDIT || operation == 15) return keys_.valued == 1 && keys_.leaves < 2;
-    return keys_.leaves <= 1 && keys_.valued <= 1 && (operation != 8 || keys_.valued >= 1);
+    if (checks_keys(operation_of(ctx_))) return keys_.valued == 1 && keys_.leaves < 2;
+    return keys_.leaves <= 1 && keys_.valued <= 1;
   }
 
   cerrno walk_once(unsigned int count) {
