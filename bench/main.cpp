@@ -139,18 +139,18 @@ class Subject {
   void run_host() {
     const std::shared_ptr<const host::DeviceSnapshot> device = snapshot();
     if (is_edit()) {
-      const std::string text = translator_.translate(request_, *device, {}).text;
+      const std::string text = translator_.translate_edit(request_, *device, {}).text;
       std::fwrite(text.data(), 1, text.size(), nowhere_.get());
     } else {
-      host::write_answer(nowhere_.get(), translator_.get(*device, options()).data, LYD_JSON);
+      host::write_answer(nowhere_.get(), translator_.get(*device, {path()}, {.content = content()}).data, LYD_JSON);
     }
   }
 
   // What the floor prints.
   [[nodiscard]] std::string result() {
     const std::shared_ptr<const host::DeviceSnapshot> device = snapshot();
-    return is_edit() ? translator_.translate(request_, *device, {}).text
-                     : host::print_answer(translator_.get(*device, options()).data, LYD_JSON);
+    return is_edit() ? translator_.translate_edit(request_, *device, {}).text
+                     : host::print_answer(translator_.get(*device, {path()}, {.content = content()}).data, LYD_JSON);
   }
   void keep_result(const std::string& text) {
     result_ = parse(is_edit() ? native_.get() : openconfig_.get(), text, LYD_PARSE_ONLY | LYD_PARSE_OPAQ, 0);
@@ -175,13 +175,11 @@ class Subject {
 
   [[nodiscard]] bool is_edit() const { return !request_.empty(); }
 
-  [[nodiscard]] host::GetOptions options() const {
-    host::GetOptions options;
-    options.kind = work_ == "config" ? host::RequestKind::kReadConfig : host::RequestKind::kReadState;
-    if (work_ == "one") {
-      options.paths = {"/lacp/interfaces/interface[name='Bundle-Ether7']"};
-    }
-    return options;
+  [[nodiscard]] std::string path() const {
+    return work_ == "one" ? "/lacp/interfaces/interface[name='Bundle-Ether7']" : "/lacp";
+  }
+  [[nodiscard]] host::Content content() const {
+    return work_ == "config" ? host::Content::kConfig : host::Content::kAll;
   }
 
   [[nodiscard]] host::TreePtr read(const char* name, std::uint32_t validation) const {

@@ -23,18 +23,18 @@ void add_request(CLI::App& command, std::string& file) {
   command.add_option("FILE", file, "The request, JSON (RFC 7951) or XML; - for the standard input")->required();
 }
 
-CLI::Option* add_operation(CLI::App& command, TranslationArguments& arguments) {
-  return add_choice(command, "--operation", arguments.options.operation, kOperations,
+CLI::Option* add_operation(CLI::App& command, host::EditOptions& options) {
+  return add_choice(command, "--operation", options.operation, kOperations,
                     "What happens to nodes without an operation of their own: merge (the default), replace the whole, "
                     "or delete what is named");
 }
 
-CLI::Option* add_format(CLI::App& command, TranslationArguments& arguments, const std::string& help) {
-  return add_choice(command, "--format", arguments.options.format, kFormats, help);
+CLI::Option* add_format(CLI::App& command, host::EditOptions& options, const std::string& help) {
+  return add_choice(command, "--format", options.format, kFormats, help);
 }
 
-CLI::Option* add_strict(CLI::App& command, TranslationArguments& arguments) {
-  return command.add_flag("--strict", arguments.options.is_strict,
+CLI::Option* add_strict(CLI::App& command, host::EditOptions& options) {
+  return command.add_flag("--strict", options.is_strict,
                           "Refuse an edit of which a node would be ignored, or that there would be a warning about");
 }
 
@@ -63,14 +63,12 @@ std::unique_ptr<host::Translator> make_translator(const TranslationArguments& ar
   return std::make_unique<host::Translator>(schemas, arguments.module.empty() ? default_module() : arguments.module);
 }
 
-Records::Records(TranslationArguments& arguments) : arguments_(arguments) {
-  arguments_.options.debug_log = arguments_.shows_log ? &std::cerr : nullptr;
-  arguments_.options.trace = arguments_.shows_trace ? &trace_ : nullptr;
+host::RecordSinks Records::sinks() {
+  return {.debug_log = arguments_.shows_log ? &std::cerr : nullptr,
+          .trace = arguments_.shows_trace ? &trace_ : nullptr};
 }
 
 Records::~Records() {
-  arguments_.options.debug_log = nullptr;
-  arguments_.options.trace = nullptr;
   for (const std::string& line : host::draw_trace(trace_)) {
     std::cerr << line << '\n';
   }
@@ -108,8 +106,8 @@ void print(const std::string& text) {
   }
 }
 
-void print(const host::Answer& answer, LYD_FORMAT format) {
-  host::write_answer(stdout, answer.data, format);
+void print(const host::Answer& answer, host::Format format) {
+  host::write_answer(stdout, answer.data, host::libyang_format(format));
 }
 
 }  // namespace oclacp::cli

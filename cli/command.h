@@ -18,7 +18,6 @@ struct TranslationArguments {
   std::string published_schemas;
   bool shows_trace = false;
   bool shows_log = false;
-  host::TranslateOptions options;
 };
 
 // What the choices of a choice mean.
@@ -26,27 +25,24 @@ template <typename Value>
 using Choices = std::map<std::string, Value>;
 
 // The option takes one of the choices, which are also what its help shows.
-template <typename Value>
-CLI::Option* add_choice(CLI::App& command, const std::string& name, Value& value, const Choices<Value>& choices,
+template <typename Value, typename Option>
+CLI::Option* add_choice(CLI::App& command, const std::string& name, Option& value, const Choices<Value>& choices,
                         const std::string& help) {
   std::string list;
   for (const auto& [word, meaning] : choices) {
     list += (list.empty() ? "" : "|") + word;
   }
-  const auto choose = [&value, choices, name, list](const std::string& word) {
-    const auto found = choices.find(word);
-    if (found == choices.end()) {
-      throw CLI::ValidationError(name, "'" + word + "' is none of " + list);
-    }
-    value = found->second;
-  };
-  return command.add_option_function<std::string>(name, choose, help)->type_name(list);
+  // CLI::CheckedTransformer would take the numbers of an enumeration for its words.
+  const auto choose = [&value, choices](const std::string& word) { value = choices.at(word); };
+  return command.add_option_function<std::string>(name, choose, help)
+      ->check(CLI::IsMember(choices).description(""))
+      ->type_name(list);
 }
 
 void add_request(CLI::App& command, std::string& file);
-CLI::Option* add_operation(CLI::App& command, TranslationArguments& arguments);
-CLI::Option* add_format(CLI::App& command, TranslationArguments& arguments, const std::string& help);
-CLI::Option* add_strict(CLI::App& command, TranslationArguments& arguments);
+CLI::Option* add_operation(CLI::App& command, host::EditOptions& options);
+CLI::Option* add_format(CLI::App& command, host::EditOptions& options, const std::string& help);
+CLI::Option* add_strict(CLI::App& command, host::EditOptions& options);
 // The device.
 CLI::Option* add_device(CLI::App& command, TranslationArguments& arguments);
 // Where the schemas and the module are.
@@ -59,15 +55,17 @@ std::unique_ptr<host::Translator> make_translator(const TranslationArguments& ar
 // Collects what --trace and -v ask for while it lives, and then shows the trace: of a refused request too.
 class Records {
  public:
-  explicit Records(TranslationArguments& arguments);
+  explicit Records(const TranslationArguments& arguments) : arguments_(arguments) {}
   ~Records();
   Records(const Records&) = delete;
   Records& operator=(const Records&) = delete;
   Records(Records&&) = delete;
   Records& operator=(Records&&) = delete;
 
+  host::RecordSinks sinks();
+
  private:
-  TranslationArguments& arguments_;
+  const TranslationArguments& arguments_;
   std::vector<std::string> trace_;
 };
 
@@ -82,6 +80,6 @@ void warn_unkeyed_entries(size_t entries);
 
 // Write a result to the standard output. Nothing that a program reads is lost without a word: throws host::Error.
 void print(const std::string& text);
-void print(const host::Answer& answer, LYD_FORMAT format);
+void print(const host::Answer& answer, host::Format format);
 
 }  // namespace oclacp::cli

@@ -18,13 +18,14 @@ struct EditArguments : TranslationArguments {
   std::string file;
   std::optional<std::string> request;  // none when a path is deleted
   std::vector<std::string> paths;
+  host::PlanOptions plan;
   bool expects_no_change = false;
   host::CommitOptions commit;
 };
 
 void add_edit_options(CLI::App& command, EditArguments& arguments) {
   CLI::Option* dry_run =
-      command.add_flag("--dry-run", arguments.options.is_dry_run,
+      command.add_flag("--dry-run", arguments.plan.is_dry_run,
                        "Print the native edit and behind it what it would change, and change nothing");
   command
       .add_flag("--expect-no-change", arguments.expects_no_change,
@@ -34,16 +35,19 @@ void add_edit_options(CLI::App& command, EditArguments& arguments) {
       .add_flag("--may-interrupt", arguments.commit.may_interrupt,
                 "Also make changes for which the links of a bond go down for a moment")
       ->excludes(dry_run);
-  add_format(command, arguments, "The format of what --dry-run prints; that of the request by default")->needs(dry_run);
-  add_strict(command, arguments);
+  add_format(command, arguments.plan, "The format of what --dry-run prints; that of the request by default")
+      ->needs(dry_run);
+  add_strict(command, arguments.plan);
   add_device(command, arguments)->required();
   add_debug_options(command, arguments);
 }
 
-host::EditPlan plan(host::Translator& translator, const host::DeviceSnapshot& device, EditArguments& arguments) {
-  const Records records(arguments);
-  host::EditPlan plan = arguments.request ? translator.plan_edit(*arguments.request, device, arguments.options)
-                                          : translator.plan_delete(arguments.paths, device, arguments.options);
+host::EditPlan plan(host::Translator& translator, const host::DeviceSnapshot& device, const EditArguments& arguments) {
+  Records records(arguments);
+  host::PlanOptions options = arguments.plan;
+  options.records = records.sinks();
+  host::EditPlan plan = arguments.request ? translator.plan_edit(*arguments.request, device, options)
+                                          : translator.plan_delete(arguments.paths, device, options);
   warn_unkeyed_entries(plan.dropped_entries);
   warn(plan.warnings);
   return plan;
@@ -61,12 +65,12 @@ void change(host::Translator& translator, host::Device& device, EditArguments& a
 
 void edit(host::Translator& translator, EditArguments& arguments) {
   const std::unique_ptr<host::Device> device = host::open_device(translator.native_context(), arguments.device);
-  if (!arguments.options.is_dry_run && !arguments.expects_no_change) {
+  if (!arguments.plan.is_dry_run && !arguments.expects_no_change) {
     change(translator, *device, arguments);
     return;
   }
   const host::EditPlan planned = plan(translator, *device->snapshot(), arguments);
-  if (arguments.options.is_dry_run) {
+  if (arguments.plan.is_dry_run) {
     print(planned.native_edit + planned.difference);
   } else if (planned.changes_something()) {
     throw host::Error(host::ErrorKind::kOperationFailed,
@@ -80,9 +84,9 @@ void define_edit(CLI::App& app) {
   const auto arguments = std::make_shared<EditArguments>();
   CLI::App* command = app.add_subcommand("edit", "Apply a request to a device");
   add_request(*command, arguments->file);
-  add_operation(*command, *arguments);
+  add_operation(*command, arguments->plan);
   command
-      ->add_option("--at", arguments->options.at,
+      ->add_option("--at", arguments->plan.at,
                    "The request is a part of the tree: this node, or what is to be put into it")
       ->type_name("PATH");
   add_edit_options(*command, *arguments);
@@ -100,7 +104,7 @@ void define_delete(CLI::App& app) {
       ->add_option("PATH", arguments->paths,
                    "The nodes, such as /lacp/interfaces/interface[name='Bundle-Ether1']/config")
       ->required();
-  command->add_flag("--if-present", arguments->options.ignores_absent, "Do not complain of what is not there");
+  command->add_flag("--if-present", arguments->plan.ignores_absent, "Do not complain of what is not there");
   add_edit_options(*command, *arguments);
   command->callback([arguments] {
     const std::unique_ptr<host::Translator> translator = make_translator(*arguments);

@@ -22,7 +22,8 @@ const Choices<AnswerFormat> kFormats = {
     {"json", AnswerFormat::kJson}, {"xml", AnswerFormat::kXml}, {"table", AnswerFormat::kTable}};
 
 struct GetArguments : TranslationArguments {
-  host::GetOptions get;
+  std::vector<std::string> paths = {"/lacp"};
+  host::ReadOptions read;
   AnswerFormat format = AnswerFormat::kJson;
   bool reads_config = false;  // the same as neither
   bool reads_state = false;
@@ -30,7 +31,7 @@ struct GetArguments : TranslationArguments {
   double watch_seconds = 0;  // 0: once
 };
 
-// Why a text is no time to wait; empty when it is one.
+// Why a text is no time to wait; empty when it is one. CLI::Range would take nan for one.
 std::string check_seconds(const std::string& text) {
   double seconds = 0;
   const char* end = text.data() + text.size();
@@ -40,22 +41,22 @@ std::string check_seconds(const std::string& text) {
              : "'" + text + "' is no number from 0.1 to 86400";
 }
 
-host::Answer read(host::Translator& translator, const host::DeviceSnapshot& device, GetArguments& arguments) {
-  const Records records(arguments);
-  arguments.get.debug_log = arguments.options.debug_log;
-  arguments.get.trace = arguments.options.trace;
-  return translator.get(device, arguments.get);
+host::Answer read(host::Translator& translator, const host::DeviceSnapshot& device, const GetArguments& arguments) {
+  Records records(arguments);
+  host::ReadOptions options = arguments.read;
+  options.records = records.sinks();
+  return translator.get(device, arguments.paths, options);
 }
 
 void show(const host::Translator& translator, const host::Answer& answer, AnswerFormat format) {
   if (format == AnswerFormat::kTable) {
     print(host::answer_table(translator.openconfig_context(), answer.data.top(), table_layout()));
   } else {
-    print(answer, format == AnswerFormat::kXml ? LYD_XML : LYD_JSON);
+    print(answer, format == AnswerFormat::kXml ? host::Format::kXml : host::Format::kJson);
   }
 }
 
-void get(host::Translator& translator, const host::DeviceSnapshot& device, GetArguments& arguments) {
+void get(host::Translator& translator, const host::DeviceSnapshot& device, const GetArguments& arguments) {
   const host::Answer answer = read(translator, device, arguments);
   const std::vector<std::string> warnings = device.warnings();
   warn(warnings);
@@ -74,11 +75,11 @@ void get(host::Translator& translator, const host::DeviceSnapshot& device, GetAr
 }
 
 void run(GetArguments& arguments) {
-  arguments.get.kind = arguments.reads_state ? host::RequestKind::kReadState : host::RequestKind::kReadConfig;
+  arguments.read.content = arguments.reads_state ? host::Content::kAll : host::Content::kConfig;
   const std::unique_ptr<host::Translator> translator = make_translator(arguments);
   const std::unique_ptr<host::Device> device = host::open_device(translator->native_context(), arguments.device);
   if (arguments.lists_unmapped) {
-    print(translator->list_unmapped(*device->snapshot(), arguments.get.paths));
+    print(translator->list_unmapped(*device->snapshot(), arguments.paths));
   } else if (arguments.watch_seconds > 0) {
     watch(*translator, arguments.watch_seconds, [&] { return read(*translator, *device->snapshot(), arguments); });
   } else {
@@ -92,7 +93,7 @@ void define_get(CLI::App& app) {
   const auto arguments = std::make_shared<GetArguments>();
   CLI::App* command = app.add_subcommand("get", "Read a device: its configuration, or its state too");
   command->add_option(
-      "PATH", arguments->get.paths,
+      "PATH", arguments->paths,
       "What to read, such as /lacp/interfaces/interface[name='Bundle-Ether1']/config; /lacp by default");
   CLI::Option* config = command->add_flag("--config", arguments->reads_config, "Read configuration, as without it");
   CLI::Option* all =
@@ -100,7 +101,7 @@ void define_get(CLI::App& app) {
   CLI::Option* format =
       add_choice(*command, "--format", arguments->format, kFormats, "The format of the answer; json by default");
   CLI::Option* keep_going =
-      command->add_flag("--keep-going", arguments->get.keeps_going,
+      command->add_flag("--keep-going", arguments->read.keeps_going,
                         "Leave out interfaces that have no OpenConfig form, and fail only after the others");
   command
       ->add_option("--watch", arguments->watch_seconds,

@@ -1,6 +1,7 @@
 #include "cli/translate.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "cli/command.h"
@@ -11,12 +12,13 @@
 namespace oclacp::cli {
 namespace {
 
-const Choices<host::RequestKind> kReads = {{"config", host::RequestKind::kReadConfig},
-                                           {"all", host::RequestKind::kReadState}};
+const Choices<host::Content> kContents = {{"config", host::Content::kConfig}, {"all", host::Content::kAll}};
 
 struct TranslateArguments : TranslationArguments {
   std::string file;
   bool goes_to_openconfig = false;
+  std::optional<host::Content> read;  // nothing for an edit
+  host::EditOptions edit;
 };
 
 const Choices<bool> kTargets = {{"native", false}, {"openconfig", true}};
@@ -31,23 +33,42 @@ std::shared_ptr<const host::DeviceSnapshot> read_device(const host::Translator& 
 }
 
 void translate_to_openconfig(host::Translator& translator, const host::DeviceSnapshot* device,
-                             const std::string& native, TranslateArguments& arguments) {
-  host::ToOpenconfigOptions options;
-  if (arguments.options.kind == host::RequestKind::kReadState) {
-    options.kind = host::RequestKind::kReadState;
-  }
+                             const std::string& native, const TranslateArguments& arguments) {
   host::Answer answer;
   {
-    const Records records(arguments);
-    options.debug_log = arguments.options.debug_log;
-    options.trace = arguments.options.trace;
-    answer = translator.to_openconfig(native, device, options);
+    Records records(arguments);
+    answer = translator.to_openconfig(native, device, arguments.read.value_or(host::Content::kConfig), records.sinks());
   }
   warn_omitted_leaves(answer);
-  print(answer, host::libyang_format(arguments.options.format, answer.input_format));
+  print(answer, arguments.edit.format.value_or(answer.input_format));
 }
 
-void translate(TranslateArguments& arguments) {
+void translate_read(host::Translator& translator, const host::DeviceSnapshot& device, const std::string& request,
+                    const TranslateArguments& arguments) {
+  std::string text;
+  {
+    Records records(arguments);
+    for (const std::string& path : translator.translate_read(request, device, *arguments.read, records.sinks())) {
+      text.append(path).append("\n");
+    }
+  }
+  print(text);
+}
+
+void translate_edit(host::Translator& translator, const host::DeviceSnapshot& device, const std::string& request,
+                    const TranslateArguments& arguments) {
+  host::Translation translation;
+  {
+    Records records(arguments);
+    host::EditOptions options = arguments.edit;
+    options.records = records.sinks();
+    translation = translator.translate_edit(request, device, options);
+  }
+  warn_unkeyed_entries(translation.dropped_entries);
+  print(translation.text);
+}
+
+void translate(const TranslateArguments& arguments) {
   const std::unique_ptr<host::Translator> translator = make_translator(arguments);
   const std::shared_ptr<const host::DeviceSnapshot> device = read_device(*translator, arguments);
   const std::string request = host::read_text_file(arguments.file, host::kMaxRequestBytes);
@@ -57,13 +78,11 @@ void translate(TranslateArguments& arguments) {
   }
   const host::EmptySnapshot nothing;
   const host::DeviceSnapshot& asked = device == nullptr ? static_cast<const host::DeviceSnapshot&>(nothing) : *device;
-  host::Translation translation;
-  {
-    const Records records(arguments);
-    translation = translator->translate(request, asked, arguments.options);
+  if (arguments.read) {
+    translate_read(*translator, asked, request, arguments);
+  } else {
+    translate_edit(*translator, asked, request, arguments);
   }
-  warn_unkeyed_entries(translation.dropped_entries);
-  print(translation.text);
 }
 
 }  // namespace
@@ -74,11 +93,11 @@ void define_translate(CLI::App& app) {
       app.add_subcommand("translate", "Translate a request or native data, without a device or with one as it stands");
   add_request(*command, arguments->file);
   add_choice(*command, "--to", arguments->goes_to_openconfig, kTargets, "What to translate to")->required();
-  CLI::Option* operation = add_operation(*command, *arguments);
+  CLI::Option* operation = add_operation(*command, arguments->edit);
   CLI::Option* format =
-      add_format(*command, *arguments, "The format of the native edit; that of the request by default");
-  CLI::Option* strict = add_strict(*command, *arguments);
-  add_choice(*command, "--read", arguments->options.kind, kReads,
+      add_format(*command, arguments->edit, "The format of the native edit; that of the request by default");
+  CLI::Option* strict = add_strict(*command, arguments->edit);
+  add_choice(*command, "--read", arguments->read, kContents,
              "To native: take the request for a read, of configuration or of configuration and state, and print the "
              "native paths that it asks for. To openconfig: whether the input is configuration, the default, or state "
              "too")

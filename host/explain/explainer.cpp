@@ -8,22 +8,13 @@
 namespace oclacp::host {
 
 struct Explainer::Parts {
-  Schemas schemas;
-  TreeContext openconfig;
-  SchemaIndex native;
-  MappingModule module;
+  LoadedMapping mapping;
   LeafTables tables;
   Probe probe;
   LeafMappingFinder mappings;
 
   Parts(const SchemaDirectories& directories, const std::string& module_file)
-      : schemas(directories),
-        openconfig(schemas.request()),
-        native(schemas.native()),
-        module(module_file),
-        tables(module, openconfig.index, native),
-        probe(module, schemas, openconfig, native),
-        mappings(tables, schemas, probe) {}
+      : mapping(directories, module_file), tables(mapping), probe(mapping), mappings(tables, mapping.schemas, probe) {}
 };
 
 Explainer::Explainer(const SchemaDirectories& schemas, const std::string& module_file)
@@ -32,16 +23,16 @@ Explainer::Explainer(const SchemaDirectories& schemas, const std::string& module
 Explainer::~Explainer() = default;
 
 std::string Explainer::explain(const std::string& path) {
-  Explanation explanation(parts_->tables, parts_->schemas, parts_->probe, parts_->mappings);
+  Explanation explanation(parts_->tables, parts_->mapping.schemas, parts_->probe, parts_->mappings);
   std::string text;
-  for (const lysc_node* node : find_nodes(parts_->schemas, path)) {
+  for (const lysc_node* node : find_nodes(parts_->mapping.schemas, path)) {
     text += (text.empty() ? "" : "\n") + explanation.describe(node);
   }
   return text;
 }
 
 std::string Explainer::coverage(CoverageFormat format) {
-  const Coverage coverage = find_coverage(parts_->tables, parts_->schemas, parts_->probe, parts_->mappings);
+  const Coverage coverage = find_coverage(parts_->tables, parts_->mapping.schemas, parts_->probe, parts_->mappings);
   switch (format) {
     case CoverageFormat::kJson:
       return coverage_json(coverage);

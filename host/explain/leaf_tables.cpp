@@ -28,8 +28,10 @@ void append(std::vector<LeafRow>& rows, const oclacp_leaf_table& table, SchemaIn
 
 }  // namespace
 
-LeafTables::LeafTables(const MappingModule& module, SchemaIndex& openconfig, SchemaIndex& native) {
-  const MappingModule::LeafTables tables = module.leaf_tables();
+LeafTables::LeafTables(LoadedMapping& mapping) {
+  const MappingModule::LeafTables tables = mapping.module.leaf_tables();
+  SchemaIndex& openconfig = mapping.openconfig.index;
+  SchemaIndex& native = mapping.native.index;
   append(openconfig_, tables.openconfig, openconfig, native);
   append(native_, tables.native_configuration, native, openconfig);
   append(native_, tables.native_operational, native, openconfig);

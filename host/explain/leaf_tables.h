@@ -5,8 +5,7 @@
 
 #include <vector>
 
-#include "host/translation/mapping_module.h"
-#include "host/trees/schema_index.h"
+#include "host/translation/loaded_mapping.h"
 
 namespace oclacp::host {
 
@@ -20,8 +19,8 @@ struct LeafRow {
 // Rows and targets whose nodes the loaded schemas do not have are left out.
 class LeafTables {
  public:
-  // `module` outlives this, and so do the schemas of the paths. Throws Error when the module has no tables.
-  LeafTables(const MappingModule& module, SchemaIndex& openconfig, SchemaIndex& native);
+  // `mapping` outlives this. Throws Error when the module has no tables.
+  explicit LeafTables(LoadedMapping& mapping);
 
   [[nodiscard]] const std::vector<LeafRow>& openconfig() const { return openconfig_; }
   [[nodiscard]] const std::vector<LeafRow>& native() const { return native_; }

@@ -120,12 +120,9 @@ std::optional<std::string> ProbeResult::value_of(const lysc_node* leaf) const {
   return found == leaves.rend() ? std::nullopt : found->value;
 }
 
-Probe::Probe(const MappingModule& module, const Schemas& schemas, TreeContext& openconfig, SchemaIndex& native)
-    : module_(module),
-      schemas_(schemas),
-      openconfig_(openconfig),
-      native_(native),
-      configuration_(sample_configuration(schemas.native())),
+Probe::Probe(LoadedMapping& mapping)
+    : mapping_(mapping),
+      configuration_(sample_configuration(mapping.schemas.native())),
       device_(configuration_.get()) {}
 
 ProbeResult Probe::edit(const lysc_node* leaf, const std::string& value) {
@@ -142,10 +139,10 @@ ProbeResult Probe::read(const lysc_node* node) {
 
 ProbeResult Probe::run_request(const std::string& path, uint32_t operation, const lysc_node* about) {
   const CurrentDevice installed(device_);
-  OutputLog log(native_, operation == YFW_REQUEST_EDIT);
-  RequestTree request = parse_paths(schemas_.request(), {path});
+  OutputLog log(mapping_.native.index, operation == YFW_REQUEST_EDIT);
+  RequestTree request = parse_paths(mapping_.schemas.request(), {path});
   try {
-    walk_request(module_.request_walker(), request, operation, log, {});
+    walk_request(mapping_.module.request_walker(), request, operation, log, {});
   } catch (const Error& error) {
     return refused(error.what());
   }
@@ -159,28 +156,28 @@ ProbeResult Probe::run_request(const std::string& path, uint32_t operation, cons
 }
 
 ProbeResult Probe::native(const lysc_node* node, const std::string& value) {
-  return run_native(native_data(schemas_.native(), node, value).get(), device_);
+  return run_native(native_data(mapping_.schemas.native(), node, value).get(), device_);
 }
 
 ProbeResult Probe::native_alone(const lysc_node* node, const std::string& value) {
-  const TreePtr data = native_data(schemas_.native(), node, value);
+  const TreePtr data = native_data(mapping_.schemas.native(), node, value);
   return run_native(data.get(), EmptySnapshot(data.get()));
 }
 
 ProbeResult Probe::run_native(const lyd_node* data, const DeviceSnapshot& device) {
   const lysc_node* top = data->schema;
-  const yfw_map_walker walker = module_.native_walker(top->module->ns, top->name);
+  const yfw_map_walker walker = mapping_.module.native_walker(top->module->ns, top->name);
   if (walker == nullptr) {
     return {};
   }
   const CurrentDevice installed(device);
-  OutputLog log(openconfig_.index, false);
+  OutputLog log(mapping_.openconfig.index, false);
   NativeTree tree(data, nullptr);
   if (const auto failure = walk_native(walker, tree.top(), YFW_REQUEST_READ_STATE, log, {}); failure) {
     return refused(failure->what());
   }
   ProbeResult result;
-  AnswerBuilder answer(openconfig_);
+  AnswerBuilder answer(mapping_.openconfig);
   try {
     answer.add(log);
   } catch (const Error& error) {

@@ -6,10 +6,7 @@
 #include <vector>
 
 #include "host/devices/device.h"
-#include "host/translation/mapping_module.h"
-#include "host/trees/answer_builder.h"
-#include "host/trees/schema_index.h"
-#include "host/yang/schemas.h"
+#include "host/translation/loaded_mapping.h"
 
 namespace oclacp::host {
 
@@ -31,8 +28,8 @@ struct ProbeResult {
 // Runs are about one made-up interface with LACP. Used by one thread at a time.
 class Probe {
  public:
-  // All outlive this. `openconfig` and `native` are the paths of the two sides of `schemas`.
-  Probe(const MappingModule& module, const Schemas& schemas, TreeContext& openconfig, SchemaIndex& native);
+  // `mapping` outlives this.
+  explicit Probe(LoadedMapping& mapping);
 
   // What an edit that sets a leaf of openconfig-lacp to `value` writes for this leaf.
   ProbeResult edit(const lysc_node* leaf, const std::string& value);
@@ -52,10 +49,7 @@ class Probe {
   ProbeResult run_request(const std::string& path, uint32_t operation, const lysc_node* about);
   ProbeResult run_native(const lyd_node* data, const DeviceSnapshot& device);
 
-  const MappingModule& module_;
-  const Schemas& schemas_;
-  TreeContext& openconfig_;
-  SchemaIndex& native_;
+  LoadedMapping& mapping_;
   TreePtr configuration_;  // LACP on the sample interface
   EmptySnapshot device_;
 };

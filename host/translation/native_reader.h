@@ -8,13 +8,14 @@
 #include <vector>
 
 #include "host/base/error.h"
+#include "host/translation/answer.h"
 #include "host/translation/mapping_module.h"
 #include "host/translation/run_walker.h"
-#include "host/translation/translator.h"
 #include "host/trees/answer_builder.h"
 #include "host/trees/native_selection.h"
 #include "host/trees/native_tree.h"
 #include "host/trees/schema_index.h"
+#include "host/yang/native_document.h"
 
 namespace oclacp::host {
 

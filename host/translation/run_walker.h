@@ -1,25 +1,15 @@
 // Running a module's walkers.
 #pragma once
 
-#include <iosfwd>
 #include <optional>
-#include <string>
-#include <vector>
 
 #include "host/base/contract.h"
 #include "host/base/error.h"
+#include "host/translation/record_sinks.h"
 #include "host/trees/output_log.h"
 #include "host/trees/request_tree.h"
 
 namespace oclacp::host {
-
-// Where the module's records go; null for nowhere.
-struct RecordSinks {
-  std::ostream* debug_log = nullptr;
-  std::vector<std::string>* trace = nullptr;  // records are appended, also those of a walk that fails
-
-  [[nodiscard]] bool are_used() const { return debug_log != nullptr || trace != nullptr; }
-};
 
 // Walks a request under an operation code (YFW_REQUEST_*) into `output`. Throws Error when the request fails.
 void walk_request(yfw_map_walker walker, RequestTree& tree, uint32_t operation, OutputLog& output,

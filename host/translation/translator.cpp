@@ -16,7 +16,6 @@
 #include "host/trees/edit_tree.h"
 #include "host/trees/node.h"
 #include "host/trees/path_request.h"
-#include "host/trees/read_paths.h"
 #include "host/trees/request_parser.h"
 #include "host/trees/unvisited_nodes.h"
 #include "host/yang/tree_diff.h"
@@ -77,37 +76,29 @@ void check_strictly(RequestTree& tree) {
   }
 }
 
-void walk(const MappingModule& module, RequestTree& tree, OutputLog& log, const TranslateOptions& options) {
-  module.require_offer();
-  walk_request(module.request_walker(), tree, operation_code(options.kind), log, {options.debug_log, options.trace});
-  if (options.is_strict && options.kind == RequestKind::kEdit) {
-    check_strictly(tree);
-  }
-}
-
 }  // namespace
 
 Translator::Translator(const SchemaDirectories& schemas, const std::string& module_file)
-    : parts_(std::make_unique<Parts>(schemas, module_file)) {}
+    : mapping_(std::make_unique<LoadedMapping>(schemas, module_file)) {}
 
 Translator::~Translator() = default;
 
 const ly_ctx* Translator::native_context() const {
-  return parts_->schemas.native();
+  return mapping_->schemas.native();
 }
 
 const ly_ctx* Translator::openconfig_context() const {
-  return parts_->schemas.request();
+  return mapping_->schemas.request();
 }
 
 namespace {
 
-ParsedRequest parse_edit(const ly_ctx* context, const std::string& text, const TranslateOptions& options) {
+ParsedRequest parse_edit(const ly_ctx* context, const std::string& text, const EditOptions& options) {
   return options.at.empty() ? parse_request(context, text) : parse_resource(context, options.at, text);
 }
 
 // What the request itself says comes first.
-DefaultOperation default_operation(const ParsedRequest& request, const TranslateOptions& options) {
+DefaultOperation default_operation(const ParsedRequest& request, const EditOptions& options) {
   if (request.default_operation == "none") {
     throw Error(ErrorKind::kOperationNotSupported, "the request: the default operation 'none' is not supported");
   }
@@ -116,14 +107,17 @@ DefaultOperation default_operation(const ParsedRequest& request, const Translate
 
 // An edit from its text to what it comes to natively; the later are made of the earlier.
 struct TranslatedEdit {
-  TranslatedEdit(ParsedRequest parsed, const MappingModule& module, SchemaIndex& paths, const DeviceSnapshot& device,
-                 const TranslateOptions& options)
-      : request(std::move(parsed)), installed(device), log(paths, true) {
+  TranslatedEdit(ParsedRequest parsed, LoadedMapping& mapping, const DeviceSnapshot& device, const EditOptions& options)
+      : request(std::move(parsed)), installed(device), log(mapping.native.index, true) {
     apply_default(default_operation(request, options), request.tree);
     check_nothing_added_below_deletes(request.tree);
     const AbsentNodes absent(request.tree, installed);
     use_entry_form_keys(request.tree, installed);
-    walk(module, request.tree, log, options);
+    mapping.module.require_offer();
+    walk_request(mapping.module.request_walker(), request.tree, YFW_REQUEST_EDIT, log, options.records);
+    if (options.is_strict) {
+      check_strictly(request.tree);
+    }
     absent.check_deleted();
     absent.drop_additions(log);
     native.emplace(log);
@@ -135,46 +129,31 @@ struct TranslatedEdit {
   std::optional<EditTree> native;
 };
 
-}  // namespace
-
-Translation Translator::translate(const std::string& request, const DeviceSnapshot& device,
-                                  const TranslateOptions& options) {
-  Translation translation;
-  if (options.kind == RequestKind::kEdit) {
-    TranslatedEdit edit(parse_edit(parts_->schemas.request(), request, options), parts_->module, parts_->native.index,
-                        device, options);
-    check_creations_set_something(edit.request.tree);
-    translation.dropped_entries = edit.native->dropped_entries();
-    translation.text = print_edit(parts_->native, *edit.native, libyang_format(options.format, edit.request.format));
-    return translation;
-  }
-  ParsedRequest parsed = parse_request(parts_->schemas.request(), request);
-  if (parsed.tree.operations() != 0) {
-    throw node_error(ErrorKind::kUnknownAttribute, node_path(parsed.tree.top()), "a read carries no edit operations");
-  }
-  name_contents_of_bare_entries(parsed.tree);
-  const CurrentDevice installed(device);
-  OutputLog log(parts_->native.index, false);
-  walk(parts_->module, parsed.tree, log, options);
-  for (const std::string& path : list_read_paths(log)) {
-    translation.text.append(path).append("\n");
-  }
-  return translation;
+std::string print(LoadedMapping& mapping, const TranslatedEdit& edit, const EditOptions& options) {
+  return print_edit(mapping.native, *edit.native, libyang_format(options.format.value_or(edit.request.format)));
 }
 
-EditPlan Translator::plan_edit(const std::string& request, const DeviceSnapshot& device,
-                               const TranslateOptions& options) {
-  return plan(parse_edit(parts_->schemas.request(), request, options), device, options);
+}  // namespace
+
+Translation Translator::translate_edit(const std::string& request, const DeviceSnapshot& device,
+                                       const EditOptions& options) {
+  TranslatedEdit edit(parse_edit(mapping_->schemas.request(), request, options), *mapping_, device, options);
+  check_creations_set_something(edit.request.tree);
+  return {print(*mapping_, edit, options), edit.native->dropped_entries()};
+}
+
+EditPlan Translator::plan_edit(const std::string& request, const DeviceSnapshot& device, const PlanOptions& options) {
+  return plan(parse_edit(mapping_->schemas.request(), request, options), device, options);
 }
 
 EditPlan Translator::plan_delete(const std::vector<std::string>& paths, const DeviceSnapshot& device,
-                                 const TranslateOptions& options) {
+                                 const PlanOptions& options) {
   const AbsentNode absent = options.ignores_absent ? AbsentNode::kIsFine : AbsentNode::kIsRefused;
-  return plan(parse_delete_paths(parts_->schemas.request(), paths, absent), device, options);
+  return plan(parse_delete_paths(mapping_->schemas.request(), paths, absent), device, options);
 }
 
-EditPlan Translator::plan(ParsedRequest request, const DeviceSnapshot& device, const TranslateOptions& options) {
-  TranslatedEdit edit(std::move(request), parts_->module, parts_->native.index, device, options);
+EditPlan Translator::plan(ParsedRequest request, const DeviceSnapshot& device, const PlanOptions& options) {
+  TranslatedEdit edit(std::move(request), *mapping_, device, options);
   check_creations(edit.request.tree, edit.installed);
   check_creations_set_something(edit.request.tree);
   EditPlan plan;
@@ -184,17 +163,17 @@ EditPlan Translator::plan(ParsedRequest request, const DeviceSnapshot& device, c
   plan.dropped_entries = edit.native->dropped_entries();
   if (plan.changes_something()) {
     const std::vector<std::string> unreadable =
-        read_back(parts_->module, parts_->openconfig, edit.log, device, plan.running.get());
+        read_back(mapping_->module, mapping_->openconfig, edit.log, device, plan.running.get());
     plan.warnings.insert(plan.warnings.end(), unreadable.begin(), unreadable.end());
   }
   if (options.is_strict && !plan.warnings.empty()) {
     throw Error(ErrorKind::kOperationNotSupported, plan.warnings.front());
   }
   if (options.is_dry_run) {
-    const LYD_FORMAT format = libyang_format(options.format, edit.request.format);
-    plan.native_edit = print_edit(parts_->native, *edit.native, format);
+    plan.native_edit = print(*mapping_, edit, options);
     const TreePtr difference = find_difference(native_context(), device.running(), plan.running.get());
-    plan.difference = print_tree(native_context(), difference.get(), format);
+    plan.difference =
+        print_tree(native_context(), difference.get(), libyang_format(options.format.value_or(edit.request.format)));
   }
   return plan;
 }

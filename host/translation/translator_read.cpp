@@ -5,8 +5,10 @@
 #include "host/translation/loaded_mapping.h"
 #include "host/translation/module_quirks.h"
 #include "host/translation/native_reader.h"
+#include "host/translation/translator.h"
 #include "host/translation/unmapped_leaves.h"
 #include "host/trees/path_request.h"
+#include "host/trees/read_paths.h"
 #include "host/trees/subtree_filter.h"
 #include "host/yang/native_parser.h"
 
@@ -31,14 +33,17 @@ class InputSnapshot final : public EmptySnapshot {
   }
 };
 
-// What a path asks for, on both sides.
+uint32_t operation_code(Content content) {
+  return content == Content::kConfig ? YFW_REQUEST_READ_CONFIG : YFW_REQUEST_READ_STATE;
+}
+
+// What a request asks for, on both sides.
 struct ReadRequest {
-  ReadRequest(const ly_ctx* context, const MappingModule& module, SchemaIndex& native_paths,
-              const std::vector<std::string>& paths, uint32_t operation, const RecordSinks& sinks)
-      : request(parse_paths(context, paths)), asked(native_paths, false) {
-    module.require_offer();
+  ReadRequest(LoadedMapping& mapping, RequestTree parsed, Content content, const RecordSinks& records)
+      : request(std::move(parsed)), asked(mapping.native.index, false) {
+    mapping.module.require_offer();
     name_contents_of_bare_entries(request);
-    walk_request(module.request_walker(), request, operation, asked, sinks);
+    walk_request(mapping.module.request_walker(), request, operation_code(content), asked, records);
   }
 
   RequestTree request;
@@ -71,46 +76,55 @@ bool read_device(NativeReader& reader, const NativeSelection& selection, const D
 
 }  // namespace
 
+std::vector<std::string> Translator::translate_read(const std::string& request, const DeviceSnapshot& device,
+                                                    Content content, const RecordSinks& records) {
+  ParsedRequest parsed = parse_request(mapping_->schemas.request(), request);
+  if (parsed.tree.operations() != 0) {
+    throw node_error(ErrorKind::kUnknownAttribute, node_path(parsed.tree.top()), "a read carries no edit operations");
+  }
+  const CurrentDevice installed(device);
+  return list_read_paths(ReadRequest(*mapping_, std::move(parsed.tree), content, records).asked);
+}
+
 // Pieces are read once more when they turn out to be unusable, so that what is recorded for people is never read in
 // pieces.
-Answer Translator::get(const DeviceSnapshot& device, const GetOptions& options) {
+Answer Translator::get(const DeviceSnapshot& device, const std::vector<std::string>& paths,
+                       const ReadOptions& options) {
   const CurrentDevice installed(device);
-  const uint32_t operation = operation_code(options.kind);
-  const RecordSinks sinks = {options.debug_log, options.trace};
-  ReadRequest read_request(parts_->schemas.request(), parts_->module, parts_->native.index, options.paths, operation,
-                           sinks);
+  ReadRequest read_request(*mapping_, parse_paths(mapping_->schemas.request(), paths), options.content,
+                           options.records);
   const EntryFilter wanted = make_entry_filter(read_request.request.top());
   const NativeSelection selection(read_request.asked);
   const auto on_failure = options.keeps_going ? NativeReader::OnFailure::kLeaveOut : NativeReader::OnFailure::kStop;
   const auto read = [&](bool is_in_pieces) {
-    NativeReader reader(parts_->module, parts_->openconfig, operation, wanted, sinks, on_failure);
+    NativeReader reader(mapping_->module, mapping_->openconfig, operation_code(options.content), wanted,
+                        options.records, on_failure);
     std::optional<Answer> answer;
     if (read_device(reader, selection, device, is_in_pieces)) {
       reader.finish(answer.emplace());
     }
     return answer;
   };
-  std::optional<Answer> answer = read(!sinks.are_used());
+  std::optional<Answer> answer = read(!options.records.are_used());
   if (!answer) {
     answer = read(false);
   }
-  apply_subtree_filter(answer->data, read_request.request.top(), parts_->openconfig.values);
+  apply_subtree_filter(answer->data, read_request.request.top(), mapping_->openconfig.values);
   return std::move(*answer);
 }
 
 std::string Translator::list_unmapped(const DeviceSnapshot& device, const std::vector<std::string>& paths) {
   const CurrentDevice installed(device);
-  const ReadRequest read_request(parts_->schemas.request(), parts_->module, parts_->native.index, paths,
-                                 operation_code(RequestKind::kReadConfig), {});
+  const ReadRequest read_request(*mapping_, parse_paths(mapping_->schemas.request(), paths), Content::kConfig, {});
   std::string text;
   const NativeSelection selection(read_request.asked);
   for (const NativeSelection::Node* selected : selection.tops()) {
-    const yfw_map_walker walker = parts_->module.native_walker(selected->schema->module->ns, selected->schema->name);
+    const yfw_map_walker walker = mapping_->module.native_walker(selected->schema->module->ns, selected->schema->name);
     const lyd_node* data = find_data(device, selected->schema);
     if (walker == nullptr || data == nullptr) {
       continue;
     }
-    for (const std::string& line : find_unmapped(data, *selected, walker, parts_->openconfig.index)) {
+    for (const std::string& line : find_unmapped(data, *selected, walker, mapping_->openconfig.index)) {
       text.append(line).append("\n");
     }
   }
@@ -141,26 +155,26 @@ bool read_input(NativeReader& reader, const MappingModule& module, const NativeD
 
 }  // namespace
 
-Answer Translator::to_openconfig(const std::string& native, const DeviceSnapshot* device,
-                                 const ToOpenconfigOptions& options) {
-  const bool takes_state = options.kind == RequestKind::kReadState;
-  const RecordSinks sinks = {options.debug_log, options.trace};
+Answer Translator::to_openconfig(const std::string& native, const DeviceSnapshot* device, Content content,
+                                 const RecordSinks& records) {
+  const bool takes_state = content != Content::kConfig;
   const EntryFilter all;
-  NativeReader reader(parts_->module, parts_->openconfig, operation_code(options.kind), all, sinks);
+  NativeReader reader(mapping_->module, mapping_->openconfig, operation_code(content), all, records);
   Answer answer;
-  answer.input_format = inspect_native(parts_->schemas.native(), native);
-  if (answer.input_format == LYD_JSON && takes_state && !sinks.are_used()) {
-    NativeReader piecewise(parts_->module, parts_->openconfig, operation_code(options.kind), all, sinks);
-    const NativeDocument input(parts_->schemas.native(), native, "", LYD_VALIDATE_PRESENT, DataKind::kNative);
-    if (read_input(piecewise, parts_->module, input, device)) {
+  const LYD_FORMAT format = inspect_native(mapping_->schemas.native(), native);
+  answer.input_format = format_of(format);
+  if (format == LYD_JSON && takes_state && !records.are_used()) {
+    NativeReader piecewise(mapping_->module, mapping_->openconfig, operation_code(content), all, records);
+    const NativeDocument input(mapping_->schemas.native(), native, "", LYD_VALIDATE_PRESENT, DataKind::kNative);
+    if (read_input(piecewise, mapping_->module, input, device)) {
       piecewise.finish(answer);
       return answer;
     }
   }
-  const TreePtr data = parse_native(parts_->schemas.native(), native, answer.input_format, takes_state);
+  const TreePtr data = parse_native(mapping_->schemas.native(), native, format, takes_state);
   const InputSnapshot input_device(data.get());
   const CurrentDevice installed(device == nullptr ? input_device : *device);
-  parts_->module.require_offer();
+  mapping_->module.require_offer();
   for (const lyd_node* top = data.get(); top != nullptr; top = top->next) {
     reader.read(top, nullptr);
   }

@@ -217,7 +217,7 @@ ParsedRequest parse_delete_paths(const ly_ctx* context, const std::vector<std::s
       throw node_error(ErrorKind::kBadElement, node_path(&node), "only list keys may be given values in a delete");
     }
   }
-  return {LYD_JSON, std::move(tree)};
+  return {Format::kJson, std::move(tree)};
 }
 
 }  // namespace oclacp::host

@@ -67,7 +67,7 @@ ParsedRequest parse_bare(const ly_ctx* context, const std::string& text) {
     throw node_error(ErrorKind::kUnknownAttribute, top,
                      std::string("an 'operation' attribute is not of the namespace ") + operation_module(context)->ns);
   }
-  return {inspected.format, std::move(tree)};
+  return {format_of(inspected.format), std::move(tree)};
 }
 
 // The entry that a path ends at; the name of its key says which.

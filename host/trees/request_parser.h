@@ -4,11 +4,12 @@
 #include <string>
 
 #include "host/trees/request_tree.h"
+#include "host/yang/format.h"
 
 namespace oclacp::host {
 
 struct ParsedRequest {
-  LYD_FORMAT format;
+  Format format;
   RequestTree tree;                    // its top node is /openconfig-lacp:lacp
   std::string default_operation = {};  // what an <edit-config> around it says (RFC 6241, 7.2); empty without
 };

@@ -66,12 +66,11 @@ class Client {
     const std::string interval = number / 16 % 2 == 0 ? "SLOW" : "FAST";
     switch (number / 2 % 8) {
       case 0:
-        return read(device, {"/lacp"}, RequestKind::kReadConfig);
+        return read(device, {"/lacp"}, Content::kConfig);
       case 1:
-        return read(device, {"/lacp"}, RequestKind::kReadState);
+        return read(device, {"/lacp"}, Content::kAll);
       case 2:
-        return read(device, {"/lacp/config", "/lacp/interfaces/interface[name=Bundle-Ether1]/state"},
-                    RequestKind::kReadState);
+        return read(device, {"/lacp/config", "/lacp/interfaces/interface[name=Bundle-Ether1]/state"}, Content::kAll);
       case 3:
         return edit(device, interval_of("Bundle-Ether1", interval));
       case 4:
@@ -79,7 +78,7 @@ class Client {
       case 5:
         return edit_in_turns(device, interval);
       case 6:
-        return is_refused([&] { read(device, {"/lacp/colour"}, RequestKind::kReadConfig); });
+        return is_refused([&] { read(device, {"/lacp/colour"}, Content::kConfig); });
       default:
         return delete_what_is_absent(device);
     }
@@ -96,11 +95,8 @@ class Client {
     return false;
   }
 
-  bool read(Device& device, const std::vector<std::string>& paths, RequestKind kind) {
-    GetOptions options;
-    options.paths = paths;
-    options.kind = kind;
-    return translator_.get(*device.snapshot(), options).failures.empty();
+  bool read(Device& device, const std::vector<std::string>& paths, Content content) {
+    return translator_.get(*device.snapshot(), paths, {.content = content}).failures.empty();
   }
 
   bool edit(Device& device, const std::string& request) {
@@ -124,7 +120,7 @@ class Client {
   }
 
   bool delete_what_is_absent(Device& device) {
-    TranslateOptions options;
+    PlanOptions options;
     options.ignores_absent = true;
     const std::vector<std::string> paths = {"/lacp/interfaces/interface[name=Bundle-Ether77]/config/interval"};
     return !translator_.plan_delete(paths, *device.snapshot(), options).changes_something();

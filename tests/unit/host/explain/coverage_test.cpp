@@ -75,11 +75,10 @@ TEST_F(CoverageTest, OnlyWhatEveryRequestRefusesIsRefused) {
 TEST_F(CoverageTest, AServedLeafIsOneThatAReadAloneIsNotRefusedFor) {
   Translator translator({location::kSchemas, ""}, location::kModule);
   for (const CoveredLeaf& leaf : coverage_.leaves) {
-    GetOptions options;
-    options.kind = RequestKind::kReadState;
-    options.paths = {bare_path(leaf.schema)};
-    const std::string refusal = refusal_of([&] { translator.get(EmptySnapshot(), options); });
-    EXPECT_EQ(refusal == "accepted", leaf.in_reads) << options.paths.front() << ": " << refusal;
+    const std::string path = bare_path(leaf.schema);
+    const std::string refusal =
+        refusal_of([&] { translator.get(EmptySnapshot(), {path}, {.content = Content::kAll}); });
+    EXPECT_EQ(refusal == "accepted", leaf.in_reads) << path << ": " << refusal;
   }
 }
 

@@ -10,28 +10,22 @@ namespace oclacp::host {
 
 // The module with its tables, over the project's schemas or others.
 struct Explained {
-  explicit Explained(const Schemas& over = schemas())
-      : schemas_used(over),
-        openconfig(over.request()),
-        native(over.native()),
-        module(location::kModule),
-        tables(module, openconfig.index, native),
-        probe(module, over, openconfig, native),
-        mappings(tables, over, probe) {}
+  explicit Explained(const std::string& published = "")
+      : mapping({location::kSchemas, published}, location::kModule),
+        tables(mapping),
+        probe(mapping),
+        mappings(tables, mapping.schemas, probe) {}
 
   // The one node that a path names.
   [[nodiscard]] const lysc_node* node(const std::string& path) const {
-    const std::vector<const lysc_node*> nodes = find_nodes(schemas_used, path);
+    const std::vector<const lysc_node*> nodes = find_nodes(mapping.schemas, path);
     EXPECT_EQ(nodes.size(), 1U) << path;
     return nodes.front();
   }
 
-  Coverage coverage() { return find_coverage(tables, schemas_used, probe, mappings); }
+  Coverage coverage() { return find_coverage(tables, mapping.schemas, probe, mappings); }
 
-  const Schemas& schemas_used;
-  TreeContext openconfig;
-  SchemaIndex native;
-  MappingModule module;
+  LoadedMapping mapping;
   LeafTables tables;
   Probe probe;
   LeafMappingFinder mappings;

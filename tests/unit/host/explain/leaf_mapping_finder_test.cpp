@@ -62,11 +62,11 @@ class FlowsTest : public testing::Test {
  protected:
   // What the translator makes of a value of a leaf of openconfig-lacp, in the native leaf.
   std::vector<std::string> edited(const LeafMapping& mapping, const std::string& value) {
-    const std::string edit = translator_.translate(document(mapping.from, value), EmptySnapshot(), {}).text;
+    const std::string edit = translator_.translate_edit(document(mapping.from, value), EmptySnapshot(), {}).text;
     lyd_node* data = nullptr;
-    EXPECT_EQ(
-        lyd_parse_data_mem(schemas().native(), edit.c_str(), LYD_JSON, LYD_PARSE_ONLY | LYD_PARSE_STRICT, 0, &data),
-        LY_SUCCESS);
+    EXPECT_EQ(lyd_parse_data_mem(explained_.mapping.schemas.native(), edit.c_str(), LYD_JSON,
+                                 LYD_PARSE_ONLY | LYD_PARSE_STRICT, 0, &data),
+              LY_SUCCESS);
     const TreePtr owner(data);
     return values_in(data, mapping.to);
   }
@@ -74,9 +74,7 @@ class FlowsTest : public testing::Test {
   // What it makes of a value of a native leaf. The schema nodes of the translator are others than those of the mapping.
   std::vector<std::string> reported(const LeafMapping& mapping, const std::string& value,
                                     const DeviceSnapshot& device) {
-    ToOpenconfigOptions options;
-    options.kind = RequestKind::kReadState;
-    const Answer answer = translator_.to_openconfig(document(mapping.from, value), &device, options);
+    const Answer answer = translator_.to_openconfig(document(mapping.from, value), &device, Content::kAll);
     const lysc_node* leaf =
         lys_find_path(translator_.openconfig_context(), nullptr, schema_path(mapping.to).c_str(), 0);
     return values_in(answer.data.top(), leaf);
@@ -109,7 +107,7 @@ TEST_F(FlowsTest, EachEditIsTranslatedAsItIsTold) {
     const LeafMappings& outgoing = explained_.mappings.from(row.schema);
     if (outgoing.refusal) {
       const std::string request = document(row.schema, sample_values(row.schema).values.front());
-      EXPECT_THAT(refusal_of([&] { translator_.translate(request, device_, {}); }),
+      EXPECT_THAT(refusal_of([&] { translator_.translate_edit(request, device_, {}); }),
                   testing::HasSubstr(*outgoing.refusal))
           << row.leaf->node;
       ++told;

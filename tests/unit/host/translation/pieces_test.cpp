@@ -61,10 +61,10 @@ class PiecesTest : public testing::Test {
   }
 
   // The answer, or what is refused.
-  std::string outcome(const DeviceSnapshot& device, const GetOptions& options, LYD_FORMAT format) {
+  std::string outcome(const DeviceSnapshot& device, const std::string& path, bool keeps_going) {
     try {
-      const Answer answer = translator_.get(device, options);
-      std::string text = print_answer(answer.data, format) + std::to_string(answer.dropped_leaves);
+      const Answer answer = translator_.get(device, {path}, {.content = Content::kAll, .keeps_going = keeps_going});
+      std::string text = print_answer(answer.data, LYD_JSON) + std::to_string(answer.dropped_leaves);
       for (const Error& failure : answer.failures) text += std::string("\nfailure: ") + failure.what();
       for (const std::string& line : answer.valueless) text += "\nvalueless: " + line;
       return text;
@@ -76,13 +76,9 @@ class PiecesTest : public testing::Test {
   // Reads the state in pieces and whole, which say the same: what.
   std::string read(const std::string& operational, const std::string& path = "/lacp", bool keeps_going = false) {
     std::ofstream(folder_.path() + "/operational.json") << operational;
-    GetOptions options;
-    options.paths = {path};
-    options.kind = RequestKind::kReadState;
-    options.keeps_going = keeps_going;
     // Opened for each, as a snapshot keeps what it has read.
-    const std::string text = outcome(*open()->snapshot(), options, LYD_JSON);
-    EXPECT_EQ(text, outcome(WholeSnapshot(*open()->snapshot()), options, LYD_JSON)) << operational;
+    const std::string text = outcome(*open()->snapshot(), path, keeps_going);
+    EXPECT_EQ(text, outcome(WholeSnapshot(*open()->snapshot()), path, keeps_going)) << operational;
     return text;
   }
 

@@ -14,11 +14,11 @@ using testing::HasSubstr;
 
 class TranslatorTest : public testing::Test {
  protected:
-  std::string translated(const std::string& request, const TranslateOptions& options = {}) {
-    return translator_.translate(request, device_, options).text;
+  std::string translated(const std::string& request, const EditOptions& options = {}) {
+    return translator_.translate_edit(request, device_, options).text;
   }
 
-  std::string refused(const std::string& request, const TranslateOptions& options = {}) {
+  std::string refused(const std::string& request, const EditOptions& options = {}) {
     return refusal_of([&] { translated(request, options); });
   }
 
@@ -36,7 +36,7 @@ TEST_F(TranslatorTest, TheResultHasTheFormatOfTheRequestUnlessAskedOtherwise) {
   const std::string xml = translated(in_xml);
   EXPECT_THAT(json, HasSubstr("\"system-priority\": 5"));
   EXPECT_THAT(xml, HasSubstr("<system-priority>5</system-priority>"));
-  TranslateOptions options;
+  EditOptions options;
   options.format = Format::kXml;
   EXPECT_EQ(translated(in_json, options), xml);
   options.format = Format::kJson;
@@ -44,7 +44,7 @@ TEST_F(TranslatorTest, TheResultHasTheFormatOfTheRequestUnlessAskedOtherwise) {
 }
 
 TEST_F(TranslatorTest, DefaultDeleteDeletesWhatIsNamedLast) {
-  TranslateOptions options;
+  EditOptions options;
   options.operation = DefaultOperation::kDelete;
   EXPECT_THAT(translated(interface(R"("name": "Bundle-Ether1", "config": {"interval": [null]})"), options),
               testing::AllOf(HasSubstr("\"@period\": {\n            \"ietf-netconf:operation\": \"delete\""),
@@ -55,14 +55,14 @@ TEST_F(TranslatorTest, DefaultDeleteDeletesWhatIsNamedLast) {
 }
 
 TEST_F(TranslatorTest, DefaultDeleteLeavesNodesWithAnOperationAndWhatIsInThem) {
-  TranslateOptions options;
+  EditOptions options;
   options.operation = DefaultOperation::kDelete;
   const std::string request = lacp(R"("config": {"@": {"ietf-netconf:operation": "replace"}, "system-priority": 5})");
   EXPECT_EQ(translated(request, options), translated(request));
 }
 
 TEST_F(TranslatorTest, DefaultDeleteTakesTheNameOfAnEntryForNoMoreThanThat) {
-  TranslateOptions options;
+  EditOptions options;
   options.operation = DefaultOperation::kDelete;
   EXPECT_EQ(translated(interface(R"("name": "Bundle-Ether1", "config": {"name": "Bundle-Ether1", "interval": [null]})"),
                        options),
@@ -72,7 +72,7 @@ TEST_F(TranslatorTest, DefaultDeleteTakesTheNameOfAnEntryForNoMoreThanThat) {
 }
 
 TEST_F(TranslatorTest, StrictRefusesTheSubInterfaceThatAReadDoesNotShow) {
-  TranslateOptions options;
+  EditOptions options;
   const std::string request = interface(R"("name": "Bundle-Ether1.10", "config": {"lacp-mode": "ACTIVE"})");
   EXPECT_EQ(refused(request, options), "accepted");
   options.is_strict = true;
@@ -86,7 +86,7 @@ TEST_F(TranslatorTest, StrictRefusesTheSubInterfaceThatAReadDoesNotShow) {
 }
 
 TEST_F(TranslatorTest, DefaultReplaceReplacesTheTop) {
-  TranslateOptions options;
+  EditOptions options;
   options.operation = DefaultOperation::kReplace;
   const std::string request = lacp(R"("config": {"system-priority": 5})");
   EXPECT_EQ(translated(request, options),
@@ -95,9 +95,8 @@ TEST_F(TranslatorTest, DefaultReplaceReplacesTheTop) {
 }
 
 TEST_F(TranslatorTest, ReadsCarryNoOperations) {
-  TranslateOptions options;
-  options.kind = RequestKind::kReadConfig;
-  EXPECT_EQ(refused(lacp(R"("config": {"@": {"ietf-netconf:operation": "delete"}})"), options),
+  const std::string request = lacp(R"("config": {"@": {"ietf-netconf:operation": "delete"}})");
+  EXPECT_EQ(refusal_of([&] { translator_.translate_read(request, device_, Content::kConfig); }),
             "/openconfig-lacp:lacp: a read carries no edit operations");
 }
 
@@ -123,20 +122,20 @@ TEST_F(TranslatorTest, RefusalsOfTheModuleNameTheNodeTheTagAndTheCode) {
 }
 
 TEST_F(TranslatorTest, ErrorsUnderAnExpansionDoNotFailTheRequest) {
-  TranslateOptions options;
-  options.kind = RequestKind::kReadState;
+  const auto read = [&](const std::string& request) {
+    return translator_.translate_read(request, device_, Content::kAll);
+  };
   // The whole entry includes state/interval, which alone is refused.
-  EXPECT_THAT(translated(interface(R"("name": "Bundle-Ether1")"), options), HasSubstr("applied-lacp-mode"));
-  EXPECT_THAT(refused(interface(R"("name": "Bundle-Ether1", "state": {"interval": [null]})"), options),
+  EXPECT_THAT(read(interface(R"("name": "Bundle-Ether1")")), testing::Contains(HasSubstr("applied-lacp-mode")));
+  EXPECT_THAT(refusal_of([&] { read(interface(R"("name": "Bundle-Ether1", "state": {"interval": [null]})")); }),
               HasSubstr("/state/interval: not supported by this mapping (error tag 'interval'"));
 }
 
 TEST_F(TranslatorTest, RecordsAreCollectedWhetherOrNotTheRequestIsRefused) {
   std::ostringstream log;
   std::vector<std::string> trace;
-  TranslateOptions options;
-  options.debug_log = &log;
-  options.trace = &trace;
+  EditOptions options;
+  options.records = {&log, &trace};
   EXPECT_NE(refused(interface(R"("name": "a", "state": {})"), options), "accepted");
   EXPECT_THAT(log.str(), HasSubstr("Unsupported tag is specified in the request."));
   EXPECT_THAT(draw_trace(trace),

@@ -37,7 +37,7 @@ TEST(SchemasTest, TakesPublishedSchemasInsteadOfTheShippedOnes) {
     container lacp { leaf newer { type string; } } })");
   const Schemas loaded_schemas({location::kSchemas, published.path()});
   const ParsedRequest request = parse_request(loaded_schemas.request(), R"({"openconfig-lacp:lacp": {"newer": "x"}})");
-  EXPECT_EQ(request.format, LYD_JSON);
+  EXPECT_EQ(request.format, Format::kJson);
 }
 
 }  // namespace
