@@ -17,7 +17,7 @@ namespace oclacp::server {
 class PathWatch {
  public:
   using Id = uint64_t;
-  using Path = std::pair<std::string, host::RequestKind>;  // of the OpenConfig side; with state or without
+  using Path = std::pair<std::string, host::Content>;  // of the OpenConfig side; with state or without
   // What a path leads to now. Throws host::Error.
   using Read = std::function<LeafTable(const Path& path)>;
   // Is told of changes, never of none. A failure to read is told once until a read succeeds. Neither throws, nor adds

@@ -14,17 +14,13 @@ ServedDevice::ServedDevice(ServedDeviceSettings settings)
       device_(host::open_device(translator_.native_context(), settings_.device)),
       folder_(settings_.state_folder),
       datastores_(translator_.native_context(), *device_, folder_, clock_, settings_.limits),
-      answers_([this](const host::DeviceSnapshot& snapshot,
-                      const host::GetOptions& options) { return translator_.get(snapshot, options); },
+      answers_([this](const host::DeviceSnapshot& snapshot, const std::vector<std::string>& paths,
+                      const host::ReadOptions& options) { return translator_.get(snapshot, paths, options); },
                settings_.cached_answers),
       watch_([this](const PathWatch::Path& path) {
         const std::shared_ptr<const host::DeviceSnapshot> snapshot =
             seen_ != nullptr ? seen_ : datastores_.snapshot(Datastore::kRunning);
-        host::GetOptions options;
-        options.paths = {path.first};
-        options.kind = path.second;
-        options.keeps_going = true;
-        return leaves_of(answers_.get(snapshot, options)->data);
+        return leaves_of(answers_.get(snapshot, {path.first}, {.content = path.second, .keeps_going = true})->data);
       }) {
   // From here on, so that nothing is missed between the first look and the first signal.
   device_->change_descriptor();
@@ -33,16 +29,18 @@ ServedDevice::ServedDevice(ServedDeviceSettings settings)
   }
 }
 
-std::shared_ptr<const host::Answer> ServedDevice::read(Datastore datastore, const host::GetOptions& options) {
-  return answers_.get(datastores_.snapshot(datastore), options);
+std::shared_ptr<const host::Answer> ServedDevice::read(Datastore datastore, const std::vector<std::string>& paths,
+                                                       const host::ReadOptions& options) {
+  return answers_.get(datastores_.snapshot(datastore), paths, options);
 }
 
-std::string ServedDevice::get(Datastore datastore, const host::GetOptions& options, LYD_FORMAT format) {
-  return host::print_answer(read(datastore, options)->data, format);
+std::string ServedDevice::get(Datastore datastore, const std::vector<std::string>& paths,
+                              const host::ReadOptions& options, host::Format format) {
+  return host::print_answer(read(datastore, paths, options)->data, host::libyang_format(format));
 }
 
 CommitResult ServedDevice::edit(const Owner& owner, Datastore target, const std::string& request,
-                                const host::TranslateOptions& options, const CommitRequest& commit) {
+                                const host::PlanOptions& options, const CommitRequest& commit) {
   std::vector<std::string> warnings;
   CommitResult result = datastores_.edit(
       owner, target,

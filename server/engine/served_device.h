@@ -37,13 +37,15 @@ class ServedDevice final : public ThreadState {
   PathWatch& watch() { return watch_; }
 
   // A read of OpenConfig data. What was read of the same data before is not read again.
-  std::shared_ptr<const host::Answer> read(Datastore datastore, const host::GetOptions& options);
+  std::shared_ptr<const host::Answer> read(Datastore datastore, const std::vector<std::string>& paths,
+                                           const host::ReadOptions& options);
   // The same as a document.
-  std::string get(Datastore datastore, const host::GetOptions& options, LYD_FORMAT format);
+  std::string get(Datastore datastore, const std::vector<std::string>& paths, const host::ReadOptions& options,
+                  host::Format format);
 
   // An edit in JSON or XML of OpenConfig data. The plan's warnings come first among those of the result.
-  CommitResult edit(const Owner& owner, Datastore target, const std::string& request,
-                    const host::TranslateOptions& options, const CommitRequest& commit = {});
+  CommitResult edit(const Owner& owner, Datastore target, const std::string& request, const host::PlanOptions& options,
+                    const CommitRequest& commit = {});
 
   // Is told what changed running other than by a commit of its datastores. Does not throw.
   void on_outside_changes(std::function<void(const Changes& changes)> tell) { tell_outside_ = std::move(tell); }

@@ -5,7 +5,7 @@
 namespace oclacp::server {
 namespace {
 
-using host::RequestKind;
+using host::Content;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -35,7 +35,7 @@ class PathWatchTest : public testing::Test {
 };
 
 TEST_F(PathWatchTest, Changes_AreToldLeafByLeafWithDeletes) {
-  EXPECT_EQ(watch_.add({"/", RequestKind::kReadState}, collecting(one_)).second, leaves_);
+  EXPECT_EQ(watch_.add({"/", Content::kAll}, collecting(one_)).second, leaves_);
   leaves_ = {{"/a", "9"}, {"/c", "3"}};
   watch_.update();
   EXPECT_THAT(one_, ElementsAre("/a: changed from '1' to '9'", "/b: deleted '2'", "/c: added '3'"));
@@ -46,9 +46,9 @@ TEST_F(PathWatchTest, Changes_AreToldLeafByLeafWithDeletes) {
 
 TEST_F(PathWatchTest, SubscribersOfOnePath_ShareOneRead) {
   for (int count = 0; count < 100; ++count) {
-    watch_.add({"/", RequestKind::kReadState}, collecting(one_));
+    watch_.add({"/", Content::kAll}, collecting(one_));
   }
-  watch_.add({"/", RequestKind::kReadConfig}, collecting(other_));
+  watch_.add({"/", Content::kConfig}, collecting(other_));
   reads_ = 0;
   leaves_[0].value = "9";
   watch_.update();
@@ -58,16 +58,16 @@ TEST_F(PathWatchTest, SubscribersOfOnePath_ShareOneRead) {
 }
 
 TEST_F(PathWatchTest, SecondSubscriber_BeginsWhereTheFirstHasBeenTold) {
-  watch_.add({"/", RequestKind::kReadState}, collecting(one_));
+  watch_.add({"/", Content::kAll}, collecting(one_));
   leaves_[0].value = "9";
-  EXPECT_EQ(watch_.add({"/", RequestKind::kReadState}, collecting(other_)).second, leaves_);
+  EXPECT_EQ(watch_.add({"/", Content::kAll}, collecting(other_)).second, leaves_);
   watch_.update();
   EXPECT_THAT(one_, ElementsAre("/a: changed from '1' to '9'"));
   EXPECT_THAT(other_, IsEmpty());
 }
 
 TEST_F(PathWatchTest, Removed_IsToldNothingAndReadNoMore) {
-  const PathWatch::Id id = watch_.add({"/", RequestKind::kReadState}, collecting(one_)).first;
+  const PathWatch::Id id = watch_.add({"/", Content::kAll}, collecting(one_)).first;
   watch_.remove(id);
   watch_.remove(id);
   reads_ = 0;
@@ -78,7 +78,7 @@ TEST_F(PathWatchTest, Removed_IsToldNothingAndReadNoMore) {
 }
 
 TEST_F(PathWatchTest, FailedRead_IsToldOnceAndNothingIsForgotten) {
-  watch_.add({"/", RequestKind::kReadState}, collecting(one_));
+  watch_.add({"/", Content::kAll}, collecting(one_));
   fails_ = true;
   watch_.update();
   watch_.update();

@@ -28,11 +28,6 @@ class ServedDeviceTest : public testing::Test {
             .device = device_.path(),
             .state_folder = state_.path()};
   }
-  static host::GetOptions config(const std::string& path) {
-    host::GetOptions options;
-    options.paths = {path};
-    return options;
-  }
   static std::string interval(const char* value) {
     return host::interface(
         std::string(R"("name": "Bundle-Ether1", "config": {"name": "Bundle-Ether1", "interval": ")") + value + R"("})");
@@ -44,21 +39,21 @@ class ServedDeviceTest : public testing::Test {
 
 TEST_F(ServedDeviceTest, ReadOfWhatHasNotChanged_IsNotReadAgain) {
   ServedDevice served(settings());
-  const auto first = served.read(Datastore::kRunning, config("/lacp"));
-  EXPECT_EQ(served.read(Datastore::kRunning, config("/lacp")), first);
-  EXPECT_NE(served.read(Datastore::kRunning, config(kInterval)), first);
-  EXPECT_EQ(served.read(Datastore::kCandidate, config("/lacp")), first);
+  const auto first = served.read(Datastore::kRunning, {"/lacp"}, {});
+  EXPECT_EQ(served.read(Datastore::kRunning, {"/lacp"}, {}), first);
+  EXPECT_NE(served.read(Datastore::kRunning, {kInterval}, {}), first);
+  EXPECT_EQ(served.read(Datastore::kCandidate, {"/lacp"}, {}), first);
   served.edit(alice(), Datastore::kRunning, interval("SLOW"), {});
-  EXPECT_NE(served.read(Datastore::kRunning, config("/lacp")), first);
+  EXPECT_NE(served.read(Datastore::kRunning, {"/lacp"}, {}), first);
 }
 
 TEST_F(ServedDeviceTest, EditOfTheCandidate_IsSeenThereAndCommitted) {
   ServedDevice served(settings());
   served.edit(alice(), Datastore::kCandidate, interval("SLOW"), {});
-  EXPECT_THAT(served.get(Datastore::kCandidate, config(kInterval), LYD_JSON), HasSubstr("SLOW"));
-  EXPECT_THAT(served.get(Datastore::kRunning, config(kInterval), LYD_JSON), Not(HasSubstr("SLOW")));
+  EXPECT_THAT(served.get(Datastore::kCandidate, {kInterval}, {}, host::Format::kJson), HasSubstr("SLOW"));
+  EXPECT_THAT(served.get(Datastore::kRunning, {kInterval}, {}, host::Format::kJson), Not(HasSubstr("SLOW")));
   served.datastores().commit(alice());
-  EXPECT_THAT(served.get(Datastore::kRunning, config(kInterval), LYD_JSON), HasSubstr("SLOW"));
+  EXPECT_THAT(served.get(Datastore::kRunning, {kInterval}, {}, host::Format::kJson), HasSubstr("SLOW"));
 }
 
 TEST_F(ServedDeviceTest, ChangeByAnotherProgram_IsToldLeafByLeafOnBothSides) {
@@ -66,7 +61,7 @@ TEST_F(ServedDeviceTest, ChangeByAnotherProgram_IsToldLeafByLeafOnBothSides) {
   Changes native;
   Changes openconfig;
   served.on_outside_changes([&](const Changes& changes) { native = changes; });
-  served.watch().add({"/lacp", host::RequestKind::kReadConfig},
+  served.watch().add({"/lacp", host::Content::kConfig},
                      {[&](const Changes& changes) { openconfig = changes; }, [](const host::Error&) {}});
   const std::string file = device_.path() + "/running.json";
   std::string text = host::read_text_file(file);
@@ -88,9 +83,10 @@ TEST_F(ServedDeviceTest, InAnEngine_AnswersOtherThreads) {
     return served.edit(alice(), Datastore::kRunning, interval("SLOW"), {}).changes.size();
   }),
             1U);
-  EXPECT_THAT(
-      engine.call([](ServedDevice& served) { return served.get(Datastore::kRunning, config(kInterval), LYD_JSON); }),
-      HasSubstr("SLOW"));
+  EXPECT_THAT(engine.call([](ServedDevice& served) {
+    return served.get(Datastore::kRunning, {kInterval}, {}, host::Format::kJson);
+  }),
+              HasSubstr("SLOW"));
 }
 
 TEST_F(ServedDeviceTest, DeviceThatIsNotThere_CannotBeServed) {
