@@ -32,8 +32,9 @@ TEST(Linux, NamespaceThatIsNotThere_IsRefused) {
 
 TEST(Linux, Explanation_SaysWhatTheKernelDoesNotTell) {
   const Outcome explanation = run({"explain", "/lacp/interfaces/interface/members/member/state/last-change"});
-  EXPECT_THAT(explanation.out, HasSubstr("From bonds of a Linux kernel it is\n"
-                                         "  always absent, since the kernel does not tell it\n"));
+  EXPECT_THAT(explanation.out,
+              HasSubstr("From bonds of a Linux kernel it is\n"
+                        "  what was seen since somebody watches the bonds, and absent when nobody does\n"));
 }
 
 }  // namespace

@@ -12,13 +12,14 @@ struct Note {
 };
 
 constexpr const char* kNotTold = "always absent, since the kernel does not tell it";
+constexpr const char* kSeen = "what was seen since somebody watches the bonds, and absent when nobody does";
 constexpr const char* kNotOfAll = "always absent, and refused in edits, since the kernel has no settings for all bonds";
 constexpr const char* kPrivileged = "absent without CAP_NET_ADMIN in the initial user namespace";
 
 constexpr std::array kNotes = {
     Note{"/counters/excess-lacpd-us-received", kNotTold},
-    Note{"/counters/last-change", kNotTold},
-    Note{"/counters/lacp-timeout-transitions", kNotTold},
+    Note{"/counters/last-change", kSeen},
+    Note{"/counters/lacp-timeout-transitions", kSeen},
     Note{"/counters/illegal-packets-received", "the sum of what the kernel counts as illegal and as unknown LACPDUs"},
     Note{"/global/system-id/system-id/system-mac-addr/macaddr", kNotOfAll},
     Note{"/global/system-id/system-id/system-prio", kNotOfAll},

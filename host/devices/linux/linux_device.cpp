@@ -2,9 +2,6 @@
 
 #include <fcntl.h>
 #include <linux/capability.h>
-#include <linux/netlink.h>
-#include <linux/rtnetlink.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
@@ -12,7 +9,9 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
+#include <system_error>
 #include <utility>
 
 #include "host/base/error.h"
@@ -46,13 +45,13 @@ std::string make_lock_file() {
   }
   std::string file = std::string(kLockFolder) + "/linux-" + std::to_string(status.st_ino) + ".lock";
   if (mkdir(kLockFolder, 0755) != 0 && errno != EEXIST) {
-    throw system_error(errno, kLockFolder);
+    throw system_error(errno, kLockFolder, "cannot be made, and bonds cannot be locked without it: ");
   }
   // Users without a right to change bonds have none to keep others from it.
   const FileDescriptor descriptor(
       retry_interrupted([&] { return open(file.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600); }));
   if (!descriptor.is_open()) {
-    throw system_error(errno, file);
+    throw system_error(errno, file, "cannot be made, and bonds cannot be locked without it: ");
   }
   // The folder may be a daemon's, which has to take the lock too after root has.
   if (geteuid() == 0 && stat(kLockFolder, &status) == 0 &&
@@ -85,11 +84,13 @@ class LinuxLock final : public DeviceLock {
 
 class LinuxDevice::Snapshot final : public DeviceSnapshot {
  public:
-  // `last`: the one before, or null.
-  Snapshot(const ly_ctx* native, const std::string& device, LinkSnapshot links, const Snapshot* last)
+  // `seen`: what a watcher saw of the members; nothing without one. `last`: the one before, or null.
+  Snapshot(const ly_ctx* native, const std::string& device, LinkSnapshot links, MemberEventsByPort seen,
+           const Snapshot* last)
       : native_(native),
         device_(device),
         links_(std::move(links)),
+        seen_(std::move(seen)),
         interfaces_(list_interfaces(links_)),
         running_(make_running(native, links_)) {
     const bool is_configured_as_before =
@@ -103,7 +104,7 @@ class LinuxDevice::Snapshot final : public DeviceSnapshot {
   [[nodiscard]] const lyd_node* running() const override { return running_.get(); }
   [[nodiscard]] const lyd_node* operational() const override {
     if (!operational_) {
-      operational_ = make_operational(native_, links_);
+      operational_ = make_operational(native_, links_, seen_);
     }
     return operational_->get();
   }
@@ -134,6 +135,7 @@ class LinuxDevice::Snapshot final : public DeviceSnapshot {
   const ly_ctx* native_;
   std::string device_;
   LinkSnapshot links_;
+  MemberEventsByPort seen_;
   std::vector<Interface> interfaces_;
   TreePtr running_;
   mutable std::optional<TreePtr> operational_;
@@ -150,7 +152,13 @@ LinuxDevice::~LinuxDevice() = default;
 std::shared_ptr<const DeviceSnapshot> LinuxDevice::snapshot() {
   const NetworkNamespaceScope scope(namespace_);
   NetlinkSocket socket;
-  last_ = std::make_shared<const Snapshot>(native_, name_, read_links(socket), last_.get());
+  LinkSnapshot links = read_links(socket);
+  MemberEventsByPort seen;
+  if (history_) {
+    history_->see(links, std::chrono::system_clock::now());
+    seen = history_->events();
+  }
+  last_ = std::make_shared<const Snapshot>(native_, name_, std::move(links), std::move(seen), last_.get());
   return last_;
 }
 
@@ -203,31 +211,20 @@ void LinuxDevice::warn_of_managers(const LinkSnapshot& links, std::vector<std::s
 int LinuxDevice::change_descriptor() {
   if (!changes_) {
     const NetworkNamespaceScope scope(namespace_);
-    sockaddr_nl address{};
-    address.nl_family = AF_NETLINK;
-    address.nl_groups = RTMGRP_LINK;
-    changes_.emplace(::socket(AF_NETLINK, SOCK_RAW | SOCK_CLOEXEC | SOCK_NONBLOCK, NETLINK_ROUTE));
-    if (!changes_->is_open() ||
-        bind(changes_->number(), reinterpret_cast<const sockaddr*>(&address), sizeof(address)) != 0) {
-      const std::string reason = std::strerror(errno);
-      changes_.reset();
-      throw Error(ErrorKind::kOperationFailed, name_ + ": changes of links are not told: " + reason);
+    try {
+      changes_.emplace();
+    } catch (const std::system_error& error) {
+      throw Error(ErrorKind::kOperationFailed, name_ + ": changes of links are not told: " + error.code().message());
     }
+    history_.emplace();
+    static_cast<void>(snapshot());  // the first look, which the next one is compared with
   }
-  return changes_->number();
+  return changes_->descriptor();
 }
 
 bool LinuxDevice::take_changes() {
-  const int descriptor = change_descriptor();
-  bool has_changed = false;
-  while (true) {
-    // Which link it is does not matter: all are read anew.
-    char byte = 0;
-    if (retry_interrupted([&] { return recv(descriptor, &byte, sizeof(byte), MSG_TRUNC); }) < 0 && errno != ENOBUFS) {
-      return has_changed;
-    }
-    has_changed = true;
-  }
+  change_descriptor();
+  return changes_->take();
 }
 
 }  // namespace oclacp::host

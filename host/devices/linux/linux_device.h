@@ -8,8 +8,9 @@
 #include <vector>
 
 #include "host/devices/device.h"
+#include "host/devices/linux/link_signal.h"
 #include "host/devices/linux/link_snapshot.h"
-#include "host/files/file_descriptor.h"
+#include "host/devices/linux/member_history.h"
 
 namespace oclacp::host {
 
@@ -17,7 +18,9 @@ namespace oclacp::host {
 // initial user namespace the kernel withholds a part, which the warnings of a snapshot say. To change anything takes
 // CAP_NET_ADMIN; to use a named namespace CAP_SYS_ADMIN.
 //
-// Nothing is kept between reads. The kernel has no transactions: a commit changes bond after bond, and when one fails
+// Nothing is kept between reads, but for what a watcher sees: from the first call of change_descriptor() on, each
+// snapshot is a look at the members (MemberHistory), and has what they went through since.
+// The kernel has no transactions: a commit changes bond after bond, and when one fails
 // puts back those before it; when that fails too, the Error says both.
 //
 // The lock is on a file below /run/oclacp, one for each network namespace. Programs that do not take it, such as ip,
@@ -46,7 +49,8 @@ class OCLACP_HOST_API LinuxDevice final : public Device {
   std::string namespace_;
   std::string name_;
   std::shared_ptr<const Snapshot> last_;
-  std::optional<FileDescriptor> changes_;  // receives what the kernel tells of changed links
+  std::optional<LinkSignal> changes_;
+  std::optional<MemberHistory> history_;  // of whoever watches
   bool has_warned_of_managers_ = false;
 };
 

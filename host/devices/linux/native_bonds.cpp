@@ -3,6 +3,7 @@
 #include <linux/if_arp.h>
 
 #include <algorithm>
+#include <chrono>
 #include <unordered_set>
 
 #include "host/base/error.h"
@@ -120,14 +121,38 @@ void add_system(NativeData& data, lyd_node* bundle, const Link& bond, const Bond
   data.set(system, "system-prio", priority);
 }
 
-void add_counters(NativeData& data, lyd_node* member, const LacpStatistics& statistics) {
-  lyd_node* counters = data.add(member, "counters");
+void add_statistics(NativeData& data, lyd_node* counters, const LacpStatistics& statistics) {
   data.set(counters, "lacpd-us-received", statistics.received);
   data.set(counters, "lacpd-us-transmitted", statistics.transmitted);
   // Packets that are not valid LACPDUs are either; one counter alone would be too low a number.
   if (statistics.illegal_received && statistics.unknown_received) {
     data.set(counters, "illegal-packets-received",
              std::optional(*statistics.illegal_received + *statistics.unknown_received));
+  }
+}
+
+void add_events(NativeData& data, lyd_node* counters, const MemberEvents& events) {
+  if (events.last_change) {
+    const auto time = events.last_change->time_since_epoch();
+    data.set(counters, "last-change",
+             std::optional(std::chrono::duration_cast<std::chrono::nanoseconds>(time).count()));
+  }
+  data.set(counters, "lacp-timeout-transitions", std::optional(events.timeouts));
+}
+
+void add_counters(NativeData& data, lyd_node* member, int port, const LinkSnapshot& snapshot,
+                  const MemberEventsByPort& seen) {
+  const auto statistics = snapshot.statistics.find(port);
+  const auto events = seen.find(port);
+  if (statistics == snapshot.statistics.end() && events == seen.end()) {
+    return;
+  }
+  lyd_node* counters = data.add(member, "counters");
+  if (statistics != snapshot.statistics.end()) {
+    add_statistics(data, counters, statistics->second);
+  }
+  if (events != seen.end()) {
+    add_events(data, counters, events->second);
   }
 }
 
@@ -146,7 +171,7 @@ void add_link_data(NativeData& data, lyd_node* member, const Link& port, const B
 }
 
 void add_state(NativeData& data, lyd_node* bundles, const Link& bond, const LinkSnapshot& snapshot,
-               const std::vector<const Link*>& ports) {
+               const std::vector<const Link*>& ports, const MemberEventsByPort& seen) {
   const auto found = snapshot.texts.find(bond.index);
   const BondingText text = found == snapshot.texts.end() ? BondingText() : found->second;
   lyd_node* bundle = data.add_entry(bundles, "bundle", bond.name.c_str());
@@ -159,9 +184,7 @@ void add_state(NativeData& data, lyd_node* bundles, const Link& bond, const Link
   lyd_node* members = data.add(bundle, "members");
   for (const Link* port : ports) {
     lyd_node* member = data.add_entry(members, "member", port->name.c_str());
-    if (const auto statistics = snapshot.statistics.find(port->index); statistics != snapshot.statistics.end()) {
-      add_counters(data, member, statistics->second);
-    }
+    add_counters(data, member, port->index, snapshot, seen);
     add_link_data(data, member, *port, text);
   }
 }
@@ -233,7 +256,7 @@ TreePtr make_running(const ly_ctx* native, const LinkSnapshot& snapshot) {
   return data.take_valid(LYD_VALIDATE_NO_STATE);
 }
 
-TreePtr make_operational(const ly_ctx* native, const LinkSnapshot& snapshot) {
+TreePtr make_operational(const ly_ctx* native, const LinkSnapshot& snapshot, const MemberEventsByPort& seen) {
   const std::vector<const Link*> bonds = served_bonds(snapshot);
   if (bonds.empty()) {
     return nullptr;
@@ -247,7 +270,7 @@ TreePtr make_operational(const ly_ctx* native, const LinkSnapshot& snapshot) {
   NativeData data(native);
   lyd_node* bundles = data.add(data.add_top("Talvo-Brin-QD-bundlemgr-oper", "lacp-bundles"), "bundles");
   for (const Link* bond : bonds) {
-    add_state(data, bundles, *bond, snapshot, ports[bond->index]);
+    add_state(data, bundles, *bond, snapshot, ports[bond->index], seen);
   }
   return data.take_valid(LYD_VALIDATE_PRESENT);
 }

@@ -6,6 +6,7 @@
 
 #include "host/devices/device.h"
 #include "host/devices/linux/link_snapshot.h"
+#include "host/devices/linux/member_history.h"
 #include "host/yang/libyang_ptr.h"
 
 namespace oclacp::host {
@@ -22,8 +23,8 @@ bool is_served(const Link& bond);
 // The configuration has an entry for each bond, with mode and period always, priority and address of the system where
 // they differ from the kernel's own.
 TreePtr make_running(const ly_ctx* native, const LinkSnapshot& snapshot);
-// The state has what the kernel tells. What it does not tell is absent.
-TreePtr make_operational(const ly_ctx* native, const LinkSnapshot& snapshot);
+// The state has what the kernel tells, and of members in `seen` what a watcher saw. What neither tells is absent.
+TreePtr make_operational(const ly_ctx* native, const LinkSnapshot& snapshot, const MemberEventsByPort& seen = {});
 
 // Whether the kernel withheld the priorities and identifiers of bonds that are served, since the process lacks
 // CAP_NET_ADMIN in the initial user namespace.

@@ -115,6 +115,18 @@ TEST(NativeBonds, WhatTheKernelDoesNotTell_IsAbsent) {
   }
 }
 
+TEST(NativeBonds, WhatAWatcherSaw_IsTold) {
+  const LinkSnapshot snapshot = replayed_links("pair");
+  const MemberEventsByPort seen = {
+      {snapshot.find("a00")->index, {std::chrono::system_clock::time_point(std::chrono::seconds(7)), 3}},
+      {snapshot.find("a01")->index, {std::nullopt, 0}}};
+  const auto leaves = leaves_of(make_operational(schemas().native(), snapshot, seen));
+  EXPECT_EQ(leaves.at(member_of("bond0", "a00") + "counters/last-change"), "7000000000");
+  EXPECT_EQ(leaves.at(member_of("bond0", "a00") + "counters/lacp-timeout-transitions"), "3");
+  EXPECT_EQ(leaves.count(member_of("bond0", "a01") + "counters/last-change"), 0U);
+  EXPECT_EQ(leaves.at(member_of("bond0", "a01") + "counters/lacp-timeout-transitions"), "0");
+}
+
 TEST(NativeBonds, BondWithoutPorts_HasTheSystemThatItIsGoingToUse) {
   const LinkSnapshot snapshot = replayed_links("pair");
   const auto leaves = operational_leaves(snapshot);
