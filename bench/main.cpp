@@ -13,7 +13,6 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,8 +34,10 @@ namespace {
 namespace host = oclacp::host;
 
 constexpr std::array<std::size_t, 3> kSizes = {100, 1000, 10000};
-constexpr int kRounds = 5;
-constexpr std::array kWorks = {"state", "one", "config", "create", "delete"};
+constexpr std::size_t kRounds = 5;
+// Reads of all state, of one interface's and of configuration; translations of an edit that creates all interfaces and
+// of one that deletes LACP; an edit of all interfaces up to the configuration that a device would keep.
+constexpr std::array kWorks = {"state", "one", "config", "create", "delete", "edit"};
 
 // What is required of a ratio to the floor.
 struct Requirement {
@@ -49,8 +50,9 @@ constexpr std::array kRequirements = {Requirement{"state", 1000, 0.95, 0.3}, Req
                                       Requirement{"one", 10000, 0.10, 0},    Requirement{"create", 1000, 1.25, 0},
                                       Requirement{"create", 10000, 1.45, 0}, Requirement{"delete", 1000, 1.35, 0},
                                       Requirement{"delete", 10000, 1.6, 0}};
-// Ten times the interfaces take ten times the time, within this.
-constexpr double kMostGrowth = 11.5;
+// Ten times the interfaces take ten times the time, within this; or as much longer than that as the floor takes, whose
+// trees leave the processor's caches.
+constexpr double kMostGrowth = 1.15;
 
 void require(bool holds, const char* what) {
   if (holds) return;
@@ -66,7 +68,7 @@ void write_file(const std::string& folder, const char* name, const std::string& 
 void write_device(const std::string& folder, const std::string& work, std::size_t interfaces) {
   if (work.empty()) return;
   write_file(folder, "platform.json", R"({"oclacp-platform:platform": {"router-type": 7}})");
-  if (work == "create" || work == "delete") {
+  if (work == "create" || work == "delete" || work == "edit") {
     write_file(folder, "running.json", running_configuration(work == "create" ? 0 : interfaces));
   } else {
     write_file(folder, "running.json", full_running_configuration(interfaces));
@@ -111,6 +113,17 @@ host::TreePtr parse(const ly_ctx* context, const std::string& text, std::uint32_
   return host::TreePtr(tree);
 }
 
+void print(const lyd_node* tree, std::FILE* file) {
+  require(lyd_print_file(file, tree, LYD_JSON, LYD_PRINT_WITHSIBLINGS) == LY_SUCCESS, "libyang does not print");
+}
+
+std::string text_of(const lyd_node* tree) {
+  char* text = nullptr;
+  require(lyd_print_mem(&text, tree, LYD_JSON, LYD_PRINT_WITHSIBLINGS) == LY_SUCCESS, "libyang does not print");
+  const std::unique_ptr<char, decltype(&std::free)> owner(text, &std::free);
+  return text;
+}
+
 class NullFile {
  public:
   NullFile() : file_(std::fopen("/dev/null", "w"), &std::fclose) {}
@@ -127,9 +140,9 @@ class Subject {
   Subject(std::string work, std::string folder, std::size_t interfaces)
       : work_(std::move(work)),
         folder_(std::move(folder)),
-        request_(work_ == "create"   ? create_request(interfaces)
-                 : work_ == "delete" ? delete_request()
-                                     : ""),
+        request_(work_ == "create" || work_ == "edit" ? create_request(interfaces)
+                 : work_ == "delete"                  ? delete_request()
+                                                      : ""),
         translator_({.shipped = OCLACP_SCHEMAS, .published = ""}, OCLACP_MODULE),
         openconfig_(new_context({"openconfig-lacp", "ietf-netconf"})),
         native_(new_context({"ietf-netconf", "Talvo-Brin-QD-ifmgr-cfg", "Talvo-Brin-QD-bundlemgr-cfg",
@@ -138,7 +151,9 @@ class Subject {
   // Everything from the files to the printed result.
   void run_host() {
     const std::shared_ptr<const host::DeviceSnapshot> device = snapshot();
-    if (is_edit()) {
+    if (work_ == "edit") {
+      print(translator_.plan_edit(request_, *device, {}).running.get(), nowhere_.get());
+    } else if (is_edit()) {
       const std::string text = translator_.translate_edit(request_, *device, {}).text;
       std::fwrite(text.data(), 1, text.size(), nowhere_.get());
     } else {
@@ -149,6 +164,9 @@ class Subject {
   // What the floor prints.
   [[nodiscard]] std::string result() {
     const std::shared_ptr<const host::DeviceSnapshot> device = snapshot();
+    if (work_ == "edit") {
+      return text_of(translator_.plan_edit(request_, *device, {}).running.get());
+    }
     return is_edit() ? translator_.translate_edit(request_, *device, {}).text
                      : host::print_answer(translator_.get(*device, {path()}, {.content = content()}).data, LYD_JSON);
   }
@@ -163,8 +181,7 @@ class Subject {
     const host::TreePtr operational = has_state ? read("operational.json", LYD_VALIDATE_PRESENT) : nullptr;
     const host::TreePtr request =
         is_edit() ? parse(openconfig_.get(), request_, LYD_PARSE_ONLY | LYD_PARSE_OPAQ, 0) : nullptr;
-    require(lyd_print_file(nowhere_.get(), result_.get(), LYD_JSON, LYD_PRINT_WITHSIBLINGS) == LY_SUCCESS,
-            "libyang does not print");
+    print(result_.get(), nowhere_.get());
   }
 
  private:
@@ -216,30 +233,51 @@ double median(std::vector<double> values) {
   return values[values.size() / 2];
 }
 
-struct Times {
-  double floor = 0;
-  double host = 0;
+// What one round took, in seconds.
+struct Round {
+  double floor;
+  double host;
 };
 
-// Small work is done several times, to be longer than the clock's steps.
-Times measure_times(const std::string& work, std::size_t interfaces) {
-  const DeviceFolder folder(work, interfaces);
-  Subject subject(work, folder.path(), interfaces);
-  subject.keep_result(subject.result());
-  const std::size_t repeats = std::max<std::size_t>(1, 2000 / interfaces);
-  const auto repeated = [repeats](const auto& run) {
+// One kind of work on a device of so many interfaces. Small work is done several times, to be longer than the clock's
+// steps.
+class Contest {
+ public:
+  Contest(const std::string& work, std::size_t interfaces)
+      : interfaces_(interfaces), folder_(work, interfaces), subject_(work, folder_.path(), interfaces) {
+    subject_.keep_result(subject_.result());
+  }
+
+  [[nodiscard]] std::size_t interfaces() const { return interfaces_; }
+  [[nodiscard]] const std::vector<Round>& rounds() const { return rounds_; }
+
+  void run() {
+    const double floor = repeated([this] { subject_.run_floor(); });
+    rounds_.push_back({floor, repeated([this] { subject_.run_host(); })});
+  }
+
+ private:
+  [[nodiscard]] double repeated(const std::function<void()>& work) const {
+    const std::size_t repeats = std::max<std::size_t>(1, 2000 / interfaces_);
     return time_of([&] {
-             for (std::size_t count = 0; count < repeats; ++count) run();
+             for (std::size_t count = 0; count < repeats; ++count) work();
            }) /
            static_cast<double>(repeats);
-  };
-  std::vector<double> floor;
-  std::vector<double> host;
-  for (int round = 0; round < kRounds; ++round) {
-    floor.push_back(repeated([&] { subject.run_floor(); }));
-    host.push_back(repeated([&] { subject.run_host(); }));
   }
-  return {median(floor), median(host)};
+
+  std::size_t interfaces_;
+  DeviceFolder folder_;
+  Subject subject_;
+  std::vector<Round> rounds_;
+};
+
+// The median of a figure over the rounds. What is compared was measured in the same round, as a machine that others
+// use, too, is not as fast in each.
+template <typename Figure>
+double median_of(const Figure& figure) {
+  std::vector<double> values;
+  for (std::size_t round = 0; round < kRounds; ++round) values.push_back(figure(round));
+  return median(values);
 }
 
 // Walks of the module alone, over a platform that only counts.
@@ -247,7 +285,7 @@ double measure_module(CountedModule::Request request, std::size_t interfaces) {
   CountedModule counted(request, interfaces);
   std::vector<double> times;
   times.reserve(kRounds);
-  for (int round = 0; round < kRounds; ++round) {
+  for (std::size_t round = 0; round < kRounds; ++round) {
     times.push_back(time_of([&] { counted.walk(); }));
   }
   return median(times);
@@ -300,11 +338,29 @@ int run_process(const std::string& side, const std::string& folder, std::size_t 
   return 0;
 }
 
-// Prints one figure beside what is required of it, if something is.
-void print_figure(const char* what, double value, double most) {
-  std::printf(" %s %.2f", what, value);
-  if (most != 0) std::printf(" (required %.2f: %s)", most, value <= most ? "held" : "MISSED");
-}
+// Prints figures, each beside what is required of it, if something is, and remembers those that are missed.
+class Figures {
+ public:
+  // A requirement counts as missed when the figure is more than `slack` times as large.
+  explicit Figures(double slack) : slack_(slack) {}
+
+  [[nodiscard]] bool are_held() const { return missed_ == 0; }
+
+  void print(const char* what, double value, double most) {
+    std::printf(" %s %.2f", what, value);
+    if (most == 0) return;
+    const bool is_missed = value > most * slack_;
+    missed_ += is_missed ? 1 : 0;
+    std::printf(" (required %.2f: %s)", most,
+                value <= most ? "held"
+                : is_missed   ? "MISSED"
+                              : "missed within the slack");
+  }
+
+ private:
+  double slack_;
+  int missed_ = 0;
+};
 
 const Requirement* find_requirement(const std::string& work, std::size_t size) {
   const auto* const found = std::find_if(kRequirements.begin(), kRequirements.end(),
@@ -312,34 +368,57 @@ const Requirement* find_requirement(const std::string& work, std::size_t size) {
   return found == kRequirements.end() ? nullptr : found;
 }
 
-void measure_all_memory(std::size_t most) {
+void measure_all_memory(std::size_t most, Figures& figures) {
   for (const std::size_t size : kSizes) {
     if (size > most) continue;
     const double ratio = measure_memory(size);
     const Requirement* required = find_requirement("state", size);
-    print_figure(" host/floor", ratio, required == nullptr ? 0 : required->memory);
+    figures.print(" host/floor", ratio, required == nullptr ? 0 : required->memory);
     std::printf("\n");
   }
 }
 
-void measure_work(const char* work, std::size_t most) {
-  std::map<std::size_t, Times> times;
+void print_ratio(const char* work, const Contest& contest, Figures& figures) {
+  const std::vector<Round>& rounds = contest.rounds();
+  std::printf("%-6s %6zu: floor %8.1f ms, host %8.1f ms;", work, contest.interfaces(),
+              median_of([&](std::size_t round) { return rounds[round].floor; }) * 1e3,
+              median_of([&](std::size_t round) { return rounds[round].host; }) * 1e3);
+  const Requirement* required = find_requirement(work, contest.interfaces());
+  figures.print("host/floor", median_of([&](std::size_t round) { return rounds[round].host / rounds[round].floor; }),
+                required == nullptr ? 0 : required->time);
+  std::printf("\n");
+}
+
+void print_growth(const char* work, const Contest& small, const Contest& large, Figures& figures) {
+  const auto growth = [&](double Round::*side) {
+    return median_of([&](std::size_t round) { return large.rounds()[round].*side / (small.rounds()[round].*side); });
+  };
+  std::printf("%-6s %6zu against %zu:", work, large.interfaces(), small.interfaces());
+  const double floor = growth(&Round::floor);
+  const double more = static_cast<double>(large.interfaces()) / static_cast<double>(small.interfaces());
+  figures.print("floor", floor, 0);
+  figures.print("times the time, host", growth(&Round::host), kMostGrowth * std::max(more, floor));
+  std::printf("\n");
+}
+
+void measure_work(const char* work, std::size_t most, Figures& figures) {
+  std::vector<std::unique_ptr<Contest>> contests;
   for (const std::size_t size : kSizes) {
-    if (size > most) continue;
-    times[size] = measure_times(work, size);
-    const Requirement* required = find_requirement(work, size);
-    std::printf("%-6s %6zu: floor %8.1f ms, host %8.1f ms;", work, size, times[size].floor * 1e3,
-                times[size].host * 1e3);
-    print_figure("host/floor", times[size].host / times[size].floor, required == nullptr ? 0 : required->time);
-    std::printf("\n");
-    std::fflush(stdout);
+    if (size <= most) contests.push_back(std::make_unique<Contest>(work, size));
   }
-  if (times.count(kSizes[2]) != 0) {
-    std::printf("%-6s %zu against %zu:", work, kSizes[2], kSizes[1]);
-    print_figure("floor", times[kSizes[2]].floor / times[kSizes[1]].floor, 0);
-    print_figure("times the time, host", times[kSizes[2]].host / times[kSizes[1]].host, kMostGrowth);
-    std::printf("\n");
+  for (std::size_t round = 0; round < kRounds; ++round) {
+    for (const std::unique_ptr<Contest>& contest : contests) contest->run();
   }
+  for (const std::unique_ptr<Contest>& contest : contests) print_ratio(work, *contest, figures);
+  for (std::size_t index = 1; index < contests.size(); ++index) {
+    print_growth(work, *contests[index - 1], *contests[index], figures);
+  }
+  std::fflush(stdout);
+}
+
+void print_load(const char* when) {
+  double load = 0;
+  if (getloadavg(&load, 1) == 1) std::printf("load of the machine %s: %.1f\n", when, load);
 }
 
 void measure_modules(std::size_t most) {
@@ -354,16 +433,20 @@ void measure_modules(std::size_t most) {
 }  // namespace
 }  // namespace bench
 
-// oclacp_bench [INTERFACES]: up to so many interfaces, 10000 without it.
+// oclacp_bench [INTERFACES [SLACK]]: up to so many interfaces, 10000 without it. Ends with 1 when a figure is more than
+// SLACK times what is required of it; 1 without it.
 int main(int argc, char** argv) {
-  if (argc > 2) {
+  if (argc > 1 && argv[1][0] == '-') {
     return bench::run_process(argv[1], argv[2], argc > 3 ? std::strtoul(argv[3], nullptr, 10) : 0);
   }
   const std::size_t most = argc > 1 ? std::strtoul(argv[1], nullptr, 10) : bench::kSizes.back();
-  bench::measure_all_memory(most);  // before this process takes some itself
+  bench::Figures figures(argc > 2 ? std::strtod(argv[2], nullptr) : 1);
+  bench::print_load("before");
+  bench::measure_all_memory(most, figures);  // before this process takes some itself
   for (const char* work : bench::kWorks) {
-    bench::measure_work(work, most);
+    bench::measure_work(work, most, figures);
   }
   bench::measure_modules(most);
-  return 0;
+  bench::print_load("afterwards");
+  return figures.are_held() ? 0 : 1;
 }
