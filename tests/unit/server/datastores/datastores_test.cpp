@@ -6,7 +6,6 @@ namespace oclacp::server {
 namespace {
 
 using host::ErrorKind;
-using testing::Eq;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::SizeIs;

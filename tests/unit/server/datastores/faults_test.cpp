@@ -177,74 +177,56 @@ void edit_candidate(Datastores& datastores) {
   datastores.edit(alice(), kCandidate, setting(1, 8, 3));
 }
 
+void commit_confirmed(Datastores& datastores) {
+  edit_candidate(datastores);
+  datastores.commit(alice(), confirmed());
+}
+
+void commit_confirmed_and_edit(Datastores& datastores) {
+  commit_confirmed(datastores);
+  datastores.edit(alice(), kCandidate, setting(2, 7, 3));
+}
+
+void edit_running(Datastores& datastores) {
+  datastores.edit(alice(), kRunning, to(priorities({7, 0, 5})));
+}
+
+void keep_startup_and_edit_running(Datastores& datastores) {
+  datastores.copy(alice(), kRunning, Datastore::kStartup);
+  edit_running(datastores);
+}
+
+void commit(Datastores& datastores) {
+  datastores.commit(alice());
+}
+
+void commit_to_be_confirmed(Datastores& datastores) {
+  datastores.commit(alice(), confirmed());
+}
+
+void cancel(Datastores& datastores) {
+  datastores.cancel(alice(), "");
+}
+
+void undo(Datastores& datastores) {
+  datastores.undo(alice(), 1);
+}
+
+void apply_startup(Datastores& datastores) {
+  datastores.copy(alice(), Datastore::kStartup, kRunning);
+}
+
 const std::vector<Scenario>& scenarios() {
   static const std::vector<Scenario> kScenarios = {
-      {"commit",
-       edit_candidate,
-       [](Datastores& datastores) { datastores.commit(alice()); },
-       {"1 2 3", "9 8 3"},
-       "9 8 3"},
-      {"edit of running",
-       [](Datastores&) {},
-       [](Datastores& datastores) {
-         datastores.edit(alice(), kRunning, to(priorities({7, 0, 5})));
-       },
-       {"1 2 3", "7 0 5"},
-       "7 0 5"},
-      {"confirmed commit",
-       edit_candidate,
-       [](Datastores& datastores) { datastores.commit(alice(), confirmed()); },
-       {"1 2 3"},
-       "9 8 3"},
-      {"second confirmed commit",
-       [](Datastores& datastores) {
-         edit_candidate(datastores);
-         datastores.commit(alice(), confirmed());
-         datastores.edit(alice(), kCandidate, setting(2, 7, 3));
-       },
-       [](Datastores& datastores) { datastores.commit(alice(), confirmed()); },
-       {"1 2 3"},
-       "9 8 7"},
-      {"confirmation",
-       [](Datastores& datastores) {
-         edit_candidate(datastores);
-         datastores.commit(alice(), confirmed());
-       },
-       [](Datastores& datastores) { datastores.commit(alice()); },
-       {"1 2 3", "9 8 3"},
-       "9 8 3"},
-      {"confirmation with more edits",
-       [](Datastores& datastores) {
-         edit_candidate(datastores);
-         datastores.commit(alice(), confirmed());
-         datastores.edit(alice(), kCandidate, setting(2, 7, 3));
-       },
-       [](Datastores& datastores) { datastores.commit(alice()); },
-       {"1 2 3", "9 8 7"},
-       "9 8 7"},
-      {"cancel",
-       [](Datastores& datastores) {
-         edit_candidate(datastores);
-         datastores.commit(alice(), confirmed());
-       },
-       [](Datastores& datastores) { datastores.cancel(alice(), ""); },
-       {"1 2 3"},
-       "1 2 3"},
-      {"undo",
-       [](Datastores& datastores) {
-         datastores.edit(alice(), kRunning, to(priorities({7, 0, 5})));
-       },
-       [](Datastores& datastores) { datastores.undo(alice(), 1); },
-       {"7 0 5", "1 2 3"},
-       "1 2 3"},
-      {"startup applied",
-       [](Datastores& datastores) {
-         datastores.copy(alice(), kRunning, Datastore::kStartup);
-         datastores.edit(alice(), kRunning, to(priorities({7, 0, 5})));
-       },
-       [](Datastores& datastores) { datastores.copy(alice(), Datastore::kStartup, kRunning); },
-       {"7 0 5", "1 2 3"},
-       "1 2 3"},
+      {"commit", edit_candidate, commit, {"1 2 3", "9 8 3"}, "9 8 3"},
+      {"edit of running", [](Datastores&) {}, edit_running, {"1 2 3", "7 0 5"}, "7 0 5"},
+      {"confirmed commit", edit_candidate, commit_to_be_confirmed, {"1 2 3"}, "9 8 3"},
+      {"second confirmed commit", commit_confirmed_and_edit, commit_to_be_confirmed, {"1 2 3"}, "9 8 7"},
+      {"confirmation", commit_confirmed, commit, {"1 2 3", "9 8 3"}, "9 8 3"},
+      {"confirmation with more edits", commit_confirmed_and_edit, commit, {"1 2 3", "9 8 7"}, "9 8 7"},
+      {"cancel", commit_confirmed, cancel, {"1 2 3"}, "1 2 3"},
+      {"undo", edit_running, undo, {"7 0 5", "1 2 3"}, "1 2 3"},
+      {"startup applied", keep_startup_and_edit_running, apply_startup, {"7 0 5", "1 2 3"}, "1 2 3"},
   };
   return kScenarios;
 }
