@@ -82,6 +82,16 @@ TEST(Layers, Include_NeverRunsUpwards) {
   EXPECT_THAT(upwards, testing::IsEmpty());
 }
 
+TEST(Layers, ProgramAndDaemon_AreUnknownToTheHost) {
+  std::vector<std::string> upwards;
+  visit_lines([&](const fs::path& file, const std::string& line) {
+    if (line.starts_with("#include \"server/") || line.starts_with("#include \"cli/")) {
+      upwards.push_back(file.string() + ": " + line);
+    }
+  });
+  EXPECT_THAT(upwards, testing::IsEmpty());
+}
+
 // The contract's operations are for the module: the host below and above the services uses what they are made of.
 TEST(Layers, ContractOperation_IsNotUsedByTheHost) {
   const std::regex call(
