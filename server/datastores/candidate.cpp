@@ -10,11 +10,26 @@ std::shared_ptr<const host::DeviceSnapshot> Candidate::snapshot() {
   return staged_ ? staged_->snapshot() : device_.snapshot();
 }
 
-void Candidate::set(host::TreePtr configuration) {
-  if (!staged_) {
+// What the first edit is made from is kept before it is planned, so that a change of running meanwhile is seen as such.
+void Candidate::edit(const Plan& plan) {
+  const bool is_first = !staged_;
+  if (is_first) {
     staged_.emplace(device_);
   }
-  staged_->commit(*staged_->lock({}), *staged_->snapshot(), std::move(configuration), {});
+  std::optional<host::TreePtr> after;
+  try {
+    after = plan(*staged_->snapshot());
+  } catch (...) {
+    if (is_first) {
+      staged_.reset();
+    }
+    throw;
+  }
+  if (after) {
+    staged_->commit(*staged_->lock({}), *staged_->snapshot(), *std::move(after), {});
+  } else if (is_first) {
+    staged_.reset();
+  }
 }
 
 Changes Candidate::changes() {

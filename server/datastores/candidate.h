@@ -1,6 +1,7 @@
 // The configuration that is worked on before it is committed.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -9,6 +10,9 @@
 #include "server/datastores/change.h"
 
 namespace oclacp::server {
+
+// A valid configuration made of another one; nothing when nothing changes.
+using Plan = std::function<std::optional<host::TreePtr>(const host::DeviceSnapshot& current)>;
 
 // Lies over the running configuration of a device. Without edits it is running, and follows it; with edits it stays
 // what they made of the running configuration that they began with, until they are committed or discarded. Used by one
@@ -21,8 +25,8 @@ class Candidate {
   // What it is now. Throws host::Error when running cannot be read.
   [[nodiscard]] std::shared_ptr<const host::DeviceSnapshot> snapshot();
 
-  // Makes a valid configuration, made from snapshot(), what it is.
-  void set(host::TreePtr configuration);
+  // Makes what `plan` makes of it what it is. What `plan` throws leaves it as it was.
+  void edit(const Plan& plan);
 
   // It is running again.
   void discard() { staged_.reset(); }

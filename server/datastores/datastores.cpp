@@ -64,7 +64,7 @@ std::shared_ptr<const host::DeviceSnapshot> Datastores::snapshot(Datastore datas
   }
   // The device with another configuration, as a candidate is.
   Candidate startup(native_, device_);
-  startup.set(startup_.read());
+  startup.edit([this](const host::DeviceSnapshot& /*running*/) { return std::optional(startup_.read()); });
   return startup.snapshot();
 }
 
@@ -96,9 +96,7 @@ CommitResult Datastores::edit(const Owner& owner, Datastore target, const Plan& 
   }
   if (target == Datastore::kCandidate) {
     check_lock(owner, target);
-    if (std::optional<host::TreePtr> after = plan(*candidate_.snapshot())) {
-      candidate_.set(*std::move(after));
-    }
+    candidate_.edit(plan);
     return {};
   }
   check_may_change_running(owner, request);
@@ -285,7 +283,7 @@ CommitResult Datastores::copy(const Owner& owner, Datastore source, Datastore ta
   } else if (source == Datastore::kRunning) {
     candidate_.discard();
   } else {
-    candidate_.set(copy_of(copied->running()));
+    candidate_.edit([&](const host::DeviceSnapshot& /*current*/) { return std::optional(copy_of(copied->running())); });
   }
   return {};
 }

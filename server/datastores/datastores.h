@@ -3,7 +3,6 @@
 
 #include <array>
 #include <chrono>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -70,8 +69,6 @@ class Datastores {
   // is none. Startup alone is parsed at each call.
   std::shared_ptr<const host::DeviceSnapshot> snapshot(Datastore datastore);
 
-  // A valid configuration made of another one; nothing when nothing changes.
-  using Plan = std::function<std::optional<host::TreePtr>(const host::DeviceSnapshot& current)>;
   // Edits running, as one commit, or the candidate, of which the result is empty. kOperationNotSupported for startup.
   CommitResult edit(const Owner& owner, Datastore target, const Plan& plan, const CommitRequest& request = {});
 

@@ -78,6 +78,34 @@ TEST_F(DatastoresTest, DeleteOfAnEntry_InWhichAnotherChangedSomethingIsRefused) 
   EXPECT_EQ(values(), "7 2 3");
 }
 
+TEST_F(DatastoresTest, ChangeElsewhereWhileTheFirstEditIsPlanned_IsNotOverwritten) {
+  const auto slowly = [this](unsigned value, size_t index) {
+    return [this, value, index](const host::DeviceSnapshot& current) {
+      const std::vector<unsigned> now = priorities_of(current, 3);
+      device_.change(priorities({now[0], now[1], now[2] + 1}));
+      return setting(index, value, 3)(current);
+    };
+  };
+  datastores_->edit(alice(), kCandidate, slowly(9, 0));
+  datastores_->commit(alice());
+  EXPECT_EQ(values(), "9 2 4");
+  datastores_->edit(alice(), kCandidate, slowly(9, 2));
+  EXPECT_EQ(kind_of_refusal([&] { datastores_->commit(alice()); }), ErrorKind::kInUse);
+  EXPECT_EQ(values(), "9 2 5");
+}
+
+TEST_F(DatastoresTest, FirstEditThatIsRefused_LeavesACandidateThatFollows) {
+  EXPECT_EQ(kind_of_refusal([&] {
+              datastores_->edit(alice(), kCandidate,
+                                [](const host::DeviceSnapshot& /*current*/) -> std::optional<host::TreePtr> {
+                                  throw host::Error(ErrorKind::kDataMissing, "x");
+                                });
+            }),
+            ErrorKind::kDataMissing);
+  device_.change(priorities({4, 5, 6}));
+  EXPECT_EQ(values(kCandidate), "4 5 6");
+}
+
 TEST_F(DatastoresTest, Discard_MakesTheCandidateRunning) {
   datastores_->edit(alice(), kCandidate, setting(0, 9, 3));
   datastores_->discard(alice());

@@ -24,7 +24,7 @@ class OwnersTest : public DatastoresTest, public testing::WithParamInterface<uns
     return {index + 1, "user " + std::to_string(index), "session " + std::to_string(index + 1)};
   }
   Datastore draw_datastore() { return static_cast<Datastore>(draw(3)); }
-  Datastores::Plan draw_plan() { return setting(draw(kInterfaces), static_cast<unsigned>(draw(4)), kInterfaces); }
+  Plan draw_plan() { return setting(draw(kInterfaces), static_cast<unsigned>(draw(4)), kInterfaces); }
   CommitRequest draw_request() {
     CommitRequest request;
     if (draw(3) == 0) {

@@ -49,7 +49,7 @@ inline const Owner& bob() {
 }
 
 // A plan that makes a configuration in JSON the new one, whatever the old one is.
-inline Datastores::Plan to(const std::string& configuration) {
+inline Plan to(const std::string& configuration) {
   return [configuration](const host::DeviceSnapshot& /*current*/) { return std::optional(running(configuration)); };
 }
 
@@ -83,7 +83,7 @@ inline std::vector<unsigned> priorities_of(const host::DeviceSnapshot& snapshot,
 }
 
 // A plan that sets one priority and leaves the rest as it is.
-inline Datastores::Plan setting(size_t index, unsigned value, size_t count) {
+inline Plan setting(size_t index, unsigned value, size_t count) {
   return [=](const host::DeviceSnapshot& current) {
     std::vector<unsigned> values = priorities_of(current, count);
     values[index] = value;
