@@ -74,10 +74,10 @@ bool has_equal(std::vector<size_t>& hashes) {
 }
 
 bool may_be_doubled(const lyd_node* tops) {
-  const lysc_node* before = nullptr;
+  const lyd_node* before = nullptr;
   for (const lyd_node* node = tops; node != nullptr; node = node->next) {
-    const bool is_first = node->schema != before;
-    before = node->schema;
+    const bool is_first = before == nullptr || before->schema != node->schema;
+    before = node;
     // A leaf-list of state may hold a value twice (RFC 7950, 7.7).
     const bool is_doubled = node->schema->nodetype == LYS_LIST ? is_first && may_share_keys(node)
                                                                : !is_first && node->schema->nodetype != LYS_LEAFLIST;
