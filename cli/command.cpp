@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cstdio>
 #include <iostream>
+#include <utility>
 
 #include "cli/locations.h"
+#include "host/base/printable_text.h"
 #include "host/present/answer_writer.h"
 #include "host/present/trace_tree.h"
 #include "host/yang/tree_printer.h"
@@ -64,39 +66,54 @@ std::unique_ptr<host::Translator> make_translator(const TranslationArguments& ar
 }
 
 host::RecordSinks Records::sinks() {
-  return {.debug_log = arguments_.shows_log ? &std::cerr : nullptr,
-          .trace = arguments_.shows_trace ? &trace_ : nullptr};
+  return {.debug_log = arguments_.shows_log ? &log_ : nullptr, .trace = arguments_.shows_trace ? &trace_ : nullptr};
 }
 
 Records::~Records() {
   for (const std::string& line : host::draw_trace(trace_)) {
-    std::cerr << line << '\n';
+    std::cerr << host::printable(line) << '\n';
   }
+}
+
+host::Error about_file(const std::string& file, const host::Error& error) {
+  const std::string_view sentence = error.what();
+  for (const std::string_view subject : {"the request", "the native data"}) {
+    if (file != "-" && sentence.starts_with(subject)) {
+      host::ErrorPlace place = error.place();
+      place.file = file;
+      return {error.kind(), file + std::string(sentence.substr(subject.size())), std::move(place)};
+    }
+  }
+  return error;
+}
+
+void tell(std::string_view sentence) {
+  std::cerr << "oclacp: " << host::printable(sentence) << '\n';
 }
 
 void warn(const std::vector<std::string>& sentences) {
   for (const std::string& sentence : sentences) {
-    std::cerr << "oclacp: warning: " << sentence << '\n';
+    tell("warning: " + sentence);
   }
 }
 
 void warn_unkeyed_entries(size_t entries) {
   if (entries != 0) {
-    std::cerr << "oclacp: left out " << entries << " native list entries that have no keys\n";
+    tell("left out " + std::to_string(entries) + " native list entries that have no keys");
   }
 }
 
 void warn_omitted_leaves(const host::Answer& answer) {
   if (answer.dropped_leaves != 0) {
-    std::cerr << "oclacp: left out " << answer.dropped_leaves << (answer.dropped_leaves == 1 ? " leaf" : " leaves")
-              << " of native entries that come to no OpenConfig entry, as bundles that are sub-interfaces\n";
+    tell("left out " + std::to_string(answer.dropped_leaves) + (answer.dropped_leaves == 1 ? " leaf" : " leaves") +
+         " of native entries that come to no OpenConfig entry, as bundles that are sub-interfaces");
   }
   constexpr size_t kNamed = 10;
   for (size_t leaf = 0; leaf < std::min(kNamed, answer.valueless.size()); ++leaf) {
-    std::cerr << "oclacp: " << answer.valueless[leaf] << ": left out, as what the device says has no OpenConfig form\n";
+    tell(answer.valueless[leaf] + ": left out, as what the device says has no OpenConfig form");
   }
   if (answer.valueless.size() > kNamed) {
-    std::cerr << "oclacp: left out " << answer.valueless.size() - kNamed << " more leaves for the same reason\n";
+    tell("left out " + std::to_string(answer.valueless.size() - kNamed) + " more leaves for the same reason");
   }
 }
 

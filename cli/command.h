@@ -5,8 +5,10 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "cli/terminal.h"
 #include "host/translation/translator.h"
 
 namespace oclacp::cli {
@@ -50,6 +52,19 @@ void add_locations(CLI::App& command, std::string& published_schemas, std::strin
 // --trace, -v, and the locations.
 void add_debug_options(CLI::App& command, TranslationArguments& arguments);
 
+// An error about a request or native data as a whole, as one about the file that it was read from; any other stays.
+host::Error about_file(const std::string& file, const host::Error& error);
+
+// Does something with what was read from a file; "-" is the standard input.
+template <typename Action>
+auto name_file(const std::string& file, const Action& action) {
+  try {
+    return action();
+  } catch (const host::Error& error) {
+    throw about_file(file, error);
+  }
+}
+
 std::unique_ptr<host::Translator> make_translator(const TranslationArguments& arguments);
 
 // Collects what --trace and -v ask for while it lives, and then shows the trace: of a refused request too.
@@ -66,8 +81,12 @@ class Records {
 
  private:
   const TranslationArguments& arguments_;
+  PrintableStream log_;
   std::vector<std::string> trace_;
 };
+
+// Shows a sentence on the standard error, behind the program's name. Nothing in it acts on a terminal.
+void tell(std::string_view sentence);
 
 // Tells, on the standard error, which leaves were left out of an answer.
 void warn_omitted_leaves(const host::Answer& answer);

@@ -1,7 +1,6 @@
 #include "cli/get.h"
 
 #include <charconv>
-#include <iostream>
 #include <memory>
 #include <string>
 #include <system_error>
@@ -66,7 +65,7 @@ void get(host::Translator& translator, const host::DeviceSnapshot& device, const
     show(translator, answer, arguments.format);
   }
   for (const host::Error& failure : answer.failures) {
-    std::cerr << "oclacp: " << failure.what() << '\n';
+    tell(failure.what());
   }
   if (!answer.failures.empty()) {
     throw host::Error(host::ErrorKind::kOperationFailed,

@@ -9,6 +9,7 @@
 #include <new>
 #include <string>
 
+#include "cli/command.h"
 #include "cli/edit.h"
 #include "cli/explain.h"
 #include "cli/get.h"
@@ -22,7 +23,7 @@ namespace {
 enum ExitStatus { kDone = 0, kUsage = 2 };
 
 int report(host::ErrorKind kind, const char* sentence) {
-  std::cerr << "oclacp: " << sentence << '\n';
+  tell(sentence);
   return host::error_report(kind).exit_status;
 }
 
@@ -40,7 +41,9 @@ int run(int argc, char** argv) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
-    return app.exit(error) == 0 ? kDone : kUsage;
+    // It quotes the command line.
+    PrintableStream shown;
+    return app.exit(error, std::cout, shown) == 0 ? kDone : kUsage;
   }
   return kDone;
 }

@@ -3,8 +3,31 @@
 #include <unistd.h>
 
 #include <cstdlib>
+#include <iostream>
+
+#include "host/base/printable_text.h"
 
 namespace oclacp::cli {
+
+PrintableStream::Lines::~Lines() {
+  if (!line_.empty()) {
+    end_line();
+  }
+}
+
+PrintableStream::Lines::int_type PrintableStream::Lines::overflow(int_type character) {
+  if (character == '\n') {
+    end_line();
+  } else if (character != traits_type::eof()) {
+    line_.push_back(traits_type::to_char_type(character));
+  }
+  return traits_type::not_eof(character);
+}
+
+void PrintableStream::Lines::end_line() {
+  std::cerr << host::printable(line_) << '\n';
+  line_.clear();
+}
 
 bool is_terminal() {
   return isatty(STDOUT_FILENO) == 1;

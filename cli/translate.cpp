@@ -112,7 +112,7 @@ void define_translate(CLI::App& app) {
         throw CLI::ExcludesError("--to openconfig", of_edits->get_name());
       }
     }
-    translate(*arguments);
+    name_file(arguments->file, [&] { translate(*arguments); });
   });
 }
 

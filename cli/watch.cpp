@@ -3,7 +3,6 @@
 #include <chrono>
 #include <csignal>
 #include <ctime>
-#include <iostream>
 #include <optional>
 #include <string>
 
@@ -61,7 +60,7 @@ std::optional<Sample> try_again(const std::function<host::Answer()>& read) {
   try {
     return Sample{read(), Clock::now()};
   } catch (const host::Error& error) {
-    std::cerr << "oclacp: " << error.what() << '\n';
+    tell(error.what());
     return std::nullopt;
   }
 }

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "host/base/printable_text.h"
 #include "host/yang/data_nodes.h"
 
 namespace oclacp::host {
@@ -95,7 +96,7 @@ Leaves setting_leaves(const ly_ctx* context) {
 std::string settings_summary(const ly_ctx* context, AnswerNode answer, const TableLayout& layout) {
   std::string text;
   for (AnswerNode leaf = answer.child("config").first_child(); leaf; leaf = leaf.next()) {
-    text.append(leaf.schema()->name).append(": ").append(leaf.value()).append("\n");
+    text.append(leaf.schema()->name).append(": ").append(printable(leaf.value())).append("\n");
   }
   std::vector<TextTable::Column> columns = {{"interface"}};
   const Leaves leaves = setting_leaves(context);
@@ -136,7 +137,7 @@ std::string settings_table(const char* title, AnswerNode node, const TableLayout
   if (names.empty() && node.schema()->nodetype != LYS_LIST) {
     return "";
   }
-  std::vector<TextTable::Column> columns = {{title}};
+  std::vector<TextTable::Column> columns = {{printable(title)}};
   for (const std::string_view name : names) {
     columns.push_back({std::string(name)});
   }

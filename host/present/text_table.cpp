@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <numeric>
 #include <string_view>
+#include <utility>
+
+#include "host/base/printable_text.h"
 
 namespace oclacp::host {
 namespace {
@@ -64,6 +67,13 @@ class Line {
 };
 
 }  // namespace
+
+void TextTable::add(std::vector<Cell> row) {
+  for (Cell& cell : row) {
+    cell.text = printable(cell.text);
+  }
+  rows_.push_back(std::move(row));
+}
 
 size_t TextTable::drop_columns_showing(const std::string& text) {
   for (size_t column = columns_.size() - 1; column > 0; --column) {

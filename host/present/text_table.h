@@ -33,8 +33,8 @@ class TextTable {
 
   explicit TextTable(std::vector<Column> columns) : columns_(std::move(columns)) {}
 
-  // `row` has a cell for each column.
-  void add(std::vector<Cell> row) { rows_.push_back(std::move(row)); }
+  // `row` has a cell for each column. Nothing in its texts acts on a terminal (base/printable_text.h).
+  void add(std::vector<Cell> row);
 
   // Takes away the columns behind the first in which every row shows `text`. Answers how many columns are left.
   size_t drop_columns_showing(const std::string& text);

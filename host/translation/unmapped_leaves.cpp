@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "host/base/printable_text.h"
 #include "host/translation/run_walker.h"
 #include "host/trees/native_tree.h"
 #include "host/trees/node.h"
@@ -61,7 +62,7 @@ class Search {
     if (node.child_count != 0) {
       for_each_child_alone(node, [this](yfw_datatree& child) { check_leaves(child); });
     } else if ((info_of(&node).schema->nodetype & LYD_NODE_TERM) != 0 && output_of_walk() <= of_keys_) {
-      found_.push_back(node_path(&node) + (node.value == nullptr ? "" : " = " + std::string(node.value)));
+      found_.push_back(printable(node_path(&node) + (node.value == nullptr ? "" : " = " + std::string(node.value))));
     }
   }
 

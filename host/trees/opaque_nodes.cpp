@@ -4,6 +4,7 @@
 #include <string>
 
 #include "host/base/error.h"
+#include "host/base/printable_text.h"
 #include "host/trees/node.h"
 #include "host/yang/libyang_error.h"
 
@@ -25,16 +26,20 @@ const lysc_node* find_opaque_schema(const ly_ctx* context, const lyd_node_opaq& 
   const lys_module* module = module_of(context, node, above == nullptr ? nullptr : above->module);
   const std::string where = (parent == nullptr ? "" : node_path(parent)) + "/";
   if (module == nullptr) {
-    const std::string unknown = node.name.module_name == nullptr ? "" : node.name.module_name;
-    throw node_error(ErrorKind::kUnknownNamespace,
-                     where + (node.format == LY_VALUE_JSON ? unknown + ":" : "") + node.name.name,
+    const std::string name = shortened(node.name.name);
+    if (node.name.module_name == nullptr) {
+      throw node_error(ErrorKind::kUnknownNamespace, where + name, "is of no module; the top node names its own");
+    }
+    const std::string unknown = shortened(node.name.module_name);
+    throw node_error(ErrorKind::kUnknownNamespace, where + (node.format == LY_VALUE_JSON ? unknown + ":" : "") + name,
                      "unknown module '" + unknown + "'");
   }
   const lysc_node* schema = lys_find_child(above, module, node.name.name, 0, 0, 0);
   if (schema == nullptr) {
     const bool foreign = above == nullptr || above->module != module;
     throw node_error(ErrorKind::kUnknownElement,
-                     where + (foreign ? std::string(module->name) + ":" : "") + node.name.name, "no such node");
+                     where + (foreign ? std::string(module->name) + ":" : "") + shortened(node.name.name),
+                     "no such node");
   }
   return schema;
 }

@@ -10,6 +10,7 @@
 
 #include "host/base/error.h"
 #include "host/base/interface_names.h"
+#include "host/base/printable_text.h"
 #include "host/trees/opaque_nodes.h"
 #include "host/trees/operation.h"
 #include "host/yang/schemas.h"
@@ -199,7 +200,7 @@ uint32_t RequestTree::operation_of(const yfw_datatree& node, const NodeInfo& inf
       if (attribute->name.module_name == nullptr || std::strcmp(attribute->name.module_name, owner) != 0 ||
           std::strcmp(attribute->name.name, "operation") != 0) {
         throw node_error(ErrorKind::kUnknownAttribute, node_path(&node),
-                         std::string("attribute '") + attribute->name.name + "' is not understood");
+                         "attribute '" + shortened(attribute->name.name) + "' is not understood");
       }
       take(attribute->value);
     }
@@ -219,7 +220,7 @@ uint32_t RequestTree::operation_of(const yfw_datatree& node, const NodeInfo& inf
   const std::optional<uint32_t> operation = parse_operation(found);
   if (!operation) {
     throw node_error(ErrorKind::kBadAttribute, node_path(&node),
-                     std::string("operation '") + found + "' is not understood");
+                     "operation '" + shortened(found) + "' is not understood");
   }
   return *operation;
 }

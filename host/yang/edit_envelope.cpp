@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/base/error.h"
+#include "host/base/printable_text.h"
 #include "host/yang/xml_tags.h"
 
 namespace oclacp::host {
@@ -63,7 +64,7 @@ class Envelope {
     }
     take(tag, {}, "");
     if (data_end_ == 0) {
-      refuse(tag, "<" + std::string(tag.name) + "> holds no <config>");
+      refuse(tag, "<" + shortened(tag.name) + "> holds no <config>");
     }
     if (tags_.next(tag)) {
       refuse(tag, "text behind the end of the document");
@@ -101,14 +102,14 @@ class Envelope {
   XmlTag next_in(const XmlTag& element) {
     XmlTag tag;
     if (!tags_.next(tag)) {
-      refuse(element, "<" + std::string(element.name) + "> has no end");
+      refuse(element, "<" + shortened(element.name) + "> has no end");
     }
     return tag;
   }
 
   void check_end(const XmlTag& element, const XmlTag& end) const {
     if (end.name != element.name) {
-      refuse(end, "</" + std::string(end.name) + "> stands where <" + std::string(element.name) + "> should end");
+      refuse(end, "</" + shortened(end.name) + "> stands where <" + shortened(element.name) + "> should end");
     }
   }
 
@@ -122,8 +123,7 @@ class Envelope {
     } else if (name == "edit-config" || above.empty()) {
       take_children(element, known, name);
     } else {
-      refuse(element,
-             "<" + std::string(element.name) + "> is not <edit-config>, the only operation that is taken here");
+      refuse(element, "<" + shortened(element.name) + "> is not <edit-config>, the only operation that is taken here");
     }
   }
 
@@ -141,7 +141,7 @@ class Envelope {
   // The data; each of its top elements takes over the namespaces that are declared around it.
   void take_config(const XmlTag& element, const Namespaces& known) {
     if (data_end_ != 0) {
-      refuse(element, "<" + std::string(element.name) + "> stands there twice");
+      refuse(element, "<" + shortened(element.name) + "> stands there twice");
     }
     data_begin_ = data_end_ = element.end;
     for (size_t depth = element.kind == XmlTag::Kind::kStart ? 1 : 0; depth > 0;) {
@@ -198,10 +198,10 @@ class Envelope {
     const auto option =
         std::find_if(kOptions.begin(), kOptions.end(), [name](const Option& known) { return known.name == name; });
     if (option == kOptions.end()) {
-      refuse(element, "<" + std::string(element.name) + "> is not understood in an edit");
+      refuse(element, "<" + shortened(element.name) + "> is not understood in an edit");
     }
     if (std::find(option->values.begin(), option->values.end(), value) == option->values.end()) {
-      refuse(element, "<" + std::string(element.name) + "> says '" + value + "', which is not supported here");
+      refuse(element, "<" + shortened(element.name) + "> says '" + shortened(value) + "', which is not supported here");
     }
     if (name == "default-operation") {
       default_operation_ = value;

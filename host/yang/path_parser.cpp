@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "host/base/error.h"
+#include "host/base/printable_text.h"
 
 namespace oclacp::host {
 namespace {
@@ -34,12 +35,12 @@ class PathParser {
 
  private:
   [[noreturn]] void refuse(const std::string& reason) const {
-    throw Error(ErrorKind::kBadElement, "the path '" + std::string(path_) + "': " + reason);
+    throw Error(ErrorKind::kBadElement, "the path '" + shortened(path_) + "': " + reason);
   }
 
   void expect(char character) {
     if (at_ == path_.size() || path_[at_] != character) {
-      refuse(std::string("'") + character + "' is missing behind '" + std::string(path_.substr(0, at_)) + "'");
+      refuse(std::string("'") + character + "' is missing behind '" + shortened(path_.substr(0, at_)) + "'");
     }
     ++at_;
   }
@@ -50,7 +51,7 @@ class PathParser {
     const size_t begin = at_;
     at_ = std::min(path_.find_first_of("/[]=: \t\r\n", at_), path_.size());
     if (at_ == begin) {
-      refuse("the name of a node is missing behind '" + std::string(path_.substr(0, at_)) + "'");
+      refuse("the name of a node is missing behind '" + shortened(path_.substr(0, at_)) + "'");
     }
     return std::string(path_.substr(begin, at_ - begin));
   }
@@ -83,7 +84,7 @@ class PathParser {
     const size_t begin = at_;
     std::string value = is_quoted ? take_quoted() : take_bare();
     if (value.empty()) {
-      refuse("'" + name + "' is given no value");
+      refuse("'" + shortened(name) + "' is given no value");
     }
     // An escaped asterisk is one.
     if (path_.substr(begin, at_ - begin) != kAnyValue) {

@@ -68,5 +68,11 @@ TEST(TextTable, LosesColumnsThatShowTheSameInEveryRow) {
   EXPECT_EQ(table.text({}), "name  b\n-     -\n-     1\n");
 }
 
+TEST(TextTable, TextThatActsOnATerminal_IsEscaped) {
+  TextTable table({{"name"}, {"value"}});
+  table.add({{"a\x1b[2J"}, {"b\nc"}});
+  EXPECT_EQ(table.text({}), "name      value\na\\x1b[2J  b\\nc\n");
+}
+
 }  // namespace
 }  // namespace oclacp::host
