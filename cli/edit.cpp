@@ -1,7 +1,6 @@
 #include "cli/edit.h"
 
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,7 +15,6 @@ namespace {
 
 struct EditArguments : TranslationArguments {
   std::string file;
-  std::optional<std::string> request;  // none when a path is deleted
   std::vector<std::string> paths;
   host::PlanOptions plan;
   bool expects_no_change = false;
@@ -42,34 +40,35 @@ void add_edit_options(CLI::App& command, EditArguments& arguments) {
   add_debug_options(command, arguments);
 }
 
-host::EditPlan plan(host::Translator& translator, const host::DeviceSnapshot& device, const EditArguments& arguments) {
+host::EditPlan plan(host::Translator& translator, host::ParsedRequestPtr request, const host::DeviceSnapshot& device,
+                    const EditArguments& arguments) {
   Records records(arguments);
   host::PlanOptions options = arguments.plan;
   options.records = records.sinks();
-  host::EditPlan plan = arguments.request ? translator.plan_edit(*arguments.request, device, options)
-                                          : translator.plan_delete(arguments.paths, device, options);
+  host::EditPlan plan = translator.plan(std::move(request), device, options);
   warn_unkeyed_entries(plan.dropped_entries);
   warn(plan.warnings);
   return plan;
 }
 
 // From before the device is read until it is changed it is locked, so that nobody's work is lost.
-void change(host::Translator& translator, host::Device& device, EditArguments& arguments) {
+void change(host::Translator& translator, host::ParsedRequestPtr request, host::Device& device,
+            const EditArguments& arguments) {
   const std::unique_ptr<host::DeviceLock> lock = device.lock({});
   const std::shared_ptr<const host::DeviceSnapshot> before = device.snapshot();
-  host::EditPlan planned = plan(translator, *before, arguments);
+  host::EditPlan planned = plan(translator, std::move(request), *before, arguments);
   if (planned.changes_something()) {
     warn(device.commit(*lock, *before, std::move(planned.running), arguments.commit));
   }
 }
 
-void edit(host::Translator& translator, EditArguments& arguments) {
+void edit(host::Translator& translator, host::ParsedRequestPtr request, const EditArguments& arguments) {
   const std::unique_ptr<host::Device> device = host::open_device(translator.native_context(), arguments.device);
   if (!arguments.plan.is_dry_run && !arguments.expects_no_change) {
-    change(translator, *device, arguments);
+    change(translator, std::move(request), *device, arguments);
     return;
   }
-  const host::EditPlan planned = plan(translator, *device->snapshot(), arguments);
+  const host::EditPlan planned = plan(translator, std::move(request), *device->snapshot(), arguments);
   if (arguments.plan.is_dry_run) {
     print(planned.native_edit + planned.difference);
   } else if (planned.changes_something()) {
@@ -92,8 +91,9 @@ void define_edit(CLI::App& app) {
   add_edit_options(*command, *arguments);
   command->callback([arguments] {
     const std::unique_ptr<host::Translator> translator = make_translator(*arguments);
-    arguments->request = host::read_text_file(arguments->file, host::kMaxRequestBytes);
-    edit(*translator, *arguments);
+    const std::string request = host::read_text_file(arguments->file, host::kMaxRequestBytes);
+    edit(*translator, name_file(arguments->file, [&] { return translator->read_edit(request, arguments->plan); }),
+         *arguments);
   });
 }
 
@@ -108,7 +108,7 @@ void define_delete(CLI::App& app) {
   add_edit_options(*command, *arguments);
   command->callback([arguments] {
     const std::unique_ptr<host::Translator> translator = make_translator(*arguments);
-    edit(*translator, *arguments);
+    edit(*translator, translator->read_delete(arguments->paths, arguments->plan), *arguments);
   });
 }
 

@@ -143,17 +143,29 @@ Translation Translator::translate_edit(const std::string& request, const DeviceS
 }
 
 EditPlan Translator::plan_edit(const std::string& request, const DeviceSnapshot& device, const PlanOptions& options) {
-  return plan(parse_edit(mapping_->schemas.request(), request, options), device, options);
+  return plan(read_edit(request, options), device, options);
 }
 
 EditPlan Translator::plan_delete(const std::vector<std::string>& paths, const DeviceSnapshot& device,
                                  const PlanOptions& options) {
-  const AbsentNode absent = options.ignores_absent ? AbsentNode::kIsFine : AbsentNode::kIsRefused;
-  return plan(parse_delete_paths(mapping_->schemas.request(), paths, absent), device, options);
+  return plan(read_delete(paths, options), device, options);
 }
 
-EditPlan Translator::plan(ParsedRequest request, const DeviceSnapshot& device, const PlanOptions& options) {
-  TranslatedEdit edit(std::move(request), *mapping_, device, options);
+void FreeRequest::operator()(ParsedRequest* request) const {
+  delete request;
+}
+
+ParsedRequestPtr Translator::read_edit(const std::string& request, const EditOptions& options) const {
+  return ParsedRequestPtr(new ParsedRequest(parse_edit(mapping_->schemas.request(), request, options)));
+}
+
+ParsedRequestPtr Translator::read_delete(const std::vector<std::string>& paths, const PlanOptions& options) const {
+  const AbsentNode absent = options.ignores_absent ? AbsentNode::kIsFine : AbsentNode::kIsRefused;
+  return ParsedRequestPtr(new ParsedRequest(parse_delete_paths(mapping_->schemas.request(), paths, absent)));
+}
+
+EditPlan Translator::plan(ParsedRequestPtr request, const DeviceSnapshot& device, const PlanOptions& options) {
+  TranslatedEdit edit(std::move(*request), *mapping_, device, options);
   check_creations(edit.request.tree, edit.installed);
   check_creations_set_something(edit.request.tree);
   EditPlan plan;

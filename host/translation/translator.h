@@ -20,6 +20,12 @@ namespace oclacp::host {
 struct LoadedMapping;
 struct ParsedRequest;
 
+// A request that was read, before anything of a device is looked at.
+struct OCLACP_HOST_API FreeRequest {
+  void operator()(ParsedRequest* request) const;
+};
+using ParsedRequestPtr = std::unique_ptr<ParsedRequest, FreeRequest>;
+
 // What a read is about (the "content" of RFC 8040, 4.8.1).
 enum class Content {
   kConfig,
@@ -103,16 +109,20 @@ class OCLACP_HOST_API Translator {
   Answer to_openconfig(const std::string& native, const DeviceSnapshot* device, Content content,
                        const RecordSinks& records = {});
 
-  // Translates an edit and applies it to the configuration of `device`, which stays as it is; to carry the plan out is
-  // the caller's part. Throws Error as translate_edit() does, and for what cannot be applied.
-  EditPlan plan_edit(const std::string& request, const DeviceSnapshot& device, const PlanOptions& options);
+  // Read an edit in JSON or XML, or the delete of the nodes that `paths` lead to. Nothing of a device is looked at, so
+  // that this is done before one is locked. Throw Error.
+  [[nodiscard]] ParsedRequestPtr read_edit(const std::string& request, const EditOptions& options) const;
+  [[nodiscard]] ParsedRequestPtr read_delete(const std::vector<std::string>& paths, const PlanOptions& options) const;
 
-  // The same for the delete of the nodes that `paths` lead to.
+  // Translates an edit that was read and applies it to the configuration of `device`, which stays as it is; to carry
+  // the plan out is the caller's part. Throws Error as translate_edit() does, and for what cannot be applied.
+  EditPlan plan(ParsedRequestPtr request, const DeviceSnapshot& device, const PlanOptions& options);
+
+  // Both in one.
+  EditPlan plan_edit(const std::string& request, const DeviceSnapshot& device, const PlanOptions& options);
   EditPlan plan_delete(const std::vector<std::string>& paths, const DeviceSnapshot& device, const PlanOptions& options);
 
  private:
-  EditPlan plan(ParsedRequest request, const DeviceSnapshot& device, const PlanOptions& options);
-
   std::unique_ptr<LoadedMapping> mapping_;
 };
 

@@ -13,6 +13,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <cstddef>
 #include <cstring>
 #include <functional>
@@ -288,6 +289,18 @@ TEST_F(Faults, AMissingDeviceIsRefused) {
   std::filesystem::remove(path() + "/running.json");
   expect_refusal(run({"edit", request_, "-d", path()}), path() + "/running.json: No such file or directory");
   EXPECT_EQ(files().size(), 1U);
+}
+
+// While another has the device a request that cannot be carried out anyway does not wait for it.
+TEST(EditFaults, WrongRequest_IsRefusedWithoutTheLock) {
+  const CopiedDevice device;
+  const int folder = open(device.path().c_str(), O_RDONLY | O_CLOEXEC);
+  ASSERT_EQ(flock(folder, LOCK_EX), 0);
+  const auto start = std::chrono::steady_clock::now();
+  expect_refusal(device.edit("{"), "the request (line 1): the document ends early");
+  expect_refusal(device.erase("/lacp/none"), "/openconfig-lacp:lacp/none: no such node");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5)) << "the lock is waited for 10 seconds";
+  close(folder);
 }
 
 }  // namespace
