@@ -16,7 +16,7 @@ struct Status {
 constexpr std::array kStatuses = {
     Status{YFW_OK,                   ErrorKind::kInternal,              "done"},
     Status{YFW_INVALID_ARGUMENTS,    ErrorKind::kOperationNotSupported, "a container that is deleted may not name children"},
-    Status{YFW_MALFORMED_TREE,       ErrorKind::kMissingElement,        "the list entry names no keys"},
+    Status{YFW_MALFORMED_TREE,       ErrorKind::kMissingElement,        "something is missing that the mapping needs: a key, a value or a child"},
     Status{YFW_UNSUPPORTED_NODE,     ErrorKind::kOperationNotSupported, "not supported by this mapping"},
     Status{YFW_BAD_LIST_KEY,         ErrorKind::kMissingElement,
            "the list entry must name its key exactly once, with a value"},

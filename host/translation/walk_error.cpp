@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstring>
 
+#include "host/base/printable_text.h"
 #include "host/base/status_text.h"
 #include "host/trees/node.h"
 
@@ -22,15 +23,22 @@ bool is_container(const yfw_datatree& node) {
   return info_of(&node).schema->nodetype == LYS_CONTAINER;
 }
 
+bool is_bare_entry(const yfw_datatree& node) {
+  return info_of(&node).schema->nodetype == LYS_LIST && node.child_count == 0;
+}
+
+// What a status says about a node.
+std::string reason_of(cerrno status, const yfw_datatree& node) {
+  return status == YFW_MALFORMED_TREE && is_bare_entry(node) ? "the list entry names no keys" : status_text(status);
+}
+
 // Which node an unmarked failure is about. Two kinds are refused before their node is entered, but there is only one
 // thing in a request that each can mean; the others are found in the node that was entered last.
 const yfw_datatree* locate_failure(const MappingContext& context, RequestTree& tree, cerrno status) {
   for (const yfw_datatree& node : tree.nodes()) {
     const bool is_refused_delete =
         status == YFW_INVALID_ARGUMENTS && is_container(node) && node.child_count != 0 && is_deleted(&node);
-    const bool is_bare_entry =
-        status == YFW_MALFORMED_TREE && info_of(&node).schema->nodetype == LYS_LIST && node.child_count == 0;
-    if (is_refused_delete || is_bare_entry) {
+    if (is_refused_delete || (status == YFW_MALFORMED_TREE && is_bare_entry(node))) {
       return &node;
     }
   }
@@ -68,11 +76,14 @@ Error request_error(const MappingContext& context, RequestTree& tree, cerrno sta
   }
   const yfw_datatree* node = context.marked_node();
   const char* tag = comes_with_tag(status) ? context.request->error_tag : nullptr;
-  std::string path = node_path(node == nullptr ? locate_failure(context, tree, status) : node);
+  if (node == nullptr) {
+    node = locate_failure(context, tree, status);
+  }
+  std::string path = node_path(node);
   if (tag != nullptr) {
     path.append("/").append(tag);
   }
-  return node_error(status_kind(status), path, std::string(status_text(status)) + " (" + code_text(tag, status) + ")");
+  return node_error(status_kind(status), path, reason_of(status, *node) + " (" + code_text(tag, status) + ")");
 }
 
 Error native_error(const MappingContext& context, const yfw_datatree* top, cerrno status) {
@@ -88,11 +99,11 @@ Error native_error(const MappingContext& context, const yfw_datatree* top, cerrn
   const yfw_datatree* period = status == YFW_UNSUPPORTED_INTERVAL ? find_period(node) : nullptr;
   if (period != nullptr) {
     return node_error(status_kind(status), node_path(node) + "/period",
-                      std::string("'") + period->value +
+                      "'" + shortened(period->value) +
                           "' has no OpenConfig form, which only one second (true or 1000) and thirty (30000) have" +
                           code);
   }
-  return node_error(status_kind(status), node_path(node), status_text(status) + code);
+  return node_error(status_kind(status), node_path(node), reason_of(status, *node) + code);
 }
 
 }  // namespace oclacp::host

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "host/base/error.h"
+#include "host/base/printable_text.h"
 #include "host/yang/document_nodes.h"
 #include "host/yang/escapes.h"
 #include "host/yang/path_text.h"
@@ -47,6 +48,15 @@ class Scanner {
   void enter(size_t position) {
     if (++depth_ > kMaxRequestDepth) {
       refuse(position, "nested deeper than " + std::to_string(kMaxRequestDepth) + " levels", ErrorKind::kTooBig);
+    }
+  }
+
+  // libyang would name the node that carries it, and no operation that there is.
+  void check_operation(size_t position, std::string_view operation) const {
+    static constexpr std::array<std::string_view, 5> kOperations = {"merge", "replace", "create", "delete", "remove"};
+    if (std::find(kOperations.begin(), kOperations.end(), operation) == kOperations.end()) {
+      refuse(position, "operation '" + shortened(operation) + "' is none of merge, replace, create, delete, remove",
+             ErrorKind::kBadAttribute);
     }
   }
 
@@ -184,18 +194,20 @@ class JsonScanner : Scanner {
       if (content != kJsonOperation) {
         refuse(
             position,
-            "attribute '" + std::string(content) + "' is not understood, only '" + std::string(kJsonOperation) + "' is",
+            "attribute '" + shortened(content) + "' is not understood, only '" + std::string(kJsonOperation) + "' is",
             ErrorKind::kUnknownAttribute);
       }
+      std::string buffer;
+      check_operation(position, unescape_json(scalar_at(skip_blanks(colon + 1)), buffer));
     } else if (!content.empty() && content.front() == '@') {
       // libyang keeps the operations of both, or complains of a leaf that is missing.
       if (depth_ != 0 && !brackets_.back().metadata_names.insert(content).second) {
-        refuse(position, "'" + std::string(content) + "' is named twice", ErrorKind::kBadAttribute);
+        refuse(position, "'" + shortened(content) + "' is named twice", ErrorKind::kBadAttribute);
       }
       metadata_depth_ = depth_ + 1;
       const size_t object = skip_blanks(colon + 1);
       if (object == text().size() || text()[object] != '{') {
-        refuse(position, "'" + std::string(content) + "' is not followed by an object of attributes");
+        refuse(position, "'" + shortened(content) + "' is not followed by an object of attributes");
       }
       named_ = nullptr;
     } else if (nodes_ != nullptr) {
@@ -281,6 +293,10 @@ class XmlScanner : Scanner {
     if (rest.starts_with("<?")) {
       return behind("?>", begin);
     }
+    // libyang reads none; what it would define makes small documents large.
+    if (rest.starts_with("<!DOCTYPE")) {
+      refuse(begin, "holds a document type declaration, which is not accepted");
+    }
     if (rest.starts_with("</")) {
       if (depth_ > 0) {
         leave_element(begin);
@@ -323,7 +339,14 @@ class XmlScanner : Scanner {
     if (name.starts_with("xmlns")) {
       declare(name.substr(std::min(name.size(), kDeclaration.size())), text().substr(quote + 1, end - quote - 1));
     }
-    return end == std::string_view::npos ? end : end + 1;
+    if (end == std::string_view::npos) {
+      return end;
+    }
+    if (name.ends_with(":operation")) {
+      std::string buffer;
+      check_operation(begin, unescape_xml(text().substr(quote + 1, end - quote - 1), buffer));
+    }
+    return end + 1;
   }
 
   // Namespaces hold from the element that declares them to its end.
@@ -376,14 +399,14 @@ class XmlScanner : Scanner {
 
   void judge(std::string_view name, size_t position) {
     if (!attributes_.insert(name).second) {
-      refuse(position, "attribute '" + std::string(name) + "' is named twice", ErrorKind::kBadAttribute);
+      refuse(position, "attribute '" + shortened(name) + "' is named twice", ErrorKind::kBadAttribute);
     }
     if (name == "xmlns" || name.starts_with("xmlns:")) {
       return;
     }
     if (!name.ends_with(":operation")) {
       refuse(position,
-             "attribute '" + std::string(name) +
+             "attribute '" + shortened(name) +
                  "' is not understood, only 'operation' of the NETCONF base "
                  "namespace is",
              ErrorKind::kUnknownAttribute);
@@ -409,8 +432,21 @@ class XmlScanner : Scanner {
   std::vector<std::pair<unsigned, std::string_view>> declared_;  // the prefixes, by their elements' depth
 };
 
+// Programs of some systems save texts so; a document of RFC 7951 or RFC 7950 is in UTF-8 (RFC 8259, 8.1).
+void check_encoding(std::string_view text, const std::string& subject) {
+  using namespace std::string_view_literals;
+  constexpr std::array kUtf16 = {"\xff\xfe"sv, "\xfe\xff"sv, "<\0"sv, "\0<"sv, "{\0"sv, "\0{"sv};
+  if (std::any_of(kUtf16.begin(), kUtf16.end(), [text](std::string_view begin) { return text.starts_with(begin); })) {
+    throw Error(ErrorKind::kMalformedMessage, subject + ": is encoded in UTF-16, not in UTF-8");
+  }
+  if (text.starts_with("\xef\xbb\xbf")) {
+    throw Error(ErrorKind::kMalformedMessage, subject + ": starts with a byte order mark");
+  }
+}
+
 // Where the text begins that is not blank.
 size_t check_not_empty(std::string_view text, const std::string& subject) {
+  check_encoding(text, subject);
   if (text.find('\0') != std::string_view::npos) {
     throw Error(ErrorKind::kMalformedMessage, subject + ": holds a NUL character");
   }

@@ -22,7 +22,14 @@ struct LibyangError {
 
 LibyangError last_libyang_error(const ly_ctx* context);
 
-// The same as an Error. `prefix` stands in front of the sentence.
+// The first of those that libyang has kept (LY_LOSTORE): what the others follow from.
+LibyangError first_libyang_error(const ly_ctx* context);
+
+// Why a leaf does not take a text, which libyang's message tells: without its full stop, with the names that an
+// enumeration has, and with a long text cut. `leaf` is null when it is not known.
+std::string value_reason(const lysc_node* leaf, std::string message);
+
+// What libyang last reported as an Error. `prefix` stands in front of the sentence.
 Error libyang_error(const ly_ctx* context, const std::string& subject, const std::string& prefix = "");
 
 }  // namespace oclacp::host

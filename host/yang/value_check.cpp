@@ -9,6 +9,8 @@
 #include <memory>
 #include <type_traits>
 
+#include "host/yang/libyang_error.h"
+
 namespace oclacp::host {
 namespace {
 
@@ -187,10 +189,7 @@ const CheckedValue* ValueCheck::check(const lysc_node* leaf, std::string_view te
 bool ValueCheck::ask_libyang(Memo& memo) {
   const StoredValue stored(memo.leaf, memo.text);
   if (!stored.is_taken()) {
-    reason_ = stored.reason().empty() ? "unusable" : stored.reason();
-    if (reason_.ends_with('.')) {
-      reason_.pop_back();
-    }
+    reason_ = value_reason(memo.leaf, stored.reason());
     return false;
   }
   memo.canonical = stored.canonical();

@@ -48,6 +48,35 @@ TEST(Usage, HelpAndVersionAreResults) {
   }
 }
 
+// Nothing that comes from outside acts on the terminal of who reads the complaint, or looks like a complaint of its
+// own.
+TEST(Complaints, TextFromOutside_IsEscaped) {
+  const std::string hostile = "\x1b[31m\u202e\u009b\noclacp: all is well";
+  const std::string shown = "\\x1b[31m\\u202e\\u009b\\noclacp: all is well";
+  expect_refusal(run({"get", "/lacp/" + hostile, "-d", example("device")}), shown);
+  expect_refusal(run({"get", "-d", "/no/such" + hostile}), shown);
+  expect_refusal(run({"translate", "--to", "native", "/no/such" + hostile}), shown);
+  expect_refusal(translate(interface(R"("name": "a", "config": {"interval": "\n\u202e"})")),
+                 R"('\n\u202e' is none of FAST, SLOW)");
+  expect_refusal(translate("<lacp xmlns='http://openconfig.net/yang/lacp' x\x1b='1'/>"), "attribute 'x\\x1b' is not");
+  const Outcome usage = run({"get", "--" + hostile, "-d", example("device")});
+  EXPECT_EQ(usage.status, 2);
+  EXPECT_THAT(usage.err, testing::HasSubstr("\\x1b[31m\\u202e\\u009b"));
+  EXPECT_THAT(usage.err, testing::Not(testing::HasSubstr("\x1b")));
+}
+
+TEST(Complaints, LongValues_AreCut) {
+  expect_refusal(translate(interface(R"("name": "a", "config": {"interval": ")" + std::string(300, 'x') + R"("})")),
+                 "'" + std::string(200, 'x') + "... (300 characters)' is none of FAST, SLOW\n");
+  expect_refusal(translate(R"({"openconfig-lacp:lacp": {")" + std::string(3000, 'x') + R"(": 1}})"),
+                 "/" + std::string(200, 'x') + "... (3000 characters): no such node\n");
+}
+
+TEST(Complaints, OfAFile_NameIt) {
+  expect_refusal(run({"edit", example("bad/malformed.json"), "-d", example("device")}),
+                 "oclacp: " + example("bad/malformed.json") + " (line 2): the document ends early\n");
+}
+
 TEST(Usage, AResultThatCannotBeWrittenIsAFailure) {
   const std::string command = std::string(location::kProgram) + " translate --to native " +
                               example("requests/create-interface.json") + " >/dev/full 2>/dev/null";

@@ -136,7 +136,7 @@ TEST_F(EditApplicationTest, AValueThatTheNativeModelDoesNotTakeIsRefused) {
   open(edit_, "a", entry_);
   set("mode", "sometimes");
   const std::string refusal =
-      std::string(kNativeA) + "/Talvo-Brin-QD-bundlemgr-cfg:lacp/mode: Invalid enumeration value \"sometimes\"";
+      std::string(kNativeA) + "/Talvo-Brin-QD-bundlemgr-cfg:lacp/mode: 'sometimes' is none of on, active, passive";
   expect_refusal(MemorySnapshot("{}"), refusal);
   expect_refusal(MemorySnapshot(lacp_of_a(R"("mode": "active")")), refusal);
 }

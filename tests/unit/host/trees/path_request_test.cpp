@@ -80,7 +80,7 @@ TEST(RequestPath, BadPredicatesAreRefused) {
   EXPECT_EQ(refused(list + "[colour='x']"), "/openconfig-lacp:lacp/interfaces/interface/colour: no such node");
   EXPECT_EQ(refused("/lacp[.='x']"), "/openconfig-lacp:lacp: takes no value");
   EXPECT_EQ(refused(list + "/config/interval[.='MEDIUM']"),
-            "/openconfig-lacp:lacp/interfaces/interface/config/interval: Invalid enumeration value \"MEDIUM\"");
+            "/openconfig-lacp:lacp/interfaces/interface/config/interval: 'MEDIUM' is none of FAST, SLOW");
   EXPECT_THAT(refused(list + "[name='" + std::string(300, 'x') + "']"),
               testing::HasSubstr("an interface name has at most 63 bytes"));
 }

@@ -84,11 +84,10 @@ TEST(RequestParser, OperationsBecomeTheContractsCodes) {
 
 TEST(RequestParser, RefusesOperationsThatItDoesNotKnow) {
   EXPECT_EQ(parsed(lacp(R"("@": {"ietf-netconf:operation": "destroy"})")),
-            "/openconfig-lacp:lacp (line 1): Invalid enumeration value \"destroy\"");
+            "the request (line 1): operation 'destroy' is none of merge, replace, create, delete, remove");
   EXPECT_EQ(parsed(interface(R"("name": "a", "config": {"interval": [null],
                                 "@interval": {"ietf-netconf:operation": "destroy"}})")),
-            "/openconfig-lacp:lacp/interfaces/interface[name='a']/config/interval: operation 'destroy' is not "
-            "understood");
+            "the request (line 2): operation 'destroy' is none of merge, replace, create, delete, remove");
 }
 
 TEST(RequestParser, RefusesOperationsOfOtherNamespaces) {
@@ -159,6 +158,8 @@ TEST(RequestParser, RefusesUnknownNodesWithTheirPath) {
 TEST(RequestParser, RefusesUnknownModulesWithThePath) {
   EXPECT_EQ(parsed(R"({"no-such:lacp": {}})"), "/no-such:lacp: unknown module 'no-such'");
   EXPECT_EQ(parsed(R"(<lacp xmlns="urn:no-such"/>)"), "/lacp: unknown module 'urn:no-such'");
+  EXPECT_EQ(parsed(R"({"lacp": {}})"),
+            "the request (line 1): Top-level JSON object member \"lacp\" must be namespace-qualified");
   EXPECT_EQ(parsed("<lacp/>"), "the request (line 1): Missing XML namespace");
   EXPECT_EQ(parsed(lacp(R"("no-such:config": {})")), "/openconfig-lacp:lacp/no-such:config: unknown module 'no-such'");
 }
@@ -170,14 +171,14 @@ TEST(RequestParser, NativeNodesAreNotOfTheRequestsSide) {
 
 TEST(RequestParser, RefusesValuesOutsideOfTheModelWithTheirPath) {
   EXPECT_EQ(parsed(interface(R"("name": "a", "config": {"interval": "MEDIUM"})")),
-            "/openconfig-lacp:lacp/interfaces/interface[name='a']/config/interval: Invalid enumeration value "
-            "\"MEDIUM\"");
+            "/openconfig-lacp:lacp/interfaces/interface[name='a']/config/interval: 'MEDIUM' is none of "
+            "FAST, SLOW");
   EXPECT_EQ(parsed(xml_interface("<name>a</name><config><interval>MEDIUM</interval></config>")),
-            "/openconfig-lacp:lacp/interfaces/interface[name='a']/config/interval: Invalid enumeration value "
-            "\"MEDIUM\"");
+            "/openconfig-lacp:lacp/interfaces/interface[name='a']/config/interval: 'MEDIUM' is none of "
+            "FAST, SLOW");
   // In an entry without its key libyang judges nothing.
   EXPECT_EQ(parsed(interface(R"("config": {"interval": "MEDIUM"})")),
-            "/openconfig-lacp:lacp/interfaces/interface/config/interval: Invalid enumeration value \"MEDIUM\"");
+            "/openconfig-lacp:lacp/interfaces/interface/config/interval: 'MEDIUM' is none of FAST, SLOW");
   EXPECT_EQ(parsed(interface(R"("config": {"interval": {"name": "a"}})")),
             "/openconfig-lacp:lacp/interfaces/interface/config/interval: a leaf has nothing below it");
   EXPECT_EQ(parsed(interface(R"("config": "x")")), "/openconfig-lacp:lacp/interfaces/interface/config: takes no value");

@@ -27,7 +27,26 @@ TEST(DocumentInfo, RefusesLongDocumentsOnly) {
 }
 
 TEST(DocumentInfo, RefusesNulCharacters) {
-  EXPECT_EQ(inspected(std::string("{\0}", 3)), "the request: holds a NUL character");
+  EXPECT_EQ(inspected(std::string("{ \0}", 4)), "the request: holds a NUL character");
+}
+
+TEST(DocumentInfo, RefusesOtherEncodings) {
+  for (const std::string& text : {std::string("\xff\xfe{\0}\0", 6), std::string("\xfe\xff\0<", 4),
+                                  std::string("<\0a\0", 4), std::string("\0{\0}", 4)}) {
+    EXPECT_EQ(inspected(text), "the request: is encoded in UTF-16, not in UTF-8");
+  }
+  EXPECT_EQ(inspected("\xef\xbb\xbf{}"), "the request: starts with a byte order mark");
+}
+
+TEST(DocumentInfo, RefusesDocumentTypes) {
+  EXPECT_EQ(inspected("<?xml version='1.0'?>\n<!DOCTYPE a [<!ENTITY b 'c'>]>\n<a/>"),
+            "the request (line 2): holds a document type declaration, which is not accepted");
+}
+
+TEST(DocumentInfo, CutsLongNamesInMessages) {
+  EXPECT_EQ(inspected("<a " + std::string(300, 'b') + "='c'/>"),
+            "the request (line 1): attribute '" + std::string(200, 'b') +
+                "... (300 characters)' is not understood, only 'operation' of the NETCONF base namespace is");
 }
 
 std::string repeated(const std::string& text, unsigned count) {

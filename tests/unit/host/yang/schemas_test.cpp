@@ -26,8 +26,34 @@ TEST(SchemasTest, RefusesFoldersThatAreNotThere) {
 
 TEST(SchemasTest, RefusesFoldersWithoutTheSchemas) {
   const TemporaryFolder empty;
-  EXPECT_THAT(loaded({empty.path(), ""}), testing::StartsWith("schema ietf-netconf: "));
-  EXPECT_THAT(loaded({location::kSchemas, empty.path()}), testing::StartsWith("schema openconfig-lacp: "));
+  EXPECT_EQ(loaded({empty.path(), ""}), empty.path() + ": has no module ietf-netconf");
+  EXPECT_EQ(loaded({location::kSchemas, empty.path()}), empty.path() + ": has no module openconfig-lacp");
+}
+
+constexpr const char* kHead = R"(module openconfig-lacp { namespace "http://openconfig.net/yang/lacp"; prefix l;)";
+
+TEST(SchemasTest, SchemaThatCannotBeParsed_IsToldWithFileAndLine) {
+  const TemporaryFolder published;
+  published.write("openconfig-lacp@2030-01-01.yang", std::string(kHead) + "\n revision 2030-01-01;\n broken {} }");
+  EXPECT_THAT(
+      loaded({location::kSchemas, published.path()}),
+      testing::StartsWith(published.path() + "/openconfig-lacp@2030-01-01.yang (line 3): module openconfig-lacp: "));
+}
+
+TEST(SchemasTest, MissingImport_IsToldWithTheModuleThatImportsIt) {
+  const TemporaryFolder published;
+  published.write("openconfig-lacp.yang", std::string(kHead) + "\n import middle { prefix m; } }");
+  published.write("middle.yang", R"(module middle { namespace "urn:m"; prefix m; import absent { prefix a; } })");
+  EXPECT_EQ(loaded({location::kSchemas, published.path()}),
+            published.path() + "/middle.yang: module middle: imports module absent, which " + published.path() +
+                " does not have");
+}
+
+TEST(SchemasTest, SchemaThatCannotBeCompiled_IsToldWithTheNode) {
+  const TemporaryFolder published;
+  published.write("openconfig-lacp.yang", std::string(kHead) + " leaf a { type no-such; } }");
+  EXPECT_THAT(loaded({location::kSchemas, published.path()}),
+              testing::AllOf(testing::HasSubstr("/openconfig-lacp:a"), testing::HasSubstr("no-such")));
 }
 
 TEST(SchemasTest, TakesPublishedSchemasInsteadOfTheShippedOnes) {
