@@ -2,12 +2,11 @@
 #pragma once
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "tests/e2e/program.h"
+#include "tests/support/temporary_folder.h"
 
 namespace support {
 
@@ -15,33 +14,22 @@ namespace support {
 class CopiedDevice {
  public:
   CopiedDevice() {
-    std::string name = std::filesystem::temp_directory_path() / "oclacp-XXXXXX";
-    path_ = mkdtemp(name.data());
     for (const char* file : {"platform.json", "running.json"}) {
-      std::filesystem::copy(example("device") + "/" + file, path_);
+      std::filesystem::copy(example("device") + "/" + file, path());
     }
   }
-  ~CopiedDevice() { std::filesystem::remove_all(path_); }
-  CopiedDevice(const CopiedDevice&) = delete;
-  CopiedDevice& operator=(const CopiedDevice&) = delete;
-  CopiedDevice(CopiedDevice&&) = delete;
-  CopiedDevice& operator=(CopiedDevice&&) = delete;
 
-  [[nodiscard]] const std::string& path() const { return path_; }
+  [[nodiscard]] const std::string& path() const { return folder_.path(); }
 
-  [[nodiscard]] std::string read(const std::string& file = "running.json") const {
-    std::ostringstream text;
-    text << std::ifstream(path_ + "/" + file).rdbuf();
-    return text.str();
-  }
+  [[nodiscard]] std::string read(const std::string& file = "running.json") const { return folder_.read(file); }
   void write(const std::string& content, const std::string& file = "running.json") const {
-    std::ofstream(path_ + "/" + file) << content;
+    folder_.write(file, content);
   }
 
   // The names of the files that it is kept in.
   [[nodiscard]] std::vector<std::string> files() const {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(path_)) {
+    for (const auto& entry : std::filesystem::directory_iterator(path())) {
       names.push_back(entry.path().filename());
     }
     return names;
@@ -49,17 +37,17 @@ class CopiedDevice {
 
   // `oclacp edit` of a request on the standard input.
   [[nodiscard]] Outcome edit(const std::string& request, std::vector<std::string> further = {}) const {
-    further.insert(further.begin(), {"edit", "-", "-d", path_});
+    further.insert(further.begin(), {"edit", "-", "-d", path()});
     return run(further, request);
   }
   // `oclacp delete` of a path.
-  [[nodiscard]] Outcome erase(const std::string& path, std::vector<std::string> further = {}) const {
-    further.insert(further.begin(), {"delete", path, "-d", path_});
+  [[nodiscard]] Outcome erase(const std::string& node, std::vector<std::string> further = {}) const {
+    further.insert(further.begin(), {"delete", node, "-d", path()});
     return run(further);
   }
 
  private:
-  std::string path_;
+  TemporaryFolder folder_;
 };
 
 // A request for the configuration of one interface; `config` are the members of its config container.

@@ -5,7 +5,6 @@
 // memory that it keeps for a thread as in use, so that it is to run without
 // (GLIBC_TUNABLES=glibc.malloc.tcache_count=0).
 #include <malloc.h>
-#include <unistd.h>
 
 #include <array>
 #include <cstdio>
@@ -17,6 +16,7 @@
 #include "host/devices/folder_device.h"
 #include "host/devices/staged_device.h"
 #include "host/translation/translator.h"
+#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -36,24 +36,14 @@ std::string interval_of(const std::string& interface, const std::string& interva
 class CopiedDevice {
  public:
   CopiedDevice(const Translator& translator, const std::string& original)
-      : folder_(make_folder(original)), device_(translator.native_context(), folder_) {}
-  ~CopiedDevice() { std::filesystem::remove_all(folder_); }
-  CopiedDevice(const CopiedDevice&) = delete;
-  CopiedDevice& operator=(const CopiedDevice&) = delete;
-  CopiedDevice(CopiedDevice&&) = delete;
-  CopiedDevice& operator=(CopiedDevice&&) = delete;
+      : device_(translator.native_context(), folder_.path()) {
+    std::filesystem::copy(original, folder_.path(), std::filesystem::copy_options::recursive);
+  }
 
   Device& device() { return device_; }
 
  private:
-  static std::string make_folder(const std::string& original) {
-    std::string name = std::filesystem::temp_directory_path() / "oclacp-XXXXXX";
-    const std::string folder = mkdtemp(name.data());
-    std::filesystem::copy(original, folder, std::filesystem::copy_options::recursive);
-    return folder;
-  }
-
-  std::string folder_;
+  support::TemporaryFolder folder_;
   FolderDevice device_;
 };
 

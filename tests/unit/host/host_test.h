@@ -3,11 +3,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <initializer_list>
 #include <string>
 #include <utility>
@@ -18,6 +15,7 @@
 #include "host/yang/schemas.h"
 #include "host/yang/tree_printer.h"
 #include "tests/support/locations.h"
+#include "tests/support/temporary_folder.h"
 
 namespace oclacp::host {
 
@@ -81,27 +79,6 @@ std::string refusal_of(Action&& action) {
   return "accepted";
 }
 
-// A folder for one test.
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    std::string name = std::filesystem::temp_directory_path() / "oclacp-XXXXXX";
-    path_ = mkdtemp(name.data());
-  }
-  ~TemporaryFolder() { std::filesystem::remove_all(path_); }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  TemporaryFolder(TemporaryFolder&&) = delete;
-  TemporaryFolder& operator=(TemporaryFolder&&) = delete;
-
-  [[nodiscard]] const std::string& path() const { return path_; }
-
-  void write(const std::string& name, const std::string& content) const {
-    std::ofstream(path_ + "/" + name) << content;
-  }
-
- private:
-  std::string path_;
-};
+using support::TemporaryFolder;
 
 }  // namespace oclacp::host

@@ -47,10 +47,10 @@ class NativeData : public support::ModuleTest {
   }
 };
 
-using InterfaceConfiguration = NativeData;
-using GlobalLacp = NativeData;
-using Bundles = NativeData;
-using DeviceIdentity = NativeData;
+class InterfaceConfiguration : public NativeData {};
+class GlobalLacp : public NativeData {};
+class Bundles : public NativeData {};
+class DeviceIdentity : public NativeData {};
 
 Node entry(const std::string& configuration_class, const std::string& name, std::vector<Node> children = {}) {
   Node node = container("interface-configuration", {leaf("active", configuration_class), leaf("interface-name", name)});

@@ -36,10 +36,10 @@ class Lifecycle : public support::ModuleTest {
   support::Module module_{location::kModule};
 };
 
-using Initialisation = Lifecycle;
-using Cleanup = Lifecycle;
-using Capability = Lifecycle;
-using Registration = Lifecycle;
+class Initialisation : public Lifecycle {};
+class Cleanup : public Lifecycle {};
+class Capability : public Lifecycle {};
+class Registration : public Lifecycle {};
 
 constexpr char kProbe[] = "access \"/pkg/lib/libsysdb.so\" -> 0";
 constexpr char kFailedProbe[] = "access \"/pkg/lib/libsysdb.so\" -> -1";

@@ -39,10 +39,10 @@ class Converter : public support::ModuleTest {
   }
 };
 
-using ConfiguredLeaf = Converter;
-using ConfiguredMode = Converter;
-using ConfiguredPeriod = Converter;
-using GlobalPriority = Converter;
+class ConfiguredLeaf : public Converter {};
+class ConfiguredMode : public Converter {};
+class ConfiguredPeriod : public Converter {};
+class GlobalPriority : public Converter {};
 
 TEST_F(ConfiguredLeaf, NeedsTheNameOfItsInterface) {
   platform.script("yfw_map_get_node_info", 0, 0x77);

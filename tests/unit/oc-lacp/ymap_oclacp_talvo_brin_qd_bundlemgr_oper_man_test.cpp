@@ -33,11 +33,11 @@ class OperationalData : public support::ModuleTest {
   }
 };
 
-using BundleEntry = OperationalData;
-using MemberEntry = OperationalData;
-using BundleLeaf = OperationalData;
-using AppliedMode = OperationalData;
-using PortState = OperationalData;
+class BundleEntry : public OperationalData {};
+class MemberEntry : public OperationalData {};
+class BundleLeaf : public OperationalData {};
+class AppliedMode : public OperationalData {};
+class PortState : public OperationalData {};
 
 TEST_F(BundleEntry, IsFoundOrCreatedByItsName) {
   platform.lacp_interfaces.clear();

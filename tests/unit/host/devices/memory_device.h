@@ -13,6 +13,7 @@
 #include "host/devices/device.h"
 #include "host/files/file_descriptor.h"
 #include "host/yang/tree_printer.h"
+#include "tests/support/native_json.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
@@ -122,9 +123,8 @@ inline std::string json_of(const DeviceSnapshot& snapshot) {
 
 // A running configuration with one interface "a"; `members` are its further members.
 inline std::string interface_a(const std::string& members) {
-  return R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [
-            {"active": "act", "interface-name": "a")" +
-         (members.empty() ? "" : ", " + members) + "}]}}";
+  return support::native_interfaces(R"({"active": "act", "interface-name": "a")" +
+                                    (members.empty() ? "" : ", " + members) + "}");
 }
 
 inline std::string lacp_of_a(const std::string& members) {

@@ -7,6 +7,7 @@
 #include "host/base/status_text.h"
 #include "host/devices/folder_device.h"
 #include "host/services/current_device.h"
+#include "tests/support/native_json.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
@@ -15,10 +16,6 @@ namespace {
 constexpr const char* kPlatform = R"({"oclacp-platform:platform": {"router-type": 3, "interface": [
     {"name": "GigabitEthernet0/0/0/1", "type": "physical"}, {"name": "Bundle-Ether1", "type": "bundle"},
     {"name": "Loopback0", "type": "virtual"}]}})";
-
-std::string configuration(const std::string& entries) {
-  return R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [)" + entries + "]}}";
-}
 
 std::string entry(const std::string& active, const std::string& name, const std::string& content) {
   return R"({"active": ")" + active + R"(", "interface-name": ")" + name + "\"" + content + "}";
@@ -65,7 +62,7 @@ class DeviceFolder : public testing::Test {
 };
 
 TEST_F(DeviceFolder, TellsPlatformInventoryAndConfiguration) {
-  write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp)));
+  write(kPlatform, support::native_interfaces(entry("act", "Bundle-Ether1", kLacp)));
   const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
   EXPECT_EQ(device->router_type(), 3U);
   ASSERT_EQ(device->interfaces().size(), 3U);
@@ -91,7 +88,7 @@ TEST_F(DeviceFolder, RefusesWhatIsInvalid) {
   write(R"({"oclacp-platform:platform": {}})", "{}");
   EXPECT_THAT(opened(), testing::AllOf(testing::StartsWith(folder_.path() + "/platform.json: "),
                                        testing::HasSubstr("router-type")));
-  write(kPlatform, configuration(entry("act", "a", R"(, "colour": 1)")));
+  write(kPlatform, support::native_interfaces(entry("act", "a", R"(, "colour": 1)")));
   EXPECT_THAT(opened(),
               testing::AllOf(testing::StartsWith(folder_.path() + "/running.json: "), testing::HasSubstr("colour")));
   write(kPlatform, "{");
@@ -100,7 +97,7 @@ TEST_F(DeviceFolder, RefusesWhatIsInvalid) {
 
 TEST_F(DeviceFolder, RefusesAttributesInData) {
   const std::string attribute = R"("@": {"ietf-netconf:operation": "delete"})";
-  write(kPlatform, configuration(entry("act", "a", ", " + attribute)));
+  write(kPlatform, support::native_interfaces(entry("act", "a", ", " + attribute)));
   EXPECT_EQ(opened(), folder_.path() +
                           "/running.json: /Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration"
                           "[active='act'][interface-name='a']: carries the attribute 'operation', which data has not");
@@ -130,10 +127,10 @@ TEST_F(DeviceFolder, RefusesNamesThatAreTooLongInBytes) {
     return text;
   };
   const std::string fits = repeated("\u00e9", 31) + "x";
-  write(kPlatform, configuration(entry("act", fits, kLacp)));
+  write(kPlatform, support::native_interfaces(entry("act", fits, kLacp)));
   EXPECT_EQ(opened(), "accepted");
   const std::string too_long = repeated("\u00e9", 32);
-  write(kPlatform, configuration(entry("act", too_long, kLacp)));
+  write(kPlatform, support::native_interfaces(entry("act", too_long, kLacp)));
   EXPECT_THAT(opened(), testing::AllOf(testing::StartsWith(folder_.path() + "/running.json: "),
                                        testing::EndsWith("/interface-name: an interface name has at most 63 bytes")));
   write(R"({"oclacp-platform:platform": {"router-type": 3, "interface": [{"name": ")" + too_long +
@@ -144,24 +141,25 @@ TEST_F(DeviceFolder, RefusesNamesThatAreTooLongInBytes) {
 }
 
 TEST_F(DeviceFolder, ItemsAreTheFilledContainersOfActiveInterfaces) {
-  write(kPlatform,
-        configuration(entry("act", "GigabitEthernet0/0/0/1", R"(, "description": "x",
+  write(kPlatform, support::native_interfaces(entry("act", "GigabitEthernet0/0/0/1", R"(, "description": "x",
             "Talvo-Brin-QD-bundlemgr-cfg:bundle-member": {"id": {"bundle-id": 1}})") +
-                      "," + entry("act", "Bundle-Ether1", kLacp) + "," + entry("pre", "Bundle-Ether2", kLacp)));
+                                              "," + entry("act", "Bundle-Ether1", kLacp) + "," +
+                                              entry("pre", "Bundle-Ether2", kLacp)));
   EXPECT_THAT(find(".*"), testing::ElementsAre("GigabitEthernet0_0_0_1/bundle-member/",
                                                "GigabitEthernet0_0_0_1/bundle-member/id/", "Bundle-Ether1/lacp/"));
   EXPECT_THAT(find(".*/lacp/"), testing::ElementsAre("Bundle-Ether1/lacp/"));
 }
 
 TEST_F(DeviceFolder, TheLongestNamesComeFirst) {
-  write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp) + "," + entry("act", "Bundle-Ether2", kLacp) +
-                                 "," + entry("act", "Bundle-Ether10", kLacp)));
+  write(kPlatform,
+        support::native_interfaces(entry("act", "Bundle-Ether1", kLacp) + "," + entry("act", "Bundle-Ether2", kLacp) +
+                                   "," + entry("act", "Bundle-Ether10", kLacp)));
   EXPECT_THAT(find(".*/lacp/"),
               testing::ElementsAre("Bundle-Ether10/lacp/", "Bundle-Ether1/lacp/", "Bundle-Ether2/lacp/"));
 }
 
 TEST_F(DeviceFolder, NamesThatDifferInTheirSlashesHaveDifferentElements) {
-  write(kPlatform, configuration(entry("act", "Port0/1", kLacp) + "," + entry("act", "Port0_1", kLacp)));
+  write(kPlatform, support::native_interfaces(entry("act", "Port0/1", kLacp) + "," + entry("act", "Port0_1", kLacp)));
   const std::vector<std::string> items = find(".*/lacp/");
   EXPECT_THAT(items, testing::ElementsAre("Port0_1_/lacp/", "Port0_1/lacp/"));
   const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
@@ -176,7 +174,8 @@ TEST_F(DeviceFolder, NamesThatDifferInTheirSlashesHaveDifferentElements) {
 }
 
 TEST_F(DeviceFolder, AnItemThatIsCutIsWholeInTheNextList) {
-  write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp) + "," + entry("act", "Bundle-Ether2", kLacp)));
+  write(kPlatform,
+        support::native_interfaces(entry("act", "Bundle-Ether1", kLacp) + "," + entry("act", "Bundle-Ether2", kLacp)));
   const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
   const CurrentDevice installed(*device);
   sysdb_handle connection = nullptr;
@@ -199,7 +198,7 @@ TEST_F(DeviceFolder, AnItemThatIsCutIsWholeInTheNextList) {
 }
 
 TEST_F(DeviceFolder, PatternsMatchWholeItems) {
-  write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp)));
+  write(kPlatform, support::native_interfaces(entry("act", "Bundle-Ether1", kLacp)));
   EXPECT_THAT(find("lacp"), testing::IsEmpty());
   EXPECT_THAT(find("x|Bundle-Ether[0-9]+/lacp/"), testing::SizeIs(1));
   EXPECT_THAT(find("x|Bundle"), testing::IsEmpty());
@@ -210,9 +209,10 @@ TEST_F(DeviceFolder, ADeviceWithoutConfigurationHasNoItems) {
 }
 
 TEST_F(DeviceFolder, KnowsWhereLacpIsConfigured) {
-  write(kPlatform, configuration(entry("act", "Bundle-Ether1", kLacp) + "," +
-                                 entry("act", "Bundle-Ether2", R"(, "Talvo-Brin-QD-bundlemgr-cfg:lacp": {})") + "," +
-                                 entry("pre", "Bundle-Ether3", kLacp)));
+  write(kPlatform,
+        support::native_interfaces(entry("act", "Bundle-Ether1", kLacp) + "," +
+                                   entry("act", "Bundle-Ether2", R"(, "Talvo-Brin-QD-bundlemgr-cfg:lacp": {})") + "," +
+                                   entry("pre", "Bundle-Ether3", kLacp)));
   const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
   const CurrentDevice installed(*device);
   EXPECT_NE(get_intf_type_if_lacp_configured("Bundle-Ether1"), 0U);
@@ -221,7 +221,7 @@ TEST_F(DeviceFolder, KnowsWhereLacpIsConfigured) {
 }
 
 TEST_F(DeviceFolder, ConfiguredInterfacesHaveDisplayNamesToo) {
-  write(kPlatform, configuration(entry("act", "HundredGigE0/1/0/0", "")));
+  write(kPlatform, support::native_interfaces(entry("act", "HundredGigE0/1/0/0", "")));
   const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
   const CurrentDevice installed(*device);
   std::array<char, 64> name{};

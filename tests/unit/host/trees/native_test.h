@@ -4,19 +4,13 @@
 #include <string>
 
 #include "host/yang/native_parser.h"
+#include "tests/support/native_json.h"
 #include "tests/unit/host/host_test.h"
 
 namespace oclacp::host {
 
-inline std::string interface_configurations(const std::string& entries) {
-  return R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [)" + entries + "]}}";
-}
-
-// An entry with LACP; `lacp` are the members of its container in JSON, `more` those of the entry.
-inline std::string configured(const std::string& name, const std::string& lacp, const std::string& more = "") {
-  return R"({"active": "act", "interface-name": ")" + name + "\"" + (more.empty() ? "" : ", " + more) +
-         R"(, "Talvo-Brin-QD-bundlemgr-cfg:lacp": {)" + lacp + "}}";
-}
+using support::native_entry;
+using support::native_interfaces;
 
 inline TreePtr parse_native(const std::string& text) {
   return parse_native(schemas().native(), text, inspect_native(schemas().native(), text), true);

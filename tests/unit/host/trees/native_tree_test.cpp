@@ -43,19 +43,19 @@ class NativeTreeTest : public testing::Test {
 };
 
 TEST_F(NativeTreeTest, HoldsEverythingWithKeysFirst) {
-  EXPECT_EQ(all(interface_configurations(R"({"interface-name": "a", "description": "x", "active": "act",
+  EXPECT_EQ(all(native_interfaces(R"({"interface-name": "a", "description": "x", "active": "act",
                 "interface-virtual": [null], "mtus": {"mtu": [{"mtu": 99, "owner": "o"}]}})")),
             "interface-configurations(interface-configuration(active=act interface-name=a interface-virtual "
             "description=x mtus(mtu(owner=o mtu=99))))");
 }
 
 TEST_F(NativeTreeTest, LeavesOutContainersThatHoldNothing) {
-  EXPECT_EQ(all(interface_configurations(configured("a", R"("mode": "active")"))),
+  EXPECT_EQ(all(native_interfaces(native_entry("a", R"("mode": "active")"))),
             "interface-configurations(interface-configuration(active=act interface-name=a lacp(mode=active)))");
 }
 
 TEST_F(NativeTreeTest, NodesHaveTheContractsFields) {
-  const TreePtr data = parse_native(interface_configurations(configured("a", kLacpEntry)));
+  const TreePtr data = parse_native(native_interfaces(native_entry("a", kLacpEntry)));
   NativeTree tree(interface_top(data), nullptr);
   const yfw_datatree& top = *tree.top();
   EXPECT_STREQ(top.ns, kIfmgr);
@@ -72,21 +72,20 @@ TEST_F(NativeTreeTest, NodesHaveTheContractsFields) {
 TEST_F(NativeTreeTest, ASelectedEntryIsFoundByItsKeys) {
   ask_for_entry("b");
   ask_for_lacp("/period");
-  EXPECT_EQ(selected(interface_configurations(configured("a", kLacpEntry) + "," + configured("b", kLacpEntry))),
+  EXPECT_EQ(selected(native_interfaces(native_entry("a", kLacpEntry) + "," + native_entry("b", kLacpEntry))),
             "interface-configurations(interface-configuration(active=act interface-name=b lacp(period=1000)))");
 }
 
 TEST_F(NativeTreeTest, AnotherClassOfTheSameInterfaceIsAnotherEntry) {
   ask_for_entry("a");
   ask_for_lacp("/mode");
-  EXPECT_EQ(selected(interface_configurations(R"({"active": "pre", "interface-name": "a"})")),
-            "interface-configurations");
+  EXPECT_EQ(selected(native_interfaces(R"({"active": "pre", "interface-name": "a"})")), "interface-configurations");
 }
 
 TEST_F(NativeTreeTest, WithoutKeysEveryEntryIsSelected) {
   ask_for_entry(nullptr);
   ask_for_lacp("/mode");
-  EXPECT_EQ(selected(interface_configurations(configured("a", kLacpEntry) + "," + configured("b", R"("period": 1)"))),
+  EXPECT_EQ(selected(native_interfaces(native_entry("a", kLacpEntry) + "," + native_entry("b", R"("period": 1)"))),
             "interface-configurations(interface-configuration(active=act interface-name=a lacp(mode=active)) "
             "interface-configuration(active=act interface-name=b lacp))");
 }
@@ -99,21 +98,21 @@ TEST_F(NativeTreeTest, WhatIsAskedForOfOneEntryComesTogether) {
   ask_for_entry("a");
   ask_for_lacp("/mode");
   EXPECT_EQ(
-      selected(interface_configurations(configured("a", kLacpEntry) + "," + configured("b", kLacpEntry))),
+      selected(native_interfaces(native_entry("a", kLacpEntry) + "," + native_entry("b", kLacpEntry))),
       "interface-configurations(interface-configuration(active=act interface-name=a lacp(period=1000 mode=active)) "
       "interface-configuration(active=act interface-name=b lacp(mode=active)))");
 }
 
 TEST_F(NativeTreeTest, AnEntryThatIsOnlyNamedComesWithItsKeys) {
   ask_for_entry("a");
-  EXPECT_EQ(selected(interface_configurations(configured("a", kLacpEntry))),
+  EXPECT_EQ(selected(native_interfaces(native_entry("a", kLacpEntry))),
             "interface-configurations(interface-configuration(active=act interface-name=a))");
 }
 
 TEST_F(NativeTreeTest, ASelectedContainerComesWhole) {
   ask_for_entry("a");
   ask_for_lacp("");
-  EXPECT_EQ(selected(interface_configurations(configured("a", kLacpEntry, R"("description": "x")"))),
+  EXPECT_EQ(selected(native_interfaces(native_entry("a", kLacpEntry, R"("description": "x")"))),
             "interface-configurations(interface-configuration(active=act interface-name=a "
             "lacp(mode=active period=1000)))");
 }
@@ -121,14 +120,14 @@ TEST_F(NativeTreeTest, ASelectedContainerComesWhole) {
 TEST_F(NativeTreeTest, WhatTheDeviceDoesNotHaveIsNotThere) {
   ask_for_entry("c");
   ask_for_lacp("/mode");
-  EXPECT_EQ(selected(interface_configurations(configured("a", kLacpEntry))), "interface-configurations");
+  EXPECT_EQ(selected(native_interfaces(native_entry("a", kLacpEntry))), "interface-configurations");
 }
 
 TEST_F(NativeTreeTest, WithoutKeysOnlyActiveConfigurationIsSelected) {
   ask_for_entry(nullptr);
   ask_for_lacp("/mode");
-  EXPECT_EQ(selected(interface_configurations(configured("a", kLacpEntry) +
-                                              R"(, {"active": "pre", "interface-name": "a"},
+  EXPECT_EQ(selected(native_interfaces(native_entry("a", kLacpEntry) +
+                                       R"(, {"active": "pre", "interface-name": "a"},
                                                  {"active": "other", "interface-name": "a"})")),
             "interface-configurations(interface-configuration(active=act interface-name=a lacp(mode=active)))");
 }
@@ -178,7 +177,7 @@ TEST_F(NativePartsTest, ForgetWhatIsDropped) {
 }
 
 TEST(NativeParser, RefusesWhatIsInvalid) {
-  EXPECT_THAT(refusal_of([] { parse_native(interface_configurations(R"({"active": "act"})")); }),
+  EXPECT_THAT(refusal_of([] { parse_native(native_interfaces(R"({"active": "act"})")); }),
               testing::HasSubstr("interface-name"));
   EXPECT_THAT(refusal_of([] { parse_native(R"({"a:b": 1})"); }), testing::HasSubstr("a"));
   EXPECT_THAT(refusal_of([] {

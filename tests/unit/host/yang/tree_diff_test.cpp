@@ -2,6 +2,7 @@
 
 #include "host/translation/edit_plan.h"
 #include "host/yang/tree_printer.h"
+#include "tests/support/native_json.h"
 #include "tests/unit/host/devices/memory_device.h"
 
 namespace oclacp::host {
@@ -34,13 +35,8 @@ std::string libyang_difference(const std::string& before, const std::string& aft
   return print_tree(schemas().native(), found, LYD_JSON);
 }
 
-std::string interfaces(const std::string& entries) {
-  return R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [)" + entries + "]}}";
-}
-
 std::string entry(const std::string& name, const std::string& mode) {
-  return R"({"active": "act", "interface-name": ")" + name + R"(", "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": ")" +
-         mode + "\"}}";
+  return support::native_entry(name, R"("mode": ")" + mode + "\"");
 }
 
 TEST(EditPlanTest, TheSameConfigurationIsNoChange) {
@@ -51,8 +47,8 @@ TEST(EditPlanTest, TheSameConfigurationIsNoChange) {
 }
 
 TEST(EditPlanTest, TheOrderOfEntriesIsNoChange) {
-  const std::string before = interfaces(entry("a", "active") + "," + entry("b", "active"));
-  const std::string after = interfaces(entry("b", "active") + "," + entry("a", "active"));
+  const std::string before = support::native_interfaces(entry("a", "active") + "," + entry("b", "active"));
+  const std::string after = support::native_interfaces(entry("b", "active") + "," + entry("a", "active"));
   EXPECT_EQ(first_change(before, after), "");
   EXPECT_EQ(difference(before, after), "{}\n");
 }
@@ -64,12 +60,12 @@ TEST(EditPlanTest, TellsTheFirstNodeThatChanges) {
   EXPECT_EQ(first_change(lacp_of_a(R"("period": 1)"), interface_a("")), lacp);
   EXPECT_EQ(first_change(interface_a(""), lacp_of_a(R"("period": 1)")), lacp);
   EXPECT_EQ(first_change(interface_a(""), "{}"), "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations");
-  EXPECT_EQ(
-      first_change(interfaces(entry("a", "active") + "," + entry("b", "active")), interfaces(entry("b", "active"))),
-      kNativeA);
-  EXPECT_EQ(
-      first_change(interfaces(entry("b", "active")), interfaces(entry("b", "active") + "," + entry("a", "active"))),
-      kNativeA);
+  EXPECT_EQ(first_change(support::native_interfaces(entry("a", "active") + "," + entry("b", "active")),
+                         support::native_interfaces(entry("b", "active"))),
+            kNativeA);
+  EXPECT_EQ(first_change(support::native_interfaces(entry("b", "active")),
+                         support::native_interfaces(entry("b", "active") + "," + entry("a", "active"))),
+            kNativeA);
   EXPECT_EQ(first_change("{}", R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 5}})"),
             "/Talvo-Brin-QD-bundlemgr-cfg:lacp");
 }
@@ -84,11 +80,11 @@ TEST(EditPlanTest, TellsWhatHappensToEachNode) {
 
 TEST(EditPlanTest, TellsDifferencesAsLibyangDoes) {
   const std::string global = R"("Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 5})";
-  const std::string four = interfaces(entry("a", "active") + "," + entry("b", "active") + "," + entry("c", "active") +
-                                      "," + entry("d", "active"));
+  const std::string four = support::native_interfaces(entry("a", "active") + "," + entry("b", "active") + "," +
+                                                      entry("c", "active") + "," + entry("d", "active"));
   const std::string changed =
-      interfaces(entry("a", "active") + "," + entry("b", "passive") + "," + entry("d", "passive") + "," +
-                 entry("e", "active") + "," + entry("f", "active"));
+      support::native_interfaces(entry("a", "active") + "," + entry("b", "passive") + "," + entry("d", "passive") +
+                                 "," + entry("e", "active") + "," + entry("f", "active"));
   const std::string more = "{" + global + "," + changed.substr(1);
   for (const auto& [before, after] : std::initializer_list<std::pair<std::string, std::string>>{
            {four, changed}, {changed, four}, {four, more}, {more, four}, {more, lacp_of_a(R"("period": 1)")}}) {

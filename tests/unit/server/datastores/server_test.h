@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "server/datastores/datastores.h"
+#include "tests/support/native_json.h"
 #include "tests/unit/host/devices/memory_device.h"
 
 namespace oclacp::server {
@@ -58,13 +59,12 @@ inline std::string priorities(const std::vector<unsigned>& values) {
   std::string entries;
   for (size_t index = 0; index < values.size(); ++index) {
     if (values[index] != 0) {
-      entries += std::string(entries.empty() ? "" : ", ") + R"({"active": "act", "interface-name": "i)" +
-                 std::to_string(index) +
-                 R"(", "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": "active", "system-priority": )" +
-                 std::to_string(values[index]) + "}}";
+      entries += (entries.empty() ? "" : ", ") +
+                 support::native_entry("i" + std::to_string(index),
+                                       R"("mode": "active", "system-priority": )" + std::to_string(values[index]));
     }
   }
-  return R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [)" + entries + "]}}";
+  return support::native_interfaces(entries);
 }
 
 // The priorities that a configuration has.

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <net/if.h>
 
+#include "tests/support/native_json.h"
 #include "tests/unit/host/devices/linux/replayed_links.h"
 #include "tests/unit/host/host_test.h"
 
@@ -13,10 +14,10 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// An entry with LACP; `lacp` are the members of its container in JSON, `more` those of the entry.
+// An entry with LACP of a bond; `lacp` are the members of its container in JSON, `more` those of the entry with a comma
+// in front.
 std::string entry(const std::string& name, const std::string& lacp, const std::string& more = "") {
-  return R"({"active": "act", "interface-name": ")" + name + R"(", "interface-virtual": [null])" + more +
-         R"(, "Talvo-Brin-QD-bundlemgr-cfg:lacp": {)" + lacp + "}}";
+  return support::native_entry(name, lacp, R"("interface-virtual": [null])" + more);
 }
 
 const std::string kBond0 =
@@ -25,8 +26,7 @@ const std::string kDown0 = entry("down0", R"("mode": "active", "period": 30000)"
 
 // `entries`: separated by commas. `more`: further top nodes, with a comma in front.
 TreePtr configuration(const std::string& entries, const std::string& more = "") {
-  const std::string text = R"({"Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [)" +
-                           entries + "]}" + more + "}";
+  const std::string text = support::native_interfaces(entries, more);
   lyd_node* tree = nullptr;
   EXPECT_EQ(
       lyd_parse_data_mem(schemas().native(), text.c_str(), LYD_JSON, LYD_PARSE_STRICT, LYD_VALIDATE_NO_STATE, &tree),
