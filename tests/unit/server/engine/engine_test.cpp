@@ -175,8 +175,10 @@ TEST(Engine, ManyThreads_AreServedOrRefused) {
   Engine<CountingState> engine([&] { return std::make_unique<CountingState>(shared); }, {4});
   size_t done = 0;  // by the engine's thread alone
   std::atomic<size_t> refused = 0;
+  constexpr int kThreads = 8;
   std::vector<std::thread> threads;
-  for (int index = 0; index < 8; ++index) {
+  threads.reserve(kThreads);
+  for (int index = 0; index < kThreads; ++index) {
     threads.emplace_back([&] {
       for (int count = 0; count < 200; ++count) {
         try {
