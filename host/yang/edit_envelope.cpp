@@ -62,6 +62,8 @@ class Envelope {
     if (name != "rpc" && name != "edit-config" && name != "config") {
       return false;
     }
+    check_blank(0, tag.begin);
+    last_end_ = tag.end;
     take(tag, {}, "");
     if (data_end_ == 0) {
       refuse(tag, "<" + shortened(tag.name) + "> holds no <config>");
@@ -69,6 +71,7 @@ class Envelope {
     if (tags_.next(tag)) {
       refuse(tag, "text behind the end of the document");
     }
+    check_blank(last_end_, text_.size());
     return true;
   }
 
@@ -87,8 +90,10 @@ class Envelope {
   }
 
  private:
-  [[noreturn]] void refuse(const XmlTag& tag, const std::string& reason) const {
-    const auto line = std::count(text_.begin(), text_.begin() + static_cast<std::ptrdiff_t>(tag.begin), '\n') + 1;
+  [[noreturn]] void refuse(const XmlTag& tag, const std::string& reason) const { refuse_at(tag.begin, reason); }
+
+  [[noreturn]] void refuse_at(size_t place, const std::string& reason) const {
+    const auto line = std::count(text_.begin(), text_.begin() + static_cast<std::ptrdiff_t>(place), '\n') + 1;
     throw Error(ErrorKind::kMalformedMessage, "the request (line " + std::to_string(line) + "): " + reason,
                 {.path = {}, .file = {}, .line = static_cast<unsigned>(line)});
   }
@@ -104,7 +109,24 @@ class Envelope {
     if (!tags_.next(tag)) {
       refuse(element, "<" + shortened(element.name) + "> has no end");
     }
+    last_end_ = tag.end;
     return tag;
+  }
+
+  // Around the data there are comments and processing instructions at most: a text there was meant for something.
+  void check_blank(size_t begin, size_t end) const {
+    const std::string_view text = std::string_view(text_).substr(0, end);
+    while ((begin = std::min(text.find_first_not_of(kBlanks, begin), end)) < end) {
+      const bool is_comment = text.substr(begin).starts_with("<!--");
+      if (!is_comment && !text.substr(begin).starts_with("<?")) {
+        const std::string_view stray = text.substr(begin, text.find('<', begin + 1) - begin);
+        refuse_at(begin, "the text '" + shortened(stray.substr(0, stray.find_last_not_of(kBlanks) + 1)) +
+                             "' stands where only elements may");
+      }
+      const std::string_view close = is_comment ? "-->" : "?>";
+      const size_t found = text.find(close, begin);
+      begin = found == std::string_view::npos ? end : found + close.size();
+    }
   }
 
   void check_end(const XmlTag& element, const XmlTag& end) const {
@@ -132,9 +154,13 @@ class Envelope {
       return;
     }
     XmlTag child = next_in(element);
+    size_t behind = element.end;
     for (; child.kind != XmlTag::Kind::kEnd; child = next_in(element)) {
+      check_blank(behind, child.begin);
       take(child, known, name);
+      behind = last_end_;
     }
+    check_blank(behind, child.begin);
     check_end(element, child);
   }
 
@@ -145,7 +171,11 @@ class Envelope {
     }
     data_begin_ = data_end_ = element.end;
     for (size_t depth = element.kind == XmlTag::Kind::kStart ? 1 : 0; depth > 0;) {
+      const size_t behind = last_end_;
       const XmlTag tag = next_in(element);
+      if (depth == 1) {
+        check_blank(behind, tag.begin);
+      }
       if (tag.kind == XmlTag::Kind::kEnd) {
         data_end_ = tag.begin;
         if (--depth == 0) {
@@ -210,6 +240,7 @@ class Envelope {
 
   const std::string& text_;
   XmlTags tags_;
+  size_t last_end_ = 0;  // of the last tag
   size_t data_begin_ = 0;
   size_t data_end_ = 0;                                       // 0: no data was found
   std::vector<std::pair<size_t, std::string>> declarations_;  // by the place where they are to be put in

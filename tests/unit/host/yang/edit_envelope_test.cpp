@@ -77,5 +77,21 @@ TEST(EditEnvelope, WhatIsNotCarriedOut_IsRefusedWithItsLine) {
   }
 }
 
+TEST(EditEnvelope, TextAroundTheData_IsRefusedWithItsLine) {
+  for (const auto& [text, reason] : std::initializer_list<std::pair<std::string, std::string>>{
+           {"<!-- --> stray <config/>", " (line 1): the text 'stray'"},
+           {"<rpc>\nstray words <edit-config><config/></edit-config></rpc>", " (line 2): the text 'stray words'"},
+           {"<rpc><edit-config>\n\n<config/> stray</edit-config></rpc>", " (line 3): the text 'stray'"},
+           {"<rpc><edit-config><config/></edit-config>\n<!-- --> stray</rpc>", " (line 2): the text 'stray'"},
+           {"<config>stray <a/></config>", " (line 1): the text 'stray'"},
+           {"<config><a>text</a>\n stray</config>", " (line 2): the text 'stray'"},
+           {"<config/>\nstray", " (line 2): the text 'stray'"}}) {
+    EXPECT_EQ(refused(text), "the request" + reason + " stands where only elements may") << text;
+  }
+  EXPECT_TRUE(
+      open_edit_envelope("<?x y?><rpc> <!-- a --> <?x y?>\n<edit-config><config/> <!-- b --></edit-config></rpc>\n"
+                         "<!-- c -->\n"));
+}
+
 }  // namespace
 }  // namespace oclacp::host
