@@ -48,21 +48,36 @@ CLI::Option* add_device(CLI::App& command, TranslationArguments& arguments) {
       ->type_name("DEVICE");
 }
 
-void add_locations(CLI::App& command, std::string& published_schemas, std::string& module) {
-  command.add_option("--yang-dir", published_schemas, "Take openconfig-lacp and what it imports from here")
+void add_modules(CLI::App& command, std::vector<std::string>& modules) {
+  command
+      .add_option(
+          "--module", modules,
+          "A mapping module with its manifest beside it, instead of the one that serves openconfig-lacp; may be "
+          "given several times")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->type_name("FILE");
+}
+
+std::vector<std::string> modules_or_default(const std::vector<std::string>& modules) {
+  return modules.empty() ? std::vector{default_module()} : modules;
+}
+
+void add_locations(CLI::App& command, std::string& published_schemas, std::vector<std::string>& modules) {
+  command.add_option("--yang-dir", published_schemas, "Take the published models and what they import from here")
       ->type_name("DIR");
-  command.add_option("--module", module, "The mapping module")->type_name("FILE");
+  add_modules(command, modules);
 }
 
 void add_debug_options(CLI::App& command, TranslationArguments& arguments) {
   command.add_flag("--trace", arguments.shows_trace, "Show the handlers that ran, on the standard error");
   command.add_flag("-v", arguments.shows_log, "Show the debug log, on the standard error");
-  add_locations(command, arguments.published_schemas, arguments.module);
+  add_locations(command, arguments.published_schemas, arguments.modules);
 }
 
 std::unique_ptr<host::Translator> make_translator(const TranslationArguments& arguments) {
   const host::SchemaDirectories schemas = {shipped_schemas(), arguments.published_schemas};
-  return std::make_unique<host::Translator>(schemas, arguments.module.empty() ? default_module() : arguments.module);
+  return std::make_unique<host::Translator>(schemas, modules_or_default(arguments.modules));
 }
 
 host::RecordSinks Records::sinks() {

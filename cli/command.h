@@ -16,7 +16,7 @@ namespace oclacp::cli {
 // What commands that translate take from the command line.
 struct TranslationArguments {
   std::string device;
-  std::string module;
+  std::vector<std::string> modules;
   std::string published_schemas;
   bool shows_trace = false;
   bool shows_log = false;
@@ -47,8 +47,11 @@ CLI::Option* add_format(CLI::App& command, host::EditOptions& options, const std
 CLI::Option* add_strict(CLI::App& command, host::EditOptions& options);
 // The device.
 CLI::Option* add_device(CLI::App& command, TranslationArguments& arguments);
-// Where the schemas and the module are.
-void add_locations(CLI::App& command, std::string& published_schemas, std::string& module);
+// Where the schemas and the modules are.
+void add_locations(CLI::App& command, std::string& published_schemas, std::vector<std::string>& modules);
+void add_modules(CLI::App& command, std::vector<std::string>& modules);
+// Those of the command line, or the one that the program comes with.
+std::vector<std::string> modules_or_default(const std::vector<std::string>& modules);
 // --trace, -v, and the locations.
 void add_debug_options(CLI::App& command, TranslationArguments& arguments);
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "cli/command.h"
 #include "cli/locations.h"
@@ -16,14 +17,15 @@ const Choices<host::CoverageFormat> kFormats = {{"json", host::CoverageFormat::k
                                                 {"yang", host::CoverageFormat::kYang}};
 
 struct ExplainArguments {
-  std::string module = default_module();
+  std::vector<std::string> modules;
   std::string published_schemas;
   std::string path;
+  std::string model;
   host::CoverageFormat format = host::CoverageFormat::kTable;
 };
 
 host::Explainer make_explainer(const ExplainArguments& arguments) {
-  return {{shipped_schemas(), arguments.published_schemas}, arguments.module};
+  return {{shipped_schemas(), arguments.published_schemas}, modules_or_default(arguments.modules)};
 }
 
 }  // namespace
@@ -37,18 +39,20 @@ void define_explain(CLI::App& app) {
                    "The node, such as /lacp/interfaces/interface/config/interval or a native one; prefixes and "
                    "predicates may be left out. A container or list shows a line for each leaf in it")
       ->required();
-  add_locations(*command, arguments->published_schemas, arguments->module);
+  add_locations(*command, arguments->published_schemas, arguments->modules);
   command->callback([arguments] { print(make_explainer(*arguments).explain(arguments->path)); });
 }
 
 void define_coverage(CLI::App& app) {
   const auto arguments = std::make_shared<ExplainArguments>();
-  CLI::App* command = app.add_subcommand("coverage", "Tell which leaves of openconfig-lacp the mapping serves");
+  CLI::App* command = app.add_subcommand("coverage", "Tell which leaves of a published model the mapping serves");
+  command->add_option("--model", arguments->model, "The published model; that of the first module by default")
+      ->type_name("NAME");
   add_choice(*command, "--format", arguments->format, kFormats,
              "What is printed: a table (the default), JSON, a page, or the YANG module that deviates what is not "
              "served");
-  add_locations(*command, arguments->published_schemas, arguments->module);
-  command->callback([arguments] { print(make_explainer(*arguments).coverage(arguments->format)); });
+  add_locations(*command, arguments->published_schemas, arguments->modules);
+  command->callback([arguments] { print(make_explainer(*arguments).coverage(arguments->model, arguments->format)); });
 }
 
 }  // namespace oclacp::cli

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "cli/command.h"
 #include "cli/locations.h"
@@ -41,7 +42,7 @@ class RecordsCommand {
   CLI::App* list_;
   CLI::App* show_;
   CLI::App* decode_;
-  std::string module_;
+  std::vector<std::string> modules_;
   std::string name_;
   std::string file_;
   std::string format_ = "table";
@@ -52,11 +53,10 @@ RecordsCommand::RecordsCommand(CLI::App& app)
     : command_(app.add_subcommand("records", "Show the records that the module describes, and decode their bytes")),
       list_(command_->add_subcommand("list", "List the bags with the sizes of their records")),
       show_(command_->add_subcommand("show", "Show the fields of a bag's records with offset, size and type")),
-      decode_(command_->add_subcommand("decode", "Decode the bytes of one record")),
-      module_(default_module()) {
+      decode_(command_->add_subcommand("decode", "Decode the bytes of one record")) {
   command_->require_subcommand(1);
   for (CLI::App* command : {list_, show_, decode_}) {
-    command->add_option("--module", module_, "The mapping module")->type_name("FILE");
+    add_modules(*command, modules_);
   }
   for (CLI::App* command : {show_, decode_}) {
     command->add_option("NAME", name_, "The bag, as in `oclacp records list`")->required();
@@ -77,16 +77,16 @@ std::string RecordsCommand::run() const {
   if (decode_->parsed()) {
     return decode();
   }
-  const host::RecordRegistry& registry = host::register_records_of(module_);
+  const host::RecordRegistry& registry = host::register_records_of(shipped_schemas(), modules_or_default(modules_));
   return show_->parsed() ? host::show_bag(bag_named(registry, name_)) : host::list_bags(registry);
 }
 
 std::string RecordsCommand::decode() const {
-  const host::Bag& bag = bag_named(host::register_records_of(module_), name_);
+  const host::Bag& bag = bag_named(host::register_records_of(shipped_schemas(), modules_or_default(modules_)), name_);
   const std::string bytes = host::read_text_file(file_, bag.schema.top().size);
   host::InterfaceNames interfaces = host::interface_names(host::EmptySnapshot());
   if (!device_.empty()) {
-    const host::Translator translator({shipped_schemas(), ""}, module_);
+    const host::Translator translator({shipped_schemas(), ""}, modules_or_default(modules_));
     interfaces = host::interface_names(*host::open_device(translator.native_context(), device_)->snapshot());
   }
   const host::DecodedField record = host::decode_record(bag, bytes, interfaces);

@@ -2,11 +2,13 @@
 # and pkg-config find them.
 #
 # A framework loads the module with dlopen() and needs the headers only; it finds the module's path as the file of the
-# target oclacp::module, or as the variable `module` of the pkg-config package oclacp.
+# target oclacp::module, or as the variable `module` of the pkg-config package oclacp. The module's manifest stands
+# beside it.
 include(CMakePackageConfigHelpers)
 
 set(OCLACP_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/oclacp)
 set(OCLACP_SCHEMA_DIR ${CMAKE_INSTALL_DATADIR}/oclacp/yang)
+set(OCLACP_MANIFEST ${CMAKE_INSTALL_LIBDIR}/libymap_oclacp.json)
 
 target_include_directories(ymap_oclacp INTERFACE $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
                                                  $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
@@ -25,7 +27,7 @@ install(DIRECTORY yang/ DESTINATION ${OCLACP_SCHEMA_DIR})
 configure_package_config_file(
   cmake/oclacp-config.cmake.in oclacp-config.cmake
   INSTALL_DESTINATION ${OCLACP_PACKAGE_DIR}
-  PATH_VARS OCLACP_SCHEMA_DIR
+  PATH_VARS OCLACP_SCHEMA_DIR OCLACP_MANIFEST
   NO_CHECK_REQUIRED_COMPONENTS_MACRO)
 write_basic_package_version_file(oclacp-config-version.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${CMAKE_CURRENT_BINARY_DIR}/oclacp-config.cmake ${CMAKE_CURRENT_BINARY_DIR}/oclacp-config-version.cmake

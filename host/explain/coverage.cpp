@@ -38,8 +38,8 @@ std::string reason_of(const CoveredLeaf& leaf) {
   return std::string(leaf.refusal ? "refused" : "comes to nothing") + (leaf.sources.empty() ? ", has no source" : "");
 }
 
-Coverage find_coverage(const LeafTables& tables, const Schemas& schemas, Probe& probe, LeafMappingFinder& mappings) {
-  Coverage coverage{ly_ctx_get_module_implemented(schemas.request(), "openconfig-lacp"), {}};
+Coverage find_coverage(const lys_module& model, const LeafTables& tables, Probe& probe, LeafMappingFinder& mappings) {
+  Coverage coverage{&model, {}};
   for (const lysc_node* top = coverage.module->compiled->data; top != nullptr; top = top->next) {
     for (const lysc_node* leaf : leaves_of(top)) {
       coverage.leaves.push_back(cover(tables, probe, mappings, leaf));

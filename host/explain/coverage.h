@@ -1,4 +1,4 @@
-// What of openconfig-lacp the mapping serves.
+// What of a published model the mapping serves.
 #pragma once
 
 #include <optional>
@@ -27,11 +27,11 @@ struct CoveredLeaf {
 std::string reason_of(const CoveredLeaf& leaf);
 
 struct Coverage {
-  const lys_module* module;         // openconfig-lacp as loaded
+  const lys_module* module;         // the published model as loaded
   std::vector<CoveredLeaf> leaves;  // all of it, in the schema's order
 };
 
 // Every leaf's edit and read is tried.
-Coverage find_coverage(const LeafTables& tables, const Schemas& schemas, Probe& probe, LeafMappingFinder& mappings);
+Coverage find_coverage(const lys_module& model, const LeafTables& tables, Probe& probe, LeafMappingFinder& mappings);
 
 }  // namespace oclacp::host

@@ -1,5 +1,6 @@
 #include "host/explain/explainer.h"
 
+#include "host/base/error.h"
 #include "host/explain/coverage_printer.h"
 #include "host/explain/deviations.h"
 #include "host/explain/explanation.h"
@@ -13,12 +14,12 @@ struct Explainer::Parts {
   Probe probe;
   LeafMappingFinder mappings;
 
-  Parts(const SchemaDirectories& directories, const std::string& module_file)
-      : mapping(directories, module_file), tables(mapping), probe(mapping), mappings(tables, mapping.schemas, probe) {}
+  Parts(const SchemaDirectories& directories, const std::vector<std::string>& libraries)
+      : mapping(directories, libraries), tables(mapping), probe(mapping), mappings(tables, mapping.schemas, probe) {}
 };
 
-Explainer::Explainer(const SchemaDirectories& schemas, const std::string& module_file)
-    : parts_(std::make_unique<Parts>(schemas, module_file)) {}
+Explainer::Explainer(const SchemaDirectories& schemas, const std::vector<std::string>& libraries)
+    : parts_(std::make_unique<Parts>(schemas, libraries)) {}
 
 Explainer::~Explainer() = default;
 
@@ -31,8 +32,14 @@ std::string Explainer::explain(const std::string& path) {
   return text;
 }
 
-std::string Explainer::coverage(CoverageFormat format) {
-  const Coverage coverage = find_coverage(parts_->tables, parts_->mapping.schemas, parts_->probe, parts_->mappings);
+std::string Explainer::coverage(const std::string& model, CoverageFormat format) {
+  const std::vector<SchemaModule>& published = parts_->mapping.modules.front().manifest().schemas.published;
+  const std::string& name = model.empty() ? published.front().name : model;
+  const lys_module* module = ly_ctx_get_module_implemented(parts_->mapping.schemas.request(), name.c_str());
+  if (module == nullptr || module->compiled->data == nullptr) {
+    throw Error(ErrorKind::kInvalidValue, name + ": no mapping module has this published model");
+  }
+  const Coverage coverage = find_coverage(*module, parts_->tables, parts_->probe, parts_->mappings);
   switch (format) {
     case CoverageFormat::kJson:
       return coverage_json(coverage);

@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "host/base/export.h"
 #include "host/yang/schemas.h"
@@ -16,23 +17,24 @@ enum class CoverageFormat {
   kYang,      // a module that deviates what is not served
 };
 
-// A loaded module with its tables and the schemas on both sides. No device is asked. Used by one thread at a time.
+// Loaded modules with their tables and the schemas on both sides. No device is asked. Used by one thread at a time.
 class OCLACP_HOST_API Explainer {
  public:
-  // `module_file`: the mapping module's shared library. Throws Error.
-  Explainer(const SchemaDirectories& schemas, const std::string& module_file);
+  // `libraries`: the mapping modules' shared libraries, each with its manifest beside it. Throws Error.
+  Explainer(const SchemaDirectories& schemas, const std::vector<std::string>& libraries);
   ~Explainer();
   Explainer(const Explainer&) = delete;
   Explainer& operator=(const Explainer&) = delete;
   Explainer(Explainer&&) = delete;
   Explainer& operator=(Explainer&&) = delete;
 
-  // What the mapping does with a node of openconfig-lacp or of a native model. `path` is absolute; prefixes and
+  // What the mapping does with a node of a published or of a native model. `path` is absolute; prefixes and
   // predicates may be there or not, and predicates make no difference. Throws Error when there is no such node.
   std::string explain(const std::string& path);
 
-  // What of openconfig-lacp, as loaded, the mapping serves.
-  std::string coverage(CoverageFormat format);
+  // What of a published model, as loaded, the mapping serves. `model` is a name; empty for the first that a manifest
+  // names. Throws Error when no mapping has it.
+  std::string coverage(const std::string& model, CoverageFormat format);
 
  private:
   struct Parts;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <span>
 
+#include "host/base/error.h"
+
 namespace oclacp::host {
 namespace {
 
@@ -29,12 +31,20 @@ void append(std::vector<LeafRow>& rows, const oclacp_leaf_table& table, SchemaIn
 }  // namespace
 
 LeafTables::LeafTables(LoadedMapping& mapping) {
-  const MappingModule::LeafTables tables = mapping.module.leaf_tables();
   SchemaIndex& openconfig = mapping.openconfig.index;
   SchemaIndex& native = mapping.native.index;
-  append(openconfig_, tables.openconfig, openconfig, native);
-  append(native_, tables.native_configuration, native, openconfig);
-  append(native_, tables.native_operational, native, openconfig);
+  bool has_tables = false;
+  for (const MappingModule& module : mapping.modules) {
+    if (const auto tables = module.leaf_tables()) {
+      has_tables = true;
+      append(openconfig_, tables->openconfig, openconfig, native);
+      append(native_, tables->native_configuration, native, openconfig);
+      append(native_, tables->native_operational, native, openconfig);
+    }
+  }
+  if (!has_tables) {
+    throw file_error(ErrorKind::kOperationFailed, mapping.modules.front().manifest().file, "names no leaf tables");
+  }
 }
 
 const LeafRow* LeafTables::find(const lysc_node* leaf) const {

@@ -19,7 +19,7 @@ struct LeafRow {
 // Rows and targets whose nodes the loaded schemas do not have are left out.
 class LeafTables {
  public:
-  // `mapping` outlives this. Throws Error when the module has no tables.
+  // `mapping` outlives this. Throws Error when no module has tables.
   explicit LeafTables(LoadedMapping& mapping);
 
   [[nodiscard]] const std::vector<LeafRow>& openconfig() const { return openconfig_; }

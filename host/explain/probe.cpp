@@ -142,7 +142,7 @@ ProbeResult Probe::run_request(const std::string& path, uint32_t operation, cons
   OutputLog log(mapping_.native.index, operation == YFW_REQUEST_EDIT);
   RequestTree request = parse_paths(mapping_.schemas.request(), {path});
   try {
-    walk_request(mapping_.module.request_walker(), request, operation, log, {});
+    walk_request(mapping_.request_walker(request), request, operation, log, {});
   } catch (const Error& error) {
     return refused(error.what());
   }
@@ -166,7 +166,10 @@ ProbeResult Probe::native_alone(const lysc_node* node, const std::string& value)
 
 ProbeResult Probe::run_native(const lyd_node* data, const DeviceSnapshot& device) {
   const lysc_node* top = data->schema;
-  const yfw_map_walker walker = mapping_.module.native_walker(top->module->ns, top->name);
+  yfw_map_walker walker = nullptr;
+  for (const MappingModule& module : mapping_.modules) {
+    walker = walker == nullptr ? module.native_walker(top->module->ns, top->name) : walker;
+  }
   if (walker == nullptr) {
     return {};
   }

@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "host/base/error.h"
 #include "host/base/status_text.h"
@@ -10,50 +11,42 @@
 #include "host/services/current_device.h"
 
 namespace oclacp::host {
-namespace {
-
-constexpr std::array kRegistrations = {"yfw_map_reg_oclacp_lacpbundles_conf", "yfw_map_reg_oclacp_lacpbundles_oper",
-                                       "yfw_map_reg_oclacp_lacpbundles_global_conf",
-                                       "yfw_map_reg_oclacp_lacpglobaldata_oper"};
-constexpr const char* kRecordRegistration = "bag_register_all_bundlemgr_distrib_bags";
-
-}  // namespace
 
 void MappingModule::Close::operator()(void* library) const {
   dlclose(library);
 }
 
-// Null when the library has no such function.
 template <typename Function>
-Function* MappingModule::find(const char* name) const {
-  return reinterpret_cast<Function*>(dlsym(library_.get(), name));
+Function* MappingModule::find(const std::string& name) const {
+  auto* function = reinterpret_cast<Function*>(dlsym(library_.get(), name.c_str()));
+  if (function == nullptr) {
+    throw file_error(ErrorKind::kOperationFailed, manifest_.file,
+                     "names the function " + name + ", which " + manifest_.library + " does not export");
+  }
+  return function;
 }
 
-MappingModule::MappingModule(const std::string& file) {
-  // A name without a slash would be searched in the system's folders.
-  const std::string path = file.find('/') == std::string::npos ? "./" + file : file;
-  check_shared_library_is_whole(path);
-  library_.reset(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL));
+MappingModule::MappingModule(ModuleManifest manifest) : manifest_(std::move(manifest)) {
+  check_shared_library_is_whole(manifest_.library);
+  library_.reset(dlopen(manifest_.library.c_str(), RTLD_NOW | RTLD_LOCAL));
   if (library_ == nullptr) {
     throw Error(ErrorKind::kOperationFailed, "the mapping module cannot be loaded: " + std::string(dlerror()),
-                {.path = {}, .file = file});
+                {.path = {}, .file = manifest_.library});
   }
-  auto* initialise = find<cerrno()>("yfw_oclacp_init");
-  auto* clean_up = find<void()>("yfw_oclacp_cleanup");
-  std::array<void (*)(yfw_map_registration*), kRegistrations.size()> fill{};
-  std::transform(kRegistrations.begin(), kRegistrations.end(), fill.begin(),
-                 [this](const char* name) { return find<void(yfw_map_registration*)>(name); });
-  if (initialise == nullptr || clean_up == nullptr || std::find(fill.begin(), fill.end(), nullptr) != fill.end()) {
-    throw file_error(ErrorKind::kOperationFailed, file, "is not a mapping module for openconfig-lacp");
+  auto* initialise = find<cerrno()>(manifest_.initialisation);
+  auto* clean_up = find<void()>(manifest_.cleanup);
+  std::vector<void (*)(yfw_map_registration*)> fill;
+  for (const std::string& name : manifest_.registrations) {
+    fill.push_back(find<void(yfw_map_registration*)>(name));
   }
   // What was bound before an initialisation failed is unbound too.
   clean_up_.reset(clean_up);
   if (const cerrno status = initialise(); status != YFW_OK) {
-    throw file_error(ErrorKind::kOperationFailed, file,
+    throw file_error(ErrorKind::kOperationFailed, manifest_.library,
                      std::string("the mapping module does not start: ") + status_text(status));
   }
-  for (size_t index = 0; index < fill.size(); ++index) {
-    fill[index](&registrations_[index]);
+  for (const auto& one : fill) {
+    one(&registrations_.emplace_back());
   }
 }
 
@@ -68,8 +61,16 @@ void MappingModule::require_offer() const {
     const CurrentDevice* current = CurrentDevice::current();
     throw Error(ErrorKind::kOperationNotSupported,
                 "platform type " + std::to_string(current == nullptr ? 0 : current->device().router_type()) +
-                    ": the mapping module does not offer openconfig-lacp on devices of this type");
+                    ": the mapping module does not offer " + manifest_.schemas.published.front().name +
+                    " on devices of this type");
   }
+}
+
+yfw_map_walker MappingModule::request_walker(std::string_view ns, std::string_view root) const {
+  const auto found = std::find_if(registrations_.begin(), registrations_.end(), [&](const auto& registration) {
+    return registration.openconfig_ns == ns && registration.openconfig_root == root;
+  });
+  return found == registrations_.end() ? nullptr : found->openconfig_walker;
 }
 
 yfw_map_walker MappingModule::native_walker(std::string_view ns, std::string_view root) const {
@@ -79,21 +80,17 @@ yfw_map_walker MappingModule::native_walker(std::string_view ns, std::string_vie
   return found == registrations_.end() ? nullptr : found->native_walker;
 }
 
-MappingModule::LeafTables MappingModule::leaf_tables() const {
-  const auto table = [this](const char* accessor) {
-    auto* tell = find<oclacp_leaf_table()>(accessor);
-    if (tell == nullptr) {
-      throw Error(ErrorKind::kOperationFailed,
-                  std::string("the mapping module exports no leaf table: it has no ") + accessor);
-    }
-    return tell();
-  };
-  return {table("oclacp_openconfig_leaves"), table("oclacp_native_configuration_leaves"),
-          table("oclacp_native_operational_leaves")};
+std::optional<MappingModule::LeafTables> MappingModule::leaf_tables() const {
+  if (!manifest_.leaf_tables) {
+    return std::nullopt;
+  }
+  const auto table = [this](const std::string& name) { return find<oclacp_leaf_table()>(name)(); };
+  return LeafTables{table(manifest_.leaf_tables->published), table(manifest_.leaf_tables->native_configuration),
+                    table(manifest_.leaf_tables->native_state)};
 }
 
 MappingModule::RecordRegistration* MappingModule::record_registration() const {
-  return find<RecordRegistration>(kRecordRegistration);
+  return manifest_.record_registration.empty() ? nullptr : find<RecordRegistration>(manifest_.record_registration);
 }
 
 }  // namespace oclacp::host

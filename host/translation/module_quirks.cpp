@@ -7,6 +7,7 @@
 
 #include "host/base/error.h"
 #include "host/base/status_text.h"
+#include "host/devices/native_model.h"
 #include "host/trees/node.h"
 #include "host/trees/operation.h"
 
@@ -33,6 +34,12 @@ bool only_names_entry(const OutputLog::Addition& addition) {
 }
 
 }  // namespace
+
+bool maps_interfaces(const MappingModule& module) {
+  const std::vector<SchemaModule>& native = module.manifest().schemas.native;
+  return std::any_of(native.begin(), native.end(),
+                     [](const SchemaModule& schema) { return schema.name == native_model::kInterfaceModule; });
+}
 
 void name_contents_of_bare_entries(RequestTree& read) {
   for (yfw_datatree& node : read.nodes()) {

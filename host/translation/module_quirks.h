@@ -7,10 +7,14 @@
 #include <vector>
 
 #include "host/services/current_device.h"
+#include "host/translation/mapping_module.h"
 #include "host/trees/output_log.h"
 #include "host/trees/request_tree.h"
 
 namespace oclacp::host {
+
+// Whether a mapping is of the configuration of interfaces: what is said of entries below holds for its alone.
+bool maps_interfaces(const MappingModule& module);
 
 // A read of a list without a key means all entries with all that is in them (RFC 6241, 6.2.4). The module takes such an
 // entry for one of which only the keys are asked, because it expands an entry only when this names its key. It is

@@ -54,8 +54,8 @@ bool NativeReader::is_unwanted(const NativeParts& parts, size_t branch, yfw_map_
   }
   bool comes_to_others = false;
   for (const OutputLog::Entry& entry : output.entries()) {
-    if (entry.list == wanted_.list) {
-      if (entry.has_keys() && wanted_.keys.count(entry.keys.front()) != 0) {
+    if (entry.list == wanted_->list) {
+      if (entry.has_keys() && wanted_->keys.count(entry.keys.front()) != 0) {
         return false;
       }
       comes_to_others = true;
@@ -79,7 +79,7 @@ std::optional<Error> NativeReader::walk(yfw_map_walker walker, const yfw_datatre
 }
 
 yfw_map_walker NativeReader::walker_of(const lysc_node* top) const {
-  return module_.native_walker(top->module->ns, top->name);
+  return module_->native_walker(top->module->ns, top->name);
 }
 
 // Whether to go on.
@@ -113,7 +113,7 @@ void NativeReader::read(const lyd_node* data, const NativeSelection::Node* selec
     return;
   }
   NativeParts parts(data, selected);
-  if (wanted_.list != nullptr && parts.branches().size() > 1) {
+  if (wanted_->list != nullptr && parts.branches().size() > 1) {
     const std::vector<bool> is_wanted = find_wanted(parts, walker);
     parts.drop_if([&](size_t branch) { return !is_wanted[branch]; });
   }
@@ -127,7 +127,7 @@ bool NativeReader::read_in_pieces(const NativeDocument& document, const lysc_nod
   const yfw_map_walker walker = walker_of(top);
   bool goes_on = true;
   NativeDocument::Visitor visitor;
-  if (wanted_.list != nullptr) {
+  if (wanted_->list != nullptr) {
     visitor.choose = [&](const lyd_node* keys) { return find_wanted(NativeParts(keys, nullptr), walker); };
   }
   visitor.visit = [&](const lyd_node* piece) {

@@ -36,17 +36,17 @@ class NativeReader {
   // What becomes of an entry that cannot be translated: it ends the walk of its tree, or is left out.
   enum class OnFailure { kStop, kLeaveOut };
 
-  // `operation` is the code of a read; `context` is that of the OpenConfig side. Native list entries that come to
-  // entries of the OpenConfig list, but to none of `wanted`, are left out. All outlive this.
-  NativeReader(const MappingModule& module, TreeContext& context, uint32_t operation, const EntryFilter& wanted,
-               const RecordSinks& sinks, OnFailure on_failure = OnFailure::kStop)
-      : module_(module),
-        context_(context),
-        operation_(operation),
-        wanted_(wanted),
-        sinks_(sinks),
-        on_failure_(on_failure),
-        answer_(context) {}
+  // `operation` is the code of a read; `context` is that of the OpenConfig side. All outlive this.
+  NativeReader(TreeContext& context, uint32_t operation, const RecordSinks& sinks,
+               OnFailure on_failure = OnFailure::kStop)
+      : context_(context), operation_(operation), sinks_(sinks), on_failure_(on_failure), answer_(context) {}
+
+  // What follows is read with this module. Native list entries that come to entries of the OpenConfig list, but to none
+  // of `wanted`, are left out. Both outlive this.
+  void use(const MappingModule& module, const EntryFilter& wanted) {
+    module_ = &module;
+    wanted_ = &wanted;
+  }
 
   // Reads one native top node, or what is selected of it; null and a tree that no mapping serves have no effect. Throws
   // Error when something in it cannot be translated and is not left out.
@@ -68,10 +68,10 @@ class NativeReader {
   [[nodiscard]] bool is_unwanted(const NativeParts& parts, size_t branch, yfw_map_walker walker) const;
   std::optional<Error> walk(yfw_map_walker walker, const yfw_datatree* top);
 
-  const MappingModule& module_;
+  const MappingModule* module_ = nullptr;
   TreeContext& context_;
   uint32_t operation_;
-  const EntryFilter& wanted_;
+  const EntryFilter* wanted_ = nullptr;
   const RecordSinks& sinks_;
   OnFailure on_failure_;
   AnswerBuilder answer_;

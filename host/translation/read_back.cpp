@@ -18,16 +18,21 @@ const lyd_node* find_top(const lyd_node* tops, const lysc_node* schema) {
 
 }  // namespace
 
-std::vector<std::string> read_back(const MappingModule& module, TreeContext& openconfig, const OutputLog& edit,
-                                   const DeviceSnapshot& device, const lyd_node* running) {
+std::vector<std::string> read_back(LoadedMapping& mapping, const OutputLog& edit, const DeviceSnapshot& device,
+                                   const lyd_node* running) {
   const EditedSnapshot edited(device, running);
   const CurrentDevice current(edited);
   const EntryFilter all;
   const RecordSinks none;
-  NativeReader reader(module, openconfig, YFW_REQUEST_READ_CONFIG, all, none, NativeReader::OnFailure::kLeaveOut);
+  NativeReader reader(mapping.openconfig, YFW_REQUEST_READ_CONFIG, none, NativeReader::OnFailure::kLeaveOut);
   const NativeSelection named(edit);
-  for (const NativeSelection::Node* top : named.tops()) {
-    reader.read(find_top(running, top->schema), top);
+  for (const MappingModule& module : mapping.modules) {
+    if (module.is_offered()) {
+      reader.use(module, all);
+      for (const NativeSelection::Node* top : named.tops()) {
+        reader.read(find_top(running, top->schema), top);
+      }
+    }
   }
   Answer answer;
   reader.finish(answer);

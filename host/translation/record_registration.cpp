@@ -5,15 +5,21 @@
 
 namespace oclacp::host {
 
-const RecordRegistry& register_records_of(const std::string& module_file) {
-  const MappingModule module(module_file);
-  MappingModule::RecordRegistration* register_all = module.record_registration();
-  if (register_all == nullptr) {
-    throw file_error(ErrorKind::kOperationFailed, module_file, "has no records");
+const RecordRegistry& register_records_of(const std::string& schemas, const std::vector<std::string>& libraries) {
+  bool has_records = false;
+  for (const ModuleManifest& manifest : read_module_manifests(schemas, libraries)) {
+    const MappingModule module(manifest);
+    MappingModule::RecordRegistration* register_all = module.record_registration();
+    if (register_all == nullptr) {
+      continue;
+    }
+    has_records = true;
+    if (register_all() != YFW_OK) {
+      throw Error(ErrorKind::kInternal, RecordRegistry::of_process().reason());
+    }
   }
-  const cerrno status = register_all();
-  if (status != YFW_OK) {
-    throw Error(ErrorKind::kInternal, RecordRegistry::of_process().reason());
+  if (!has_records) {
+    throw file_error(ErrorKind::kOperationFailed, libraries.front(), "has no records");
   }
   return RecordRegistry::of_process();
 }

@@ -78,8 +78,8 @@ void check_strictly(RequestTree& tree) {
 
 }  // namespace
 
-Translator::Translator(const SchemaDirectories& schemas, const std::string& module_file)
-    : mapping_(std::make_unique<LoadedMapping>(schemas, module_file)) {}
+Translator::Translator(const SchemaDirectories& schemas, const std::vector<std::string>& libraries)
+    : mapping_(std::make_unique<LoadedMapping>(schemas, libraries)) {}
 
 Translator::~Translator() = default;
 
@@ -108,22 +108,33 @@ DefaultOperation default_operation(const ParsedRequest& request, const EditOptio
 // An edit from its text to what it comes to natively; the later are made of the earlier.
 struct TranslatedEdit {
   TranslatedEdit(ParsedRequest parsed, LoadedMapping& mapping, const DeviceSnapshot& device, const EditOptions& options)
-      : request(std::move(parsed)), installed(device), log(mapping.native.index, true) {
+      : request(std::move(parsed)),
+        module(mapping.module_for(request.tree)),
+        maps_interfaces(host::maps_interfaces(module)),
+        installed(device),
+        log(mapping.native.index, true) {
     apply_default(default_operation(request, options), request.tree);
     check_nothing_added_below_deletes(request.tree);
-    const AbsentNodes absent(request.tree, installed);
-    use_entry_form_keys(request.tree, installed);
-    mapping.module.require_offer();
-    walk_request(mapping.module.request_walker(), request.tree, YFW_REQUEST_EDIT, log, options.records);
+    std::optional<AbsentNodes> absent;
+    if (maps_interfaces) {
+      absent.emplace(request.tree, installed);
+      use_entry_form_keys(request.tree, installed);
+    }
+    module.require_offer();
+    walk_request(mapping.request_walker(request.tree), request.tree, YFW_REQUEST_EDIT, log, options.records);
     if (options.is_strict) {
       check_strictly(request.tree);
     }
-    absent.check_deleted();
-    absent.drop_additions(log);
+    if (absent) {
+      absent->check_deleted();
+      absent->drop_additions(log);
+    }
     native.emplace(log);
   }
 
   ParsedRequest request;
+  const MappingModule& module;
+  bool maps_interfaces;
   CurrentDevice installed;  // some of the request's names are its
   OutputLog log;
   std::optional<EditTree> native;
@@ -166,16 +177,19 @@ ParsedRequestPtr Translator::read_delete(const std::vector<std::string>& paths, 
 
 EditPlan Translator::plan(ParsedRequestPtr request, const DeviceSnapshot& device, const PlanOptions& options) {
   TranslatedEdit edit(std::move(*request), *mapping_, device, options);
-  check_creations(edit.request.tree, edit.installed);
-  check_creations_set_something(edit.request.tree);
   EditPlan plan;
-  plan.warnings = find_entries_without_settings(edit.request.tree, edit.installed);
+  if (edit.maps_interfaces) {
+    check_creations(edit.request.tree, edit.installed);
+  }
+  check_creations_set_something(edit.request.tree);
+  if (edit.maps_interfaces) {
+    plan.warnings = find_entries_without_settings(edit.request.tree, edit.installed);
+  }
   plan.running = apply_edit(native_context(), *edit.native, device);
   plan.first_change = find_first_change(native_context(), device.running(), plan.running.get());
   plan.dropped_entries = edit.native->dropped_entries();
   if (plan.changes_something()) {
-    const std::vector<std::string> unreadable =
-        read_back(mapping_->module, mapping_->openconfig, edit.log, device, plan.running.get());
+    const std::vector<std::string> unreadable = read_back(*mapping_, edit.log, device, plan.running.get());
     plan.warnings.insert(plan.warnings.end(), unreadable.begin(), unreadable.end());
   }
   if (options.is_strict && !plan.warnings.empty()) {

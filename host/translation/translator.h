@@ -73,11 +73,14 @@ struct Translation {
   size_t dropped_entries = 0;
 };
 
-// A loaded module with the schemas on both sides. Used by one thread at a time; serves any number of requests.
+// Loaded modules with the schemas on both sides. Used by one thread at a time; serves any number of requests.
 class OCLACP_HOST_API Translator {
  public:
-  // `module_file`: the mapping module's shared library. Throws Error.
-  Translator(const SchemaDirectories& schemas, const std::string& module_file);
+  // `libraries`: the mapping modules' shared libraries, each with its manifest beside it (yang/oclacp-module.yang).
+  // Throws Error.
+  Translator(const SchemaDirectories& schemas, const std::vector<std::string>& libraries);
+  Translator(const SchemaDirectories& schemas, const std::string& library)
+      : Translator(schemas, std::vector<std::string>{library}) {}
   ~Translator();
   Translator(const Translator&) = delete;
   Translator& operator=(const Translator&) = delete;
@@ -97,7 +100,7 @@ class OCLACP_HOST_API Translator {
   std::vector<std::string> translate_read(const std::string& request, const DeviceSnapshot& device, Content content,
                                           const RecordSinks& records = {});
 
-  // Reads what `paths` lead to. Throws Error.
+  // Reads what `paths` lead to, which may be nodes that different modules serve. Throws Error.
   Answer get(const DeviceSnapshot& device, const std::vector<std::string>& paths, const ReadOptions& options);
 
   // The native configuration of the interfaces below `paths` that OpenConfig has no form for: a line for each leaf,

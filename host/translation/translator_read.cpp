@@ -1,5 +1,8 @@
 // The translator's way back: from native data to OpenConfig.
+#include <algorithm>
+#include <deque>
 #include <optional>
+#include <utility>
 
 #include "host/services/current_device.h"
 #include "host/translation/loaded_mapping.h"
@@ -11,6 +14,8 @@
 #include "host/trees/read_paths.h"
 #include "host/trees/subtree_filter.h"
 #include "host/yang/native_parser.h"
+#include "host/yang/path_parser.h"
+#include "host/yang/schema_nodes.h"
 
 namespace oclacp::host {
 namespace {
@@ -40,15 +45,39 @@ uint32_t operation_code(Content content) {
 // What a request asks for, on both sides.
 struct ReadRequest {
   ReadRequest(LoadedMapping& mapping, RequestTree parsed, Content content, const RecordSinks& records)
-      : request(std::move(parsed)), asked(mapping.native.index, false) {
-    mapping.module.require_offer();
+      : request(std::move(parsed)), module(mapping.module_for(request)), asked(mapping.native.index, false) {
+    module.require_offer();
     name_contents_of_bare_entries(request);
-    walk_request(mapping.module.request_walker(), request, operation_code(content), asked, records);
+    wanted = make_entry_filter(request.top());
+    walk_request(mapping.request_walker(request), request, operation_code(content), asked, records);
   }
 
   RequestTree request;
+  const MappingModule& module;
   OutputLog asked;
+  EntryFilter wanted;
 };
+
+// Each is for one top node.
+using ReadRequests = std::deque<ReadRequest>;
+
+ReadRequests read_requests(LoadedMapping& mapping, const std::vector<std::string>& paths, Content content,
+                           const RecordSinks& records) {
+  const ly_ctx* context = mapping.schemas.request();
+  std::vector<std::pair<const lysc_node*, std::vector<std::string>>> paths_by_top;
+  for (const std::string& path : paths) {
+    const lysc_node* top = find_step(context, nullptr, parse_path_steps(path).front());
+    const auto found = std::find_if(paths_by_top.begin(), paths_by_top.end(),
+                                    [top](const auto& others) { return others.first == top; });
+    (found == paths_by_top.end() ? paths_by_top.emplace_back(top, std::vector<std::string>()) : *found)
+        .second.push_back(path);
+  }
+  ReadRequests requests;
+  for (const auto& [top, of_top] : paths_by_top) {
+    requests.emplace_back(mapping, parse_paths(context, of_top), content, records);
+  }
+  return requests;
+}
 
 bool is_configuration(const lysc_node* top) {
   return (top->flags & LYS_CONFIG_W) != 0;
@@ -91,41 +120,46 @@ std::vector<std::string> Translator::translate_read(const std::string& request, 
 Answer Translator::get(const DeviceSnapshot& device, const std::vector<std::string>& paths,
                        const ReadOptions& options) {
   const CurrentDevice installed(device);
-  ReadRequest read_request(*mapping_, parse_paths(mapping_->schemas.request(), paths), options.content,
-                           options.records);
-  const EntryFilter wanted = make_entry_filter(read_request.request.top());
-  const NativeSelection selection(read_request.asked);
+  ReadRequests requests = read_requests(*mapping_, paths, options.content, options.records);
   const auto on_failure = options.keeps_going ? NativeReader::OnFailure::kLeaveOut : NativeReader::OnFailure::kStop;
   const auto read = [&](bool is_in_pieces) {
-    NativeReader reader(mapping_->module, mapping_->openconfig, operation_code(options.content), wanted,
-                        options.records, on_failure);
+    NativeReader reader(mapping_->openconfig, operation_code(options.content), options.records, on_failure);
     std::optional<Answer> answer;
-    if (read_device(reader, selection, device, is_in_pieces)) {
-      reader.finish(answer.emplace());
+    for (const ReadRequest& request : requests) {
+      reader.use(request.module, request.wanted);
+      if (!read_device(reader, NativeSelection(request.asked), device, is_in_pieces)) {
+        return answer;
+      }
     }
+    reader.finish(answer.emplace());
     return answer;
   };
   std::optional<Answer> answer = read(!options.records.are_used());
   if (!answer) {
     answer = read(false);
   }
-  apply_subtree_filter(answer->data, read_request.request.top(), mapping_->openconfig.values);
+  std::vector<const yfw_datatree*> tops;
+  for (ReadRequest& request : requests) {
+    tops.push_back(request.request.top());
+  }
+  apply_subtree_filter(answer->data, tops, mapping_->openconfig.values);
   return std::move(*answer);
 }
 
 std::string Translator::list_unmapped(const DeviceSnapshot& device, const std::vector<std::string>& paths) {
   const CurrentDevice installed(device);
-  const ReadRequest read_request(*mapping_, parse_paths(mapping_->schemas.request(), paths), Content::kConfig, {});
   std::string text;
-  const NativeSelection selection(read_request.asked);
-  for (const NativeSelection::Node* selected : selection.tops()) {
-    const yfw_map_walker walker = mapping_->module.native_walker(selected->schema->module->ns, selected->schema->name);
-    const lyd_node* data = find_data(device, selected->schema);
-    if (walker == nullptr || data == nullptr) {
-      continue;
-    }
-    for (const std::string& line : find_unmapped(data, *selected, walker, mapping_->openconfig.index)) {
-      text.append(line).append("\n");
+  for (const ReadRequest& request : read_requests(*mapping_, paths, Content::kConfig, {})) {
+    const NativeSelection selection(request.asked);
+    for (const NativeSelection::Node* selected : selection.tops()) {
+      const yfw_map_walker walker = request.module.native_walker(selected->schema->module->ns, selected->schema->name);
+      const lyd_node* data = find_data(device, selected->schema);
+      if (walker == nullptr || data == nullptr) {
+        continue;
+      }
+      for (const std::string& line : find_unmapped(data, *selected, walker, mapping_->openconfig.index)) {
+        text.append(line).append("\n");
+      }
     }
   }
   return text;
@@ -134,7 +168,7 @@ std::string Translator::list_unmapped(const DeviceSnapshot& device, const std::v
 namespace {
 
 // Reads all that a document holds. False when it has to be read whole, and by another reader then.
-bool read_input(NativeReader& reader, const MappingModule& module, const NativeDocument& input,
+bool read_input(NativeReader& reader, const LoadedMapping& mapping, const EntryFilter& all, const NativeDocument& input,
                 const DeviceSnapshot* device) {
   const lyd_node* rest = input.without_lists();
   if (rest == nullptr) {
@@ -142,12 +176,15 @@ bool read_input(NativeReader& reader, const MappingModule& module, const NativeD
   }
   const InputSnapshot input_device(rest);
   const CurrentDevice installed(device == nullptr ? input_device : *device);
-  if (!module.is_offered()) {
-    return false;
-  }
-  for (const lyd_node* top = rest; top != nullptr; top = top->next) {
-    if (!reader.read_in_pieces(input, top->schema, nullptr)) {
+  for (const MappingModule& module : mapping.modules) {
+    if (!module.is_offered()) {
       return false;
+    }
+    reader.use(module, all);
+    for (const lyd_node* top = rest; top != nullptr; top = top->next) {
+      if (!reader.read_in_pieces(input, top->schema, nullptr)) {
+        return false;
+      }
     }
   }
   return true;
@@ -159,14 +196,14 @@ Answer Translator::to_openconfig(const std::string& native, const DeviceSnapshot
                                  const RecordSinks& records) {
   const bool takes_state = content != Content::kConfig;
   const EntryFilter all;
-  NativeReader reader(mapping_->module, mapping_->openconfig, operation_code(content), all, records);
+  NativeReader reader(mapping_->openconfig, operation_code(content), records);
   Answer answer;
   const LYD_FORMAT format = inspect_native(mapping_->schemas.native(), native);
   answer.input_format = format_of(format);
   if (format == LYD_JSON && takes_state && !records.are_used()) {
-    NativeReader piecewise(mapping_->module, mapping_->openconfig, operation_code(content), all, records);
+    NativeReader piecewise(mapping_->openconfig, operation_code(content), records);
     const NativeDocument input(mapping_->schemas.native(), native, "", LYD_VALIDATE_PRESENT, DataKind::kNative);
-    if (read_input(piecewise, mapping_->module, input, device)) {
+    if (read_input(piecewise, *mapping_, all, input, device)) {
       piecewise.finish(answer);
       return answer;
     }
@@ -174,9 +211,12 @@ Answer Translator::to_openconfig(const std::string& native, const DeviceSnapshot
   const TreePtr data = parse_native(mapping_->schemas.native(), native, format, takes_state);
   const InputSnapshot input_device(data.get());
   const CurrentDevice installed(device == nullptr ? input_device : *device);
-  mapping_->module.require_offer();
-  for (const lyd_node* top = data.get(); top != nullptr; top = top->next) {
-    reader.read(top, nullptr);
+  for (const MappingModule& module : mapping_->modules) {
+    module.require_offer();
+    reader.use(module, all);
+    for (const lyd_node* top = data.get(); top != nullptr; top = top->next) {
+      reader.read(top, nullptr);
+    }
   }
   reader.finish(answer);
   return answer;

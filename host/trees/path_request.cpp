@@ -178,7 +178,6 @@ RequestTree make_tree(const ly_ctx* context, PathNodes& nodes) {
   TreePtr data = nodes.take();
   const bool is_alone = data->next == nullptr;
   RequestTree tree(context, std::move(data));
-  require_served_top(tree);
   require_one_top(tree, is_alone);
   return tree;
 }

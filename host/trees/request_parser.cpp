@@ -40,13 +40,6 @@ TreePtr parse(const ly_ctx* context, const std::string& text, LYD_FORMAT format)
 
 }  // namespace
 
-void require_served_top(RequestTree& tree) {
-  const std::string top = node_path(tree.top());
-  if (top != "/openconfig-lacp:lacp") {
-    throw node_error(ErrorKind::kUnknownElement, top, "no mapping serves this node");
-  }
-}
-
 void require_one_top(RequestTree& tree, bool is_alone) {
   if (!is_alone) {
     throw node_error(ErrorKind::kBadElement, node_path(tree.top()), "a request has one top node, this one has more");
@@ -60,7 +53,6 @@ ParsedRequest parse_bare(const ly_ctx* context, const std::string& text) {
   TreePtr data = parse(context, text, inspected.format);
   const bool is_alone = data->next == nullptr;
   RequestTree tree(context, std::move(data));
-  require_served_top(tree);
   const std::string top = node_path(tree.top());
   require_one_top(tree, is_alone);
   if (inspected.format == LYD_XML && tree.operations() != inspected.operations) {

@@ -10,7 +10,7 @@ namespace oclacp::host {
 
 struct ParsedRequest {
   Format format;
-  RequestTree tree;                    // its top node is /openconfig-lacp:lacp
+  RequestTree tree;
   std::string default_operation = {};  // what an <edit-config> around it says (RFC 6241, 7.2); empty without
 };
 
@@ -25,8 +25,5 @@ ParsedRequest parse_resource(const ly_ctx* context, const std::string& path, con
 
 // Refuses a request with more than one top node.
 void require_one_top(RequestTree& tree, bool is_alone);
-
-// Refuses a request whose top node is another than /openconfig-lacp:lacp.
-void require_served_top(RequestTree& tree);
 
 }  // namespace oclacp::host

@@ -1,5 +1,6 @@
 #include "host/trees/subtree_filter.h"
 
+#include <algorithm>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -117,12 +118,19 @@ class Selection {
 
 }  // namespace
 
-void apply_subtree_filter(AnswerData& answer, const yfw_datatree* request, ValueCheck& values) {
+void apply_subtree_filter(AnswerData& answer, const std::vector<const yfw_datatree*>& requests, ValueCheck& values) {
   Selection selection(answer, values);
-  const Index top = answer.find(AnswerData::kRoot, answer.shapes().of(info_of(request).schema));
-  const bool is_asked_for = top != AnswerData::kRoot && selection.take(top, *request);
-  answer.keep_children(AnswerData::kRoot, [&](Index node) { return is_asked_for && node == top; });
-  if (is_asked_for) {
+  std::vector<Index> asked_for;
+  for (const yfw_datatree* request : requests) {
+    const Index top = answer.find(AnswerData::kRoot, answer.shapes().of(info_of(request).schema));
+    if (top != AnswerData::kRoot && selection.take(top, *request)) {
+      asked_for.push_back(top);
+    }
+  }
+  answer.keep_children(AnswerData::kRoot, [&](Index node) {
+    return std::find(asked_for.begin(), asked_for.end(), node) != asked_for.end();
+  });
+  for (const Index top : asked_for) {
     selection.cut(top);
   }
 }

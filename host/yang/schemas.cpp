@@ -1,5 +1,6 @@
 #include "host/yang/schemas.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <string_view>
 #include <system_error>
@@ -10,12 +11,19 @@
 namespace oclacp::host {
 namespace {
 
-constexpr const char* kOperationModule = "ietf-netconf";
+namespace fs = std::filesystem;
 
-ContextPtr make_context(const std::string& directory) {
-  if (!std::filesystem::is_directory(directory)) {
+constexpr const char* kOperationModule = "ietf-netconf";
+constexpr const char* kPlatformModule = "oclacp-platform";
+
+void require_directory(const std::string& directory) {
+  if (!fs::is_directory(directory)) {
     throw file_error(ErrorKind::kOperationFailed, directory, "no such folder of schemas");
   }
+}
+
+ContextPtr make_context(const std::string& directory) {
+  require_directory(directory);
   // Complaints are kept for last_libyang_error() and printed nowhere else.
   ly_log_options(LY_LOSTORE_LAST);
   ly_ctx* context = nullptr;
@@ -23,6 +31,14 @@ ContextPtr make_context(const std::string& directory) {
     throw file_error(ErrorKind::kOperationFailed, directory, "the schemas cannot be read");
   }
   return ContextPtr(context);
+}
+
+void search_in(ly_ctx* context, const std::vector<std::string>& directories) {
+  ly_ctx_unset_searchdir(context, nullptr);
+  for (const std::string& directory : directories) {
+    require_directory(directory);
+    ly_ctx_set_searchdir(context, directory.c_str());
+  }
 }
 
 // The text in quotes behind `begin`, with which a message begins; empty for another message.
@@ -47,7 +63,8 @@ std::string find_file(const std::string& directory, const std::string& module) {
 }
 
 // libyang tells the cause first, and then which modules could not be read because of it, the innermost first.
-[[noreturn]] void refuse(const ly_ctx* context, const std::string& directory, const std::string& module) {
+[[noreturn]] void refuse(const ly_ctx* context, const std::string& directory, const std::string& module,
+                         const std::string& needed_by) {
   const LibyangError cause = first_libyang_error(context);
   std::string unread;
   for (const ly_err_item* item = ly_err_first(context); item != nullptr && unread.empty(); item = item->next) {
@@ -55,10 +72,14 @@ std::string find_file(const std::string& directory, const std::string& module) {
   }
   const std::string missing = quoted_in(cause.reason, "Data model \"");
   if (!missing.empty() && unread.empty()) {
-    throw file_error(ErrorKind::kOperationFailed, directory, "has no module " + missing);
+    throw needed_by.empty() ? file_error(ErrorKind::kOperationFailed, directory, "has no module " + missing)
+                            : file_error(ErrorKind::kOperationFailed, needed_by,
+                                         "names module " + missing + ", which " + directory + " does not have");
   }
   if (unread.empty()) {
-    throw Error(ErrorKind::kOperationFailed, cause.sentence("module " + module), {.path = cause.path, .file = {}});
+    throw Error(ErrorKind::kOperationFailed,
+                cause.sentence("module " + module + (needed_by.empty() ? "" : ", which " + needed_by + " names")),
+                {.path = cause.path, .file = {}});
   }
   const std::string file = find_file(directory, unread);
   const std::string reason =
@@ -69,33 +90,65 @@ std::string find_file(const std::string& directory, const std::string& module) {
               {.path = {}, .file = file, .line = cause.line});
 }
 
-void load(ly_ctx* context, const std::string& directory, const char* module) {
+// `directories`: where it is searched. `needed_by`: who names the module; empty for the host and its user.
+void load(ly_ctx* context, const std::vector<std::string>& directories, const SchemaModule& module,
+          const std::string& needed_by) {
+  std::vector<const char*> features;
+  for (const std::string& feature : module.features) {
+    features.push_back(feature.c_str());
+  }
+  features.push_back(nullptr);
   ly_log_options(LY_LOSTORE);
-  const lys_module* loaded = ly_ctx_load_module(context, module, nullptr, nullptr);
+  const lys_module* loaded = ly_ctx_load_module(context, module.name.c_str(), nullptr, features.data());
   ly_log_options(LY_LOSTORE_LAST);
   if (loaded == nullptr) {
-    refuse(context, directory, module);
+    refuse(context, directories.empty() ? needed_by : directories.front(), module.name, needed_by);
   }
   ly_err_clean(context, nullptr);
 }
 
+// Whether a folder has the files of a mapping's published models, with or without revisions in their names.
+bool has_published(const std::string& directory, const MappedSchemas& mapped) {
+  return std::all_of(mapped.published.begin(), mapped.published.end(), [&](const SchemaModule& module) {
+    const fs::directory_iterator files(directory);
+    return std::any_of(begin(files), end(files), [&](const fs::directory_entry& entry) {
+      const std::string name = entry.path().stem();
+      return entry.path().extension() == ".yang" && (name == module.name || name.starts_with(module.name + "@"));
+    });
+  });
+}
+
 }  // namespace
 
-Schemas::Schemas(const SchemaDirectories& directories)
-    : request_(make_context(directories.shipped)), native_(make_context(directories.shipped)) {
-  load(request_.get(), directories.shipped, kOperationModule);
-  if (!directories.published.empty()) {
-    if (!std::filesystem::is_directory(directories.published)) {
-      throw file_error(ErrorKind::kOperationFailed, directories.published, "no such folder of schemas");
-    }
-    ly_ctx_unset_searchdir(request_.get(), nullptr);
-    ly_ctx_set_searchdir(request_.get(), directories.published.c_str());
+ContextPtr make_schema_context(const std::string& directory, const std::vector<SchemaModule>& modules) {
+  ContextPtr context = make_context(directory);
+  for (const SchemaModule& module : modules) {
+    load(context.get(), {directory}, module, "");
   }
-  load(request_.get(), directories.published.empty() ? directories.shipped : directories.published, "openconfig-lacp");
+  return context;
+}
 
-  for (const char* module : {kOperationModule, "Talvo-Brin-QD-ifmgr-cfg", "Talvo-Brin-QD-bundlemgr-cfg",
-                             "Talvo-Brin-QD-bundlemgr-oper", "oclacp-platform"}) {
-    load(native_.get(), directories.shipped, module);
+Schemas::Schemas(const SchemaDirectories& directories, const std::vector<MappedSchemas>& mapped)
+    : request_(make_schema_context(directories.shipped, {{kOperationModule}})),
+      native_(make_schema_context(directories.shipped, {{kOperationModule}, {kPlatformModule}})) {
+  const std::string& published = directories.published;
+  if (!published.empty()) {
+    require_directory(published);
+  }
+  const bool none_has = std::none_of(mapped.begin(), mapped.end(), [&](const MappedSchemas& one) {
+    return !published.empty() && has_published(published, one);
+  });
+  for (const MappedSchemas& one : mapped) {
+    const bool is_published = !published.empty() && (none_has || has_published(published, one));
+    const std::vector<std::string> searched = is_published ? std::vector{published} : one.directories;
+    search_in(request_.get(), searched);
+    for (const SchemaModule& module : one.published) {
+      load(request_.get(), searched, module, is_published ? "" : one.needed_by);
+    }
+    search_in(native_.get(), one.directories);
+    for (const SchemaModule& module : one.native) {
+      load(native_.get(), one.directories, module, one.needed_by);
+    }
   }
 }
 

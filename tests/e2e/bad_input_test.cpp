@@ -140,8 +140,8 @@ TEST(BadFiles, AnUnreadableDeviceIsRefused) {
 
 TEST(BadFiles, AModuleThatCannotBeUsedIsRefused) {
   expect_refusal(translate("{}", {"--module", "/no/such.so"}), "the mapping module cannot be loaded: /no/such.so");
-  expect_refusal(translate("{}", {"--module", example("bad/empty.json")}), "the mapping module cannot be loaded: ");
-  expect_refusal(translate("{}", {"--module", location::kHostLibrary}), "is not a mapping module for openconfig-lacp");
+  expect_refusal(translate("{}", {"--module", example("bad/two-keys.xml")}), "has no manifest beside it");
+  expect_refusal(translate("{}", {"--module", location::kHostLibrary}), "has no manifest beside it");
 }
 
 // As it is while it is being copied. A page behind the end of a file that was mapped ends a process.
@@ -149,6 +149,11 @@ TEST(BadFiles, AModuleThatIsCutOff_IsRefused) {
   const CopiedDevice folder;
   std::ostringstream whole;
   whole << std::ifstream(location::kModule).rdbuf();
+  std::ostringstream manifest;
+  manifest << std::ifstream(std::filesystem::path(location::kModule).replace_extension(".json")).rdbuf();
+  std::string named = manifest.str();
+  constexpr std::string_view kLibrary = "libymap_oclacp.so";
+  folder.write(named.replace(named.find(kLibrary), kLibrary.size(), "cut.so"), "cut.json");
   const size_t size = whole.str().size();
   for (const size_t length : {size_t{1}, size_t{63}, size_t{64}, size_t{1000}, size_t{4096}, size_t{8192}, size / 4,
                               size / 2, size - 5000, size - 1}) {

@@ -97,7 +97,7 @@ TEST(Records, WrongInputIsRefused) {
   expect_refusal(run({"records", "decode", "lacp_system_id", "/nowhere"}), "/nowhere: No such file or directory");
   expect_refusal(run({"records", "decode", "lacp_system_id", "-", "-d", "/nowhere"}, std::string(20, 'x')), "/nowhere");
   expect_refusal(run({"records", "list", "--module", "/nowhere.so"}), "the mapping module cannot be loaded");
-  expect_refusal(run({"records", "list", "--module", location::kHostLibrary}), "is not a mapping module");
+  expect_refusal(run({"records", "list", "--module", location::kHostLibrary}), "has no manifest beside it");
 }
 
 TEST(Records, WrongArgumentsHaveAStatusOfTheirOwn) {

@@ -11,6 +11,7 @@ extern const char* const kExamples;
 
 // Files of the build tree. A test's target depends on those that it uses.
 extern const char* const kModule;
+extern const char* const kClockModule;
 extern const char* const kHostLibrary;
 extern const char* const kProgram;
 extern const char* const kSystemIdProgram;

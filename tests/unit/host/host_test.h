@@ -8,8 +8,10 @@
 #include <initializer_list>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "host/base/error.h"
+#include "host/translation/module_manifest.h"
 #include "host/trees/request_parser.h"
 #include "host/yang/libyang_ptr.h"
 #include "host/yang/schemas.h"
@@ -23,9 +25,14 @@ inline constexpr const char* kIfmgr = "urn:talvo-brin:yang:Talvo-Brin-QD-ifmgr-c
 inline constexpr const char* kBundlemgr = "urn:talvo-brin:yang:Talvo-Brin-QD-bundlemgr-cfg";
 inline constexpr const char* kBundlemgrOper = "urn:talvo-brin:yang:Talvo-Brin-QD-bundlemgr-oper";
 
+// What the module's manifest asks for.
+inline std::vector<MappedSchemas> mapped_schemas() {
+  return {read_module_manifest(location::kSchemas, location::kModule).schemas};
+}
+
 // The schemas of the project, loaded once.
 inline const Schemas& schemas() {
-  static const Schemas loaded({location::kSchemas, ""});
+  static const Schemas loaded({location::kSchemas, ""}, mapped_schemas());
   return loaded;
 }
 

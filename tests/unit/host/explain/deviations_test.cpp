@@ -11,7 +11,7 @@ namespace {
 void expect_to_leave_what_is_served(const std::string& published) {
   Explained explained(published);
   const Coverage coverage = explained.coverage();
-  const Schemas deviated({location::kSchemas, published});
+  const Schemas deviated({location::kSchemas, published}, mapped_schemas());
   auto* context = const_cast<ly_ctx*>(deviated.request());
   ASSERT_EQ(lys_parse_mem(context, deviation_module(coverage).c_str(), LYS_IN_YANG, nullptr), LY_SUCCESS)
       << ly_errmsg(context);

@@ -11,7 +11,7 @@ namespace oclacp::host {
 // The module with its tables, over the project's schemas or others.
 struct Explained {
   explicit Explained(const std::string& published = "")
-      : mapping({location::kSchemas, published}, location::kModule),
+      : mapping({location::kSchemas, published}, {location::kModule}),
         tables(mapping),
         probe(mapping),
         mappings(tables, mapping.schemas, probe) {}
@@ -23,7 +23,10 @@ struct Explained {
     return nodes.front();
   }
 
-  Coverage coverage() { return find_coverage(tables, mapping.schemas, probe, mappings); }
+  Coverage coverage() {
+    return host::find_coverage(*ly_ctx_get_module_implemented(mapping.schemas.request(), "openconfig-lacp"), tables,
+                               probe, mappings);
+  }
 
   LoadedMapping mapping;
   LeafTables tables;

@@ -13,7 +13,7 @@ using testing::StartsWith;
 
 class ExplainerTest : public testing::Test {
  protected:
-  Explainer explainer_{{location::kSchemas, ""}, location::kModule};
+  Explainer explainer_{{location::kSchemas, ""}, {location::kModule}};
   const std::string entry_ = kOcEntry;
   const std::string member_ = kOcMember;
 };

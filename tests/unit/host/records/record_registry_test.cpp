@@ -188,17 +188,19 @@ TEST_F(Registry, NumberIsOneRecordInAllBags) {
 
 // The contract's functions, and the module's twenty descriptors.
 TEST(RegistryOfTheProcess, TakesAllRecordsOfTheModuleOnce) {
-  const RecordRegistry& registry = register_records_of(location::kModule);
+  const RecordRegistry& registry = register_records_of(location::kSchemas, {location::kModule});
   EXPECT_EQ(&registry, &RecordRegistry::of_process());
   EXPECT_EQ(registry.bags().size(), 20U);
   EXPECT_EQ(registry.bags().front().name, "bm_name_bag");
   EXPECT_EQ(registry.bags().back().name, "bm_bundle_applied_lacp_mode");
-  EXPECT_EQ(refusal_of([] { register_records_of(location::kModule); }), "bm_name_bag: registered already");
+  EXPECT_EQ(refusal_of([] { register_records_of(location::kSchemas, {location::kModule}); }),
+            "bm_name_bag: registered already");
   EXPECT_EQ(registry.bags().size(), 20U);
 }
 
 TEST(RegistryOfTheProcess, NeedsAModule) {
-  EXPECT_THAT(refusal_of([] { register_records_of("/nowhere.so"); }), HasSubstr("the mapping module cannot be loaded"));
+  EXPECT_THAT(refusal_of([] { register_records_of(location::kSchemas, {"/nowhere.so"}); }),
+              HasSubstr("the mapping module cannot be loaded"));
 }
 
 }  // namespace

@@ -20,26 +20,31 @@ class DeviceOfType final : public DeviceSnapshot {
   std::vector<Interface> interfaces_;
 };
 
+ModuleManifest manifest() {
+  return read_module_manifest(location::kSchemas, location::kModule);
+}
+
 TEST(MappingModule, IsInitialisedWhileItIsLoaded) {
   ASSERT_EQ(yfw_intf_mgbl_connid, nullptr);
   {
-    const MappingModule module(location::kModule);
+    const MappingModule module(manifest());
     EXPECT_NE(yfw_intf_mgbl_connid, nullptr);
   }
   EXPECT_EQ(yfw_intf_mgbl_connid, nullptr);
 }
 
 TEST(MappingModule, TwoOfThemShareTheConnection) {
-  const auto first = std::make_unique<MappingModule>(location::kModule);
-  auto second = std::make_unique<MappingModule>(location::kModule);
+  const auto first = std::make_unique<MappingModule>(manifest());
+  auto second = std::make_unique<MappingModule>(manifest());
   second.reset();
-  const MappingModule third(location::kModule);
+  const MappingModule third(manifest());
   EXPECT_NE(yfw_intf_mgbl_connid, nullptr);
 }
 
 TEST(MappingModule, RegistersAWalkerForEachNativeRoot) {
-  const MappingModule module(location::kModule);
-  EXPECT_NE(module.request_walker(), nullptr);
+  const MappingModule module(manifest());
+  EXPECT_NE(module.request_walker("http://openconfig.net/yang/lacp", "lacp"), nullptr);
+  EXPECT_EQ(module.request_walker("http://openconfig.net/yang/lacp", "interfaces"), nullptr);
   const yfw_map_walker interfaces = module.native_walker(kIfmgr, "interface-configurations");
   const yfw_map_walker lacp = module.native_walker(kBundlemgr, "lacp");
   EXPECT_NE(interfaces, nullptr);
@@ -52,7 +57,7 @@ TEST(MappingModule, RegistersAWalkerForEachNativeRoot) {
 }
 
 TEST(MappingModule, IsAskedWhetherItServesTheDevice) {
-  const MappingModule module(location::kModule);
+  const MappingModule module(manifest());
   for (const uint32_t type : {7U, 8U, 18U}) {
     const DeviceOfType device(type);
     const CurrentDevice installed(device);
@@ -65,15 +70,17 @@ TEST(MappingModule, IsAskedWhetherItServesTheDevice) {
 }
 
 TEST(MappingModule, ServesADeviceOfWhichNothingIsKnown) {
-  const MappingModule module(location::kModule);
+  const MappingModule module(manifest());
   const EmptySnapshot device;
   const CurrentDevice installed(device);
   EXPECT_EQ(refusal_of([&] { module.require_offer(); }), "accepted");
 }
 
-TEST(MappingModule, IsRefusedWhenItCannotBeLoaded) {
-  EXPECT_THAT(refusal_of([] { const MappingModule ignored("/no/such.so"); }),
-              testing::StartsWith("the mapping module cannot be loaded: /no/such.so: "));
+TEST(MappingModule, FunctionThatTheLibraryLacks_IsNamedWithTheManifest) {
+  ModuleManifest other = manifest();
+  other.registrations.push_back("no_such_function");
+  EXPECT_EQ(refusal_of([&] { const MappingModule ignored(other); }),
+            other.file + ": names the function no_such_function, which " + other.library + " does not export");
 }
 
 }  // namespace

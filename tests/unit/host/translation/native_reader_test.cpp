@@ -47,7 +47,8 @@ class ReadingTest : public testing::Test {
     const TreePtr data = parse_native(native);
     const CurrentDevice installed(device_);
     const RecordSinks sinks = {nullptr, &trace_};
-    NativeReader reader(module_, context_, YFW_REQUEST_READ_STATE, wanted, sinks);
+    NativeReader reader(context_, YFW_REQUEST_READ_STATE, sinks);
+    reader.use(module_, wanted);
     reader.read(data.get(), nullptr);
     Answer answer;
     reader.finish(answer);
@@ -68,7 +69,7 @@ class ReadingTest : public testing::Test {
     return R"({"openconfig-lacp:lacp":{"interfaces":{"interface":[)" + entries + "]}}}";
   }
 
-  MappingModule module_{location::kModule};
+  MappingModule module_{read_module_manifest(location::kSchemas, location::kModule)};
   TreeContext context_{schemas().request()};
   MemorySnapshot device_{"{}"};
   std::vector<std::string> trace_;

@@ -16,7 +16,7 @@ std::string pruned(RequestTree request) {
   NodeShapes shapes;
   ValueCheck values;
   AnswerData answer = answer_of(parse_answer(kAnswer), shapes);
-  apply_subtree_filter(answer, request.top(), values);
+  apply_subtree_filter(answer, {request.top()}, values);
   return squeezed_json(answer);
 }
 

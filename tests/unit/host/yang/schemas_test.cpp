@@ -7,7 +7,7 @@ namespace oclacp::host {
 namespace {
 
 std::string loaded(const SchemaDirectories& directories) {
-  return refusal_of([&] { const Schemas ignored(directories); });
+  return refusal_of([&] { const Schemas ignored(directories, mapped_schemas()); });
 }
 
 TEST(SchemasTest, TheTwoSidesAreApart) {
@@ -61,7 +61,7 @@ TEST(SchemasTest, TakesPublishedSchemasInsteadOfTheShippedOnes) {
   published.write("openconfig-lacp.yang", R"(module openconfig-lacp {
     namespace "http://openconfig.net/yang/lacp"; prefix l; revision 2030-01-01;
     container lacp { leaf newer { type string; } } })");
-  const Schemas loaded_schemas({location::kSchemas, published.path()});
+  const Schemas loaded_schemas({location::kSchemas, published.path()}, mapped_schemas());
   const ParsedRequest request = parse_request(loaded_schemas.request(), R"({"openconfig-lacp:lacp": {"newer": "x"}})");
   EXPECT_EQ(request.format, Format::kJson);
 }
