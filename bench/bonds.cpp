@@ -127,9 +127,8 @@ void run() {
     links.push_back(thread_milliseconds([&] { snapshot = host::replayed_links(kRecording); }));
     answer.push_back(thread_milliseconds([&] {
       const BondsSnapshot device(translator.native_context(), snapshot);
-      host::GetOptions options;
-      options.kind = host::RequestKind::kReadState;
-      bytes = host::print_answer(translator.get(device, options).data, LYD_JSON).size();
+      bytes =
+          host::print_answer(translator.get(device, {"/lacp"}, {.content = host::Content::kAll}).data, LYD_JSON).size();
     }));
   }
   const double floor = median(parsing);
