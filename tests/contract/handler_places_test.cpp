@@ -89,7 +89,7 @@ std::string lines_from(const std::string& path, unsigned int line) {
   return seen;
 }
 
-TEST(HandlerPlaces, OfEveryHandler_ShowTheHandler) {
+TEST(HandlerPlaces, EveryHandler_IsShownAtItsPlace) {
   void* const module = dlopen(location::kModule, RTLD_NOW | RTLD_LOCAL);
   ASSERT_NE(module, nullptr) << dlerror();
   const std::vector<Declared> handlers = declared_handlers();

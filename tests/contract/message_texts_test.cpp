@@ -46,7 +46,7 @@ constexpr Text kTexts[] = {
     {"TRC", "%s: Configured LACP Mode is ON. Returning from here\n"},
 };
 
-TEST(MessageTexts, InTheBuiltLibrary_AreWholeInBothForms) {
+TEST(MessageTexts, BuiltLibrary_HoldsEveryTextInBothForms) {
   std::ifstream file(location::kModule, std::ios::binary);
   ASSERT_TRUE(file) << location::kModule << " cannot be read";
   const std::string library{std::istreambuf_iterator<char>(file), {}};

@@ -122,7 +122,7 @@ Counts counts_of(const std::string& file, Sinks sinks) {
   return counts;
 }
 
-TEST(QuietModule, FormatsNothingWithBothSinksClosed) {
+TEST(QuietModule, BothSinksClosed_FormatsNothing) {
   ASSERT_FALSE(scenario_files().empty());
   for (const std::string& file : scenario_files()) {
     SCOPED_TRACE(file);
@@ -130,14 +130,14 @@ TEST(QuietModule, FormatsNothingWithBothSinksClosed) {
   }
 }
 
-TEST(QuietModule, FormatsNothingForTheDebugLog) {
+TEST(QuietModule, DebugLogOnly_FormatsNothing) {
   for (const std::string& file : scenario_files()) {
     SCOPED_TRACE(file);
     EXPECT_EQ(counts_of(file, {.logging = true, .tracing = false}).formatted, 0U);
   }
 }
 
-TEST(QuietModule, FormatsEachTraceRecordOnce) {
+TEST(QuietModule, TraceOnly_FormatsEachRecordOnce) {
   for (const std::string& file : scenario_files()) {
     SCOPED_TRACE(file);
     const Counts counted = counts_of(file, {.logging = false, .tracing = true});
@@ -147,7 +147,7 @@ TEST(QuietModule, FormatsEachTraceRecordOnce) {
 
 #ifndef OCLACP_SANITIZED
 
-TEST(QuietModule, AllocatesNothingOfItsOwn) {
+TEST(QuietModule, AnySinks_AllocateNothing) {
   counting = true;
   std::string control(1000, 'x');
   counting = false;

@@ -18,7 +18,7 @@ struct BadExample {
 
 class BadExamples : public testing::TestWithParam<BadExample> {};
 
-TEST_P(BadExamples, AreRefused) {
+TEST_P(BadExamples, Translated_IsRefused) {
   expect_refusal(run({"translate", "--to", "native", "-d", example("device"), example("bad/" + GetParam().file)}),
                  "oclacp: " + GetParam().sentence, GetParam().status);
 }
@@ -50,18 +50,18 @@ INSTANTIATE_TEST_SUITE_P(Shipped, BadExamples, testing::Values(
 // clang-format on
 
 // A shipped example that no test knows would be a promise that nobody keeps.
-TEST(BadExamplesFolder, IsCoveredByTheTestsAbove) {
+TEST(BadExamplesFolder, Files_AreAllCoveredByTests) {
   const auto& files = std::filesystem::directory_iterator(example("bad"));
   EXPECT_EQ(std::distance(begin(files), end(files)), 15);
 }
 
-TEST(BadInput, DocumentsOf50MegabytesAreRefused) {
+TEST(BadInput, DocumentOf50Megabytes_IsRefused) {
   std::string blanks;
   blanks.resize(50'000'000, ' ');
   expect_refusal(translate(R"({"openconfig-lacp:lacp": {)" + blanks + "}}"), "the request: longer than 32 MiB");
 }
 
-TEST(BadInput, DocumentsOf10000LevelsAreRefused) {
+TEST(BadInput, DocumentOf10000Levels_IsRefused) {
   std::string json;
   std::string xml;
   for (int level = 0; level < 10'000; ++level) {
@@ -95,21 +95,21 @@ TEST(BadInput, SixtyThousandEqualNodes_AreRefusedAtOnce) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5)) << "three starts of the program";
 }
 
-TEST(BadInput, NamesOf300CharactersAreRefused) {
+TEST(BadInput, NameOf300Characters_IsRefused) {
   expect_refusal(translate(interface(R"("name": ")" + std::string(300, 'x') + "\"")),
                  "/openconfig-lacp:lacp/interfaces/interface/name: an interface name has at most 63 bytes");
 }
 
-TEST(BadInput, AnEntryWithoutAnythingIsRefused) {
+TEST(BadInput, EmptyEntry_IsRefused) {
   expect_refusal(translate(interface("")), "/openconfig-lacp:lacp/interfaces/interface: the list entry names no keys");
 }
 
-TEST(BadInput, OperationsThatWouldBeOverlookedAreRefused) {
+TEST(BadInput, OperationWithoutTheNetconfNamespace_IsRefused) {
   expect_refusal(translate(interface(R"("name": "a", "@": {"nc:operation": "delete"})")), "'nc:operation'");
   expect_refusal(translate(R"(<lacp xmlns="http://openconfig.net/yang/lacp" operation="delete"/>)"), "'operation'");
 }
 
-TEST(BadInput, NoByteOfARequestIsTooMuchOrTooLittle) {
+TEST(BadInput, RequestCutOrExtended_IsRefused) {
   const std::string request = interface(R"("name": "Bundle-Ether1", "config": {"interval": "FAST"})");
   ASSERT_EQ(translate(request).status, 0);
   for (size_t length = 0; length < request.size(); ++length) {
@@ -120,17 +120,17 @@ TEST(BadInput, NoByteOfARequestIsTooMuchOrTooLittle) {
   expect_refusal(translate(request + "}"), "text behind the end of the document");
 }
 
-TEST(BadFiles, ARequestThatCannotBeReadIsRefused) {
+TEST(BadFiles, RequestThatCannotBeRead_IsRefused) {
   expect_refusal(run({"translate", "--to", "native", "/no/such"}), "/no/such: No such file or directory");
   expect_refusal(run({"translate", "--to", "native", "/"}), "/: Is a directory");
 }
 
-TEST(BadFiles, ADeviceThatCannotBeReadIsRefused) {
+TEST(BadFiles, MissingDeviceOrFile_IsRefused) {
   expect_refusal(translate("{}", {"-d", "/no/such"}), "/no/such: no such device directory");
   expect_refusal(translate("{}", {"-d", example("requests")}), "/requests/platform.json: No such file or directory");
 }
 
-TEST(BadFiles, AnUnreadableDeviceIsRefused) {
+TEST(BadFiles, FolderInPlaceOfAFile_IsRefused) {
   // A folder in the place of the file: not even root can read that.
   const auto folder = std::filesystem::temp_directory_path() / ("oclacp-" + std::to_string(getpid()));
   std::filesystem::create_directories(folder / "platform.json");
@@ -138,7 +138,7 @@ TEST(BadFiles, AnUnreadableDeviceIsRefused) {
   std::filesystem::remove_all(folder);
 }
 
-TEST(BadFiles, AModuleThatCannotBeUsedIsRefused) {
+TEST(BadFiles, UnusableModule_IsRefused) {
   expect_refusal(translate("{}", {"--module", "/no/such.so"}), "the mapping module cannot be loaded: /no/such.so");
   expect_refusal(translate("{}", {"--module", example("bad/two-keys.xml")}), "has no manifest beside it");
   expect_refusal(translate("{}", {"--module", location::kHostLibrary}), "has no manifest beside it");
@@ -165,7 +165,7 @@ TEST(BadFiles, AModuleThatIsCutOff_IsRefused) {
   }
 }
 
-TEST(BadFiles, SchemasThatCannotBeReadAreRefused) {
+TEST(BadFiles, UnreadableSchemas_AreRefused) {
   expect_refusal(translate("{}", {"--yang-dir", "/no/such"}), "/no/such: no such folder of schemas");
   expect_refusal(translate("{}", {"--yang-dir", example("device")}),
                  example("device") + ": has no module openconfig-lacp\n");

@@ -104,7 +104,7 @@ bool kill_at(const std::string& device, const std::string& request, int step) {
   return false;
 }
 
-TEST_F(Faults, AnEditThatIsKilledAtAnyStepLeavesTheOldOrTheNewConfiguration) {
+TEST_F(Faults, KilledAtAnyStep_LeavesTheOldOrTheNewConfiguration) {
   const std::string before = read();
   ASSERT_EQ(run({"edit", request_, "-d", path()}).status, 0);
   const std::string after = read();
@@ -133,7 +133,7 @@ TEST_F(Faults, AnEditThatIsKilledAtAnyStepLeavesTheOldOrTheNewConfiguration) {
 
 // ---- Several at once -----------------------------------------------------------------------------------------------
 
-TEST_F(Faults, EightWritersLoseNoEdit) {
+TEST_F(Faults, EightWriters_LoseNoEdit) {
   constexpr int kWriters = 8;
   constexpr int kEdits = 25;
   const auto name = [](int writer, int number) {
@@ -164,7 +164,7 @@ TEST_F(Faults, EightWritersLoseNoEdit) {
   }
 }
 
-TEST_F(Faults, AnEditWaitsForTheOneBeforeIt) {
+TEST_F(Faults, EditOfALockedDevice_Waits) {
   const int folder = open(path().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   ASSERT_EQ(flock(folder, LOCK_EX), 0);
   const pid_t process = start_edit(path(), request_, [] {});
@@ -191,7 +191,7 @@ void fail_call(unsigned number, int error) {
   }
 }
 
-TEST_F(Faults, WithoutRoomTheOldConfigurationStays) {
+TEST_F(Faults, FileSizeLimit_KeepsTheOldConfiguration) {
   const std::string said = complaint([] {
     const rlimit limit = {1000, 1000};
     setrlimit(RLIMIT_FSIZE, &limit);
@@ -200,7 +200,7 @@ TEST_F(Faults, WithoutRoomTheOldConfigurationStays) {
   EXPECT_EQ(files().size(), 2U);
 }
 
-TEST_F(Faults, AFolderThatCannotBeWrittenToIsTold) {
+TEST_F(Faults, FolderThatCannotBeWrittenTo_IsReported) {
   std::filesystem::permissions(path(), std::filesystem::perms(0555));
   const std::string said = complaint([] {
     // Root writes everywhere unless it gives that up.
@@ -210,7 +210,7 @@ TEST_F(Faults, AFolderThatCannotBeWrittenToIsTold) {
   EXPECT_EQ(said, "oclacp: " + path() + "/running.json: cannot be replaced and stays as it is: Permission denied\n");
 }
 
-TEST_F(Faults, AFolderThatCannotBeReadIsTold) {
+TEST_F(Faults, FolderThatCannotBeRead_IsReported) {
   std::filesystem::permissions(path(), std::filesystem::perms(0333));
   const pid_t process = start_edit(
       path(), request_,
@@ -225,20 +225,20 @@ TEST_F(Faults, AFolderThatCannotBeReadIsTold) {
   EXPECT_EQ(other_.read("messages"), "oclacp: " + path() + ": cannot be opened: Permission denied\n");
 }
 
-TEST_F(Faults, ADiskThatFailsIsTold) {
+TEST_F(Faults, FailingDisk_IsReported) {
   const std::string said = complaint([] { fail_call(SYS_fsync, EIO); });
   EXPECT_EQ(said, "oclacp: " + path() + "/running.json: cannot be replaced and stays as it is: Input/output error\n");
   EXPECT_EQ(files().size(), 2U);
 }
 
-TEST_F(Faults, AFolderThatCannotBeLockedIsTold) {
+TEST_F(Faults, FolderThatCannotBeLocked_IsReported) {
   EXPECT_EQ(complaint([] { fail_call(SYS_flock, ENOLCK); }),
             "oclacp: " + path() + ": cannot be locked: No locks available\n");
 }
 
 // ---- A device that is broken ---------------------------------------------------------------------------------------
 
-TEST_F(Faults, ABrokenConfigurationIsRefusedAndLeftAlone) {
+TEST_F(Faults, InvalidConfiguration_IsRefusedAndKept) {
   struct Broken {
     std::string content;
     std::string part;
@@ -267,7 +267,7 @@ TEST_F(Faults, ABrokenConfigurationIsRefusedAndLeftAlone) {
   }
 }
 
-TEST_F(Faults, AConfigurationThatIsNoRegularFileIsRefused) {
+TEST_F(Faults, FileThatIsNotRegular_IsRefused) {
   for (const char* file : {"running.json", "platform.json"}) {
     const std::string named = path() + "/" + file;
     const std::string content = read(file);
@@ -283,7 +283,7 @@ TEST_F(Faults, AConfigurationThatIsNoRegularFileIsRefused) {
   }
 }
 
-TEST_F(Faults, AMissingDeviceIsRefused) {
+TEST_F(Faults, MissingDevice_IsRefused) {
   expect_refusal(run({"edit", request_, "-d", "/no/such"}), "/no/such: no such device directory");
   expect_refusal(run({"edit", request_, "-d", request_}), request_ + ": no such device directory");
   std::filesystem::remove(path() + "/running.json");

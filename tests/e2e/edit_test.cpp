@@ -30,7 +30,7 @@ class Device : public testing::Test, protected CopiedDevice {
   std::string before_ = read();
 };
 
-TEST_F(Device, KeepsAnEdit) {
+TEST_F(Device, Edit_IsKept) {
   const Outcome outcome = edit(config_of("Bundle-Ether9", R"("interval": "SLOW", "lacp-mode": "PASSIVE")"));
   expect_success(outcome);
   EXPECT_EQ(outcome.out, "");
@@ -45,12 +45,12 @@ TEST_F(Device, KeepsAnEdit) {
   expect_success(edit(config_of("Bundle-Ether9", R"("interval": "SLOW")"), {"--expect-no-change"}));
 }
 
-TEST_F(Device, TakesXml) {
+TEST_F(Device, XmlRequest_IsTaken) {
   expect_success(run({"edit", example("requests/create-interface.xml"), "-d", path()}));
   EXPECT_THAT(read(), HasSubstr("Bundle-Ether3"));
 }
 
-TEST_F(Device, AnEditThatChangesNothingDoesNotTouchTheFile) {
+TEST_F(Device, EditWithoutAChange_DoesNotTouchTheFile) {
   struct stat one {};
   struct stat other {};
   ASSERT_EQ(stat((path() + "/running.json").c_str(), &one), 0);
@@ -61,7 +61,7 @@ TEST_F(Device, AnEditThatChangesNothingDoesNotTouchTheFile) {
   EXPECT_EQ(read(), before_);
 }
 
-TEST_F(Device, ADryRunShowsTheEditAndTheDifferenceAndChangesNothing) {
+TEST_F(Device, DryRun_ShowsEditAndDifferenceAndChangesNothing) {
   const std::string request = config_of("Bundle-Ether2", R"("interval": "FAST")");
   const Outcome outcome = edit(request, {"--dry-run"});
   expect_success(outcome);
@@ -73,21 +73,21 @@ TEST_F(Device, ADryRunShowsTheEditAndTheDifferenceAndChangesNothing) {
   EXPECT_EQ(read(), before_);
 }
 
-TEST_F(Device, ADryRunOfNothingShowsAnEmptyDifference) {
+TEST_F(Device, DryRunWithoutAChange_ShowsAnEmptyDifference) {
   const std::string request = config_of("Bundle-Ether1", R"("lacp-mode": "ACTIVE")");
   const Outcome outcome = edit(request, {"--dry-run"});
   expect_success(outcome);
   EXPECT_EQ(outcome.out, translate(request, {"-d", path()}).out + "{}\n");
 }
 
-TEST_F(Device, ADryRunPrintsXmlToo) {
+TEST_F(Device, DryRunInXml_PrintsXml) {
   const Outcome outcome = edit(config_of("Bundle-Ether2", R"("interval": "FAST")"), {"--dry-run", "--format", "xml"});
   expect_success(outcome);
   EXPECT_THAT(outcome.out, AllOf(HasSubstr("<period>1</period>"), HasSubstr("yang:operation=\"replace\""),
                                  HasSubstr(">true</period>")));
 }
 
-TEST_F(Device, AnUnexpectedChangeIsToldAndNotMade) {
+TEST_F(Device, UnexpectedChange_IsReportedAndNotMade) {
   expect_unchanged(edit(config_of("Bundle-Ether2", R"("lacp-mode": "ACTIVE")"), {"--expect-no-change"}),
                    path() +
                        ": the edit would change /Talvo-Brin-QD-ifmgr-cfg:interface-configurations/"
@@ -95,7 +95,7 @@ TEST_F(Device, AnUnexpectedChangeIsToldAndNotMade) {
                        "Talvo-Brin-QD-bundlemgr-cfg:lacp/mode");
 }
 
-TEST_F(Device, ACanonicalDeviceReadsTheFastPeriodBack) {
+TEST_F(Device, FastIntervalOnACanonicalDevice_IsKeptAsTrue) {
   expect_success(edit(config_of("Bundle-Ether9", R"("interval": "FAST")")));
   EXPECT_THAT(last_lacp(), HasSubstr("\"period\": true"));
   expect_success(edit(config_of("Bundle-Ether9", R"("interval": "FAST")"), {"--expect-no-change"}));
@@ -126,7 +126,7 @@ TEST_F(Device, KeepsAPeriodOfOneAsWritten_WarnsThatItCannotBeRead) {
   expect_success(run({"get", "-d", path()}));
 }
 
-TEST_F(Device, DeletesALeaf) {
+TEST_F(Device, DeleteOfALeaf_RemovesIt) {
   expect_success(erase(std::string(kBundle1) + "/config/interval"));
   EXPECT_THAT(read(), AllOf(Not(HasSubstr("\"period\": 1000")), HasSubstr("00:11:22:33:44:55")));
   EXPECT_THAT(erase(std::string(kBundle1) + "/config/interval").err,
@@ -135,19 +135,19 @@ TEST_F(Device, DeletesALeaf) {
                         "the device has no such configuration"));
 }
 
-TEST_F(Device, DeletesAnInterfaceAndKeepsItsOtherConfiguration) {
+TEST_F(Device, DeleteOfAnInterface_KeepsItsOtherConfiguration) {
   expect_success(erase("/openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether1']"));
   EXPECT_THAT(read(),
               AllOf(HasSubstr("to the core"), Not(HasSubstr("00:11:22:33:44:55")), HasSubstr("\"mode\": \"passive\"")));
 }
 
-TEST_F(Device, DeletesAllOfLacp) {
+TEST_F(Device, DeleteOfLacp_RemovesAllLacp) {
   expect_success(erase("/lacp"));
   EXPECT_THAT(read(), AllOf(Not(HasSubstr("bundlemgr-cfg:lacp")), HasSubstr("to the core"), HasSubstr("bundle-id")));
   expect_success(erase("/lacp", {"--expect-no-change"}));
 }
 
-TEST_F(Device, DeletesTheInterfaceThatIsNamedAndNoneWhoseNameIsAPartOfIt) {
+TEST_F(Device, DeleteOfAnInterface_KeepsTheOneWhoseNameIsAPrefix) {
   expect_success(edit(config_of("Bundle-Ether10", R"("lacp-mode": "PASSIVE")")));
   expect_success(erase("/lacp/interfaces/interface[name='Bundle-Ether10']"));
   EXPECT_THAT(read(), HasSubstr("00:11:22:33:44:55"));
@@ -156,7 +156,7 @@ TEST_F(Device, DeletesTheInterfaceThatIsNamedAndNoneWhoseNameIsAPartOfIt) {
                    "/interface[name='Bundle-Ether10']: nothing to delete", kDataMissing);
 }
 
-TEST_F(Device, DeletesAnInterfaceWithSlashesInItsName) {
+TEST_F(Device, DeleteOfAnInterfaceWithSlashes_RemovesIt) {
   const std::string port = "/lacp/interfaces/interface[name='GigabitEthernet0/0/0/4']";
   expect_success(edit(config_of("GigabitEthernet0/0/0/4", R"("lacp-mode": "ACTIVE")")));
   const std::string with_lacp = read();
@@ -172,7 +172,7 @@ TEST_F(Device, DeletesAnInterfaceWithSlashesInItsName) {
   expect_unchanged(erase(port), "nothing to delete", kDataMissing);
 }
 
-TEST_F(Device, TellsInterfacesApartThatDifferInTheirSlashes) {
+TEST_F(Device, InterfacesThatDifferInSlashes_AreDeletedSeparately) {
   const std::string port = "GigabitEthernet0/0/0/4";
   const std::string other = "GigabitEthernet0_0_0_4";
   expect_success(edit(config_of(port, R"("lacp-mode": "ACTIVE")")));
@@ -191,7 +191,7 @@ TEST_F(Device, TellsInterfacesApartThatDifferInTheirSlashes) {
   EXPECT_THAT(read(), Not(HasSubstr("bundlemgr-cfg:lacp")));
 }
 
-TEST_F(Device, DoesNotCreateWhatIsThere) {
+TEST_F(Device, CreateOfAPresentNode_IsRefused) {
   const std::string create = R"("@": {"ietf-netconf:operation": "create"})";
   const std::string there = ": cannot be created, the device has it already";
   const auto lacp = [](const std::string& content) { return R"({"openconfig-lacp:lacp": {)" + content + "}}"; };
@@ -215,7 +215,7 @@ TEST_F(Device, DoesNotCreateWhatIsThere) {
   expect_success(edit(lacp(create + R"(, "config": {"system-priority": 5})")));
 }
 
-TEST_F(Device, DoesNotDeleteWhatIsNotThere) {
+TEST_F(Device, DeleteOfAnAbsentNode_IsRefused) {
   expect_unchanged(erase(kBundle9), "nothing to delete", kDataMissing);
   expect_unchanged(erase(std::string(kBundle9) + "/config/interval"), "cannot be deleted", kDataMissing);
   expect_unchanged(erase("/lacp/nonsense"), "/openconfig-lacp:lacp/nonsense: no such node");
@@ -226,14 +226,14 @@ TEST_F(Device, DoesNotDeleteWhatIsNotThere) {
   expect_unchanged(erase("/lacp/interfaces/interface"), "the list entry names no keys");
 }
 
-TEST_F(Device, RemovingMakesNoInterface) {
+TEST_F(Device, RemoveOnAnAbsentInterface_ChangesNothing) {
   expect_success(edit(config_of("Bundle-Ether9", R"("interval": [null],
                                 "@interval": {"ietf-netconf:operation": "remove"})"),
                       {"--expect-no-change"}));
   expect_success(erase(std::string(kBundle9) + "/config", {"--expect-no-change"}));
 }
 
-TEST_F(Device, AReplacedInterfaceHoldsWhatIsNamedAndNothingElse) {
+TEST_F(Device, ReplaceOfAnInterface_LeavesOnlyItsContent) {
   expect_success(run({"edit", example("requests/replace-interface.json"), "-d", path()}));
   EXPECT_THAT(read(), AllOf(HasSubstr(R"("Talvo-Brin-QD-bundlemgr-cfg:lacp": {
           "mode": "passive",
@@ -242,13 +242,13 @@ TEST_F(Device, AReplacedInterfaceHoldsWhatIsNamedAndNothingElse) {
                             HasSubstr("to the core"), Not(HasSubstr("00:11:22:33:44:55"))));
 }
 
-TEST_F(Device, AnInterfaceReplacedByNothingHoldsNoLacp) {
+TEST_F(Device, ReplaceOfAnInterfaceByNothing_RemovesItsLacp) {
   expect_success(edit(interface(R"("@": {"ietf-netconf:operation": "replace"}, "name": "Bundle-Ether1")")));
   EXPECT_THAT(read(),
               AllOf(HasSubstr("to the core"), Not(HasSubstr("00:11:22:33:44:55")), HasSubstr("\"mode\": \"passive\"")));
 }
 
-TEST_F(Device, AReplacedWholeHoldsWhatIsNamedAndNothingElse) {
+TEST_F(Device, ReplaceOfLacp_LeavesOnlyItsContent) {
   expect_success(run({"edit", example("requests/replace-lacp.json"), "-d", path()}));
   EXPECT_THAT(read(), AllOf(HasSubstr("\"system-priority\": 32768"), HasSubstr(R"("Talvo-Brin-QD-bundlemgr-cfg:lacp": {
           "mode": "active"
@@ -258,7 +258,7 @@ TEST_F(Device, AReplacedWholeHoldsWhatIsNamedAndNothingElse) {
   EXPECT_THAT(read(), Not(HasSubstr("\"mode\": \"active\"")));
 }
 
-TEST_F(Device, StrictRefusesWhatWouldBeIgnored) {
+TEST_F(Device, Strict_RefusesNodesThatWouldBeIgnored) {
   const std::string request = interface(R"("@": {"ietf-netconf:operation": "delete"}, "name": "Bundle-Ether1",
                                         "config": {"name": "Bundle-Ether1"})");
   expect_unchanged(edit(request, {"--strict"}),
@@ -272,7 +272,7 @@ TEST_F(Device, StrictRefusesWhatWouldBeIgnored) {
   expect_success(erase("/lacp", {"--strict"}));
 }
 
-TEST_F(Device, ARefusedRequestChangesNothing) {
+TEST_F(Device, RefusedRequest_ChangesNothing) {
   expect_unchanged(edit("{"), "line 1");
   expect_unchanged(edit(config_of("Bundle-Ether1", R"("interval": "MEDIUM")")), "MEDIUM");
   expect_unchanged(run({"edit", example("bad/two-keys.xml"), "-d", path()}), "key");
@@ -282,14 +282,14 @@ TEST_F(Device, ARefusedRequestChangesNothing) {
                    "period: is there already", kDataExists);
 }
 
-TEST_F(Device, TheTraceOfAnEditIsShown) {
+TEST_F(Device, Trace_ShowsTheHandlers) {
   const Outcome outcome = edit(config_of("Bundle-Ether9", R"("interval": "FAST")"), {"--trace"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_EQ(outcome.out, "");
   EXPECT_THAT(outcome.err, HasSubstr("oc2qd_cfginterval"));
 }
 
-TEST_F(Device, TheDeviceMustBeNamedAndOptionsMustFit) {
+TEST_F(Device, MissingDeviceOrWrongOptions_IsAUsageError) {
   EXPECT_EQ(run({"edit", "-"}).status, 2);
   EXPECT_EQ(run({"delete", "/lacp"}).status, 2);
   EXPECT_EQ(run({"delete", "-d", path()}).status, 2);

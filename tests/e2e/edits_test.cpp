@@ -34,7 +34,7 @@ Outcome translate_example(const std::string& name, const std::vector<std::string
   return run(arguments);
 }
 
-TEST(Edit, CreatesAnInterfaceWithAllItsSettings) {
+TEST(Edit, NewInterface_HasAllItsSettings) {
   const Outcome result = translate_example("create-interface.json");
   expect_success(result);
   EXPECT_EQ(result.out, wrapped(R"(        "active": "act",
@@ -49,7 +49,7 @@ TEST(Edit, CreatesAnInterfaceWithAllItsSettings) {
 )"));
 }
 
-TEST(Edit, XmlGivesXmlWithTheSameContent) {
+TEST(Edit, XmlRequest_GivesXmlWithTheSameContent) {
   const Outcome xml = translate_example("create-interface.xml");
   expect_success(xml);
   EXPECT_THAT(xml.out, HasSubstr("<period>1</period>"));
@@ -58,7 +58,7 @@ TEST(Edit, XmlGivesXmlWithTheSameContent) {
             translate_example("create-interface.json").out);
 }
 
-TEST(Edit, APhysicalInterfaceIsNotVirtual) {
+TEST(Edit, PhysicalInterface_IsNotVirtual) {
   const std::string content = R"("name": "GigabitEthernet0/0/0/0", "config": {"lacp-mode": "PASSIVE"})";
   for (const std::vector<std::string>& device : {with_device(), std::vector<std::string>{}}) {
     const Outcome result = translate(interface(content), device);
@@ -72,7 +72,7 @@ TEST(Edit, APhysicalInterfaceIsNotVirtual) {
   }
 }
 
-TEST(Edit, EachInterfaceKeepsItsOwnSettings) {
+TEST(Edit, TwoInterfaces_KeepTheirOwnSettings) {
   const Outcome result = translate_example("merge-two-interfaces.json");
   expect_success(result);
   const size_t second = result.out.find("Bundle-Ether2");
@@ -81,7 +81,7 @@ TEST(Edit, EachInterfaceKeepsItsOwnSettings) {
   EXPECT_THAT(result.out.substr(second), testing::AllOf(HasSubstr("\"mode\": \"active\""), Not(HasSubstr("period"))));
 }
 
-TEST(Edit, DeletesALeaf) {
+TEST(Edit, DeleteOfALeaf_IsDeletedNatively) {
   const Outcome result = translate_example("delete-leaf.json");
   expect_success(result);
   EXPECT_THAT(result.out, HasSubstr(R"("period": [null],
@@ -90,7 +90,7 @@ TEST(Edit, DeletesALeaf) {
           })"));
 }
 
-TEST(Edit, DeletesTheLacpOfAnInterfaceAndNotTheInterface) {
+TEST(Edit, DeleteOfAnInterface_RemovesItsLacpOnly) {
   const Outcome result = translate_example("delete-interface.json");
   expect_success(result);
   EXPECT_EQ(result.out, wrapped(R"(        "active": "act",
@@ -103,7 +103,7 @@ TEST(Edit, DeletesTheLacpOfAnInterfaceAndNotTheInterface) {
 )"));
 }
 
-TEST(Edit, DeletesAllOfLacp) {
+TEST(Edit, DeleteOfLacp_RemovesAllLacp) {
   const Outcome result = translate_example("delete-lacp.json");
   expect_success(result);
   EXPECT_EQ(result.out, R"({
@@ -139,7 +139,7 @@ TEST(Edit, DeletesAllOfLacp) {
 )");
 }
 
-TEST(Edit, ReplacingAllOfLacpDropsWhatIsNotNamed) {
+TEST(Edit, ReplaceOfLacp_RemovesInterfacesNotNamed) {
   const Outcome result = translate_example("replace-lacp.json");
   expect_success(result);
   EXPECT_THAT(result.out, HasSubstr("\"system-priority\": 32768"));
@@ -150,7 +150,7 @@ TEST(Edit, ReplacingAllOfLacpDropsWhatIsNotNamed) {
   EXPECT_THAT(result.out.substr(second), HasSubstr("\"ietf-netconf:operation\": \"remove\""));
 }
 
-TEST(Edit, TheDefaultOperationIsTheUsersChoice) {
+TEST(Edit, OperationOption_IsTheDefaultOperation) {
   const std::string request = R"({"openconfig-lacp:lacp": {}})";
   EXPECT_EQ(translate(request).out, "{}\n");
   EXPECT_EQ(translate(request, {"--operation", "merge"}).out, "{}\n");
@@ -161,7 +161,7 @@ TEST(Edit, TheDefaultOperationIsTheUsersChoice) {
   EXPECT_THAT(translate(request, arguments).out, HasSubstr("\"remove\""));
 }
 
-TEST(Edit, AnEditThatOnlySetsIsValidNativeData) {
+TEST(Edit, EditThatOnlySets_IsValidNativeData) {
   ly_log_options(LY_LOSTORE_LAST);
   ly_ctx* context = nullptr;
   ASSERT_EQ(ly_ctx_new(location::kSchemas, LY_CTX_NO_YANGLIBRARY, &context), LY_SUCCESS);
@@ -182,7 +182,7 @@ TEST(Edit, AnEditThatOnlySetsIsValidNativeData) {
   }
 }
 
-TEST(Edit, TheTraceShowsTheHandlersAndTheResultStandsAlone) {
+TEST(Edit, Trace_ShowsTheHandlersApartFromTheResult) {
   const Outcome plain = translate_example("create-interface.json");
   const Outcome traced = translate_example("create-interface.json", {"--trace"});
   EXPECT_EQ(traced.status, 0);
@@ -191,14 +191,14 @@ TEST(Edit, TheTraceShowsTheHandlersAndTheResultStandsAlone) {
   EXPECT_THAT(traced.err, HasSubstr("\n            oc2qd_cfginterval\n"));
 }
 
-TEST(Edit, ARefusedRequestHasATraceToo) {
+TEST(Edit, RefusedRequest_HasATrace) {
   const Outcome traced = translate(interface(R"("name": "a", "state": {})"), {"--trace"});
   EXPECT_EQ(traced.status, 1);
   EXPECT_EQ(traced.out, "");
   EXPECT_THAT(traced.err, HasSubstr("! Unsupported tag is specified in the request.\noclacp: /openconfig-lacp:lacp"));
 }
 
-TEST(Edit, TheDebugLogShowsEveryRecord) {
+TEST(Edit, DebugLog_ShowsEveryRecord) {
   const Outcome logged = translate_example("create-interface.json", {"-v"});
   EXPECT_EQ(logged.status, 0);
   EXPECT_EQ(logged.out, translate_example("create-interface.json").out);

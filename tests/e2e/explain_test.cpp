@@ -50,7 +50,7 @@ bool has(const Context& context, const std::string& path) {
 constexpr const char* kState = "/openconfig-lacp:lacp/interfaces/interface/state/";
 constexpr const char* kConfig = "/openconfig-lacp:lacp/interfaces/interface/config/";
 
-TEST(Explain, ToldOfALeafIsWhatTranslateDoesWithIt) {
+TEST(Explain, Leaf_IsExplainedAsTranslateTranslatesIt) {
   const std::string text = explained("/lacp/interfaces/interface[name='Bundle-Ether1']/config/interval");
   EXPECT_THAT(text, HasSubstr("\n    \"SLOW\" -> \"30000\"\n"));
   const Outcome result = translate(interface(R"("name": "Bundle-Ether1", "config": {"interval": "SLOW"})"));
@@ -58,14 +58,14 @@ TEST(Explain, ToldOfALeafIsWhatTranslateDoesWithIt) {
   EXPECT_THAT(squeezed(result.out), HasSubstr("\"period\":30000"));
 }
 
-TEST(Explain, TakesPathsOfEitherSide) {
+TEST(Explain, NativePath_IsExplained) {
   EXPECT_THAT(explained("/interface-configurations/interface-configuration/lacp/period"),
               HasSubstr("\nIt is read as\n  /openconfig-lacp:lacp/interfaces/interface/config/interval\n"));
   EXPECT_THAT(explained("/Talvo-Brin-QD-bundlemgr-oper:lacp-bundles"),
               StartsWith("/Talvo-Brin-QD-bundlemgr-oper:lacp-bundles\n\nbundles/bundle/bundle-interface\n  -> "));
 }
 
-TEST(Explain, RefusesWhatIsNoNode) {
+TEST(Explain, UnknownNodeOrFile_IsRefused) {
   expect_refusal(run({"explain", "/lacp/colour"}),
                  "/lacp/colour: neither openconfig-lacp nor a native model has such a node");
   expect_refusal(run({"explain", ""}), "the path '': names no node");
@@ -75,35 +75,35 @@ TEST(Explain, RefusesWhatIsNoNode) {
   expect_refusal(run({"explain", "/lacp", "--yang-dir", "/no/such"}), "/no/such: no such folder of schemas");
 }
 
-TEST(Explain, WrongArgumentsAreUsageErrors) {
+TEST(Explain, WrongArguments_AreUsageErrors) {
   EXPECT_EQ(run({"explain"}).status, 2);
   EXPECT_EQ(run({"explain", "/lacp", "/lacp"}).status, 2);
   EXPECT_EQ(run({"coverage", "--format", "csv"}).status, 2);
   EXPECT_EQ(run({"coverage", "/lacp"}).status, 2);
 }
 
-TEST(Coverage, ThePageIsTheOneInTheDocuments) {
+TEST(Coverage, Markdown_IsThePageInTheDocuments) {
   std::ifstream file(std::string(location::kSources) + "/docs/coverage.md");
   std::ostringstream page;
   page << file.rdbuf();
   EXPECT_EQ(coverage("markdown"), page.str());
 }
 
-TEST(Coverage, IsATableUnlessAskedOtherwise) {
+TEST(Coverage, WithoutAFormat_IsATable) {
   const Outcome result = run({"coverage"});
   expect_success(result);
   EXPECT_EQ(result.out, coverage("table"));
   EXPECT_THAT(result.out, HasSubstr("\n  lacp-tx-errors            -      -      refused, has no source\n"));
 }
 
-TEST(Coverage, TheDeviationsTakeAwayWhatIsNotServedAndNothingElse) {
+TEST(Coverage, Deviations_RemoveOnlyWhatIsNotServed) {
   const Context context = deviated(location::kSchemas, coverage("yang"));
   EXPECT_FALSE(has(context, std::string(kState) + "interval"));
   EXPECT_TRUE(has(context, std::string(kState) + "lacp-mode"));
   EXPECT_TRUE(has(context, std::string(kConfig) + "interval"));
 }
 
-TEST(Coverage, OfThePublishedModelTellsOfNodesThatTheMappingDoesNotKnow) {
+TEST(Coverage, PublishedModel_ListsNodesUnknownToTheMapping) {
   const char* published = std::getenv("OCLACP_PUBLISHED_YANG_DIR");
   if (published == nullptr) {
     GTEST_SKIP() << "OCLACP_PUBLISHED_YANG_DIR names no directory of published modules";

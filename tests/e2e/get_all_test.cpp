@@ -44,7 +44,7 @@ std::string text_of(const std::string& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-TEST(GetAll, ShowsConfigurationAndStateOfABundle) {
+TEST(GetAll, Bundle_ShowsConfigurationAndState) {
   EXPECT_THAT(got({kBundle1}),
               testing::StartsWith(
                   R"({"openconfig-lacp:lacp":{"interfaces":{"interface":[{"name":"Bundle-Ether1",)"
@@ -60,7 +60,7 @@ TEST(GetAll, ShowsConfigurationAndStateOfABundle) {
                   R"("lacp-errors":"0","lacp-timeout-transitions":"1"}}},)"));
 }
 
-TEST(GetAll, ReadsWhatThePathNames) {
+TEST(GetAll, Path_ReadsItsSubtree) {
   EXPECT_EQ(got({"/lacp/state"}), R"({"openconfig-lacp:lacp":{"state":{"system-priority":4096}}})");
   EXPECT_EQ(got({"/lacp/config"}), R"({"openconfig-lacp:lacp":{"config":{"system-priority":4096}}})");
   EXPECT_EQ(got({"/lacp/interfaces/interface/state/lacp-mode"}),
@@ -72,24 +72,24 @@ TEST(GetAll, ReadsWhatThePathNames) {
                        R"("state":{"counters":{"lacp-errors":"3"}}}]}})"));
 }
 
-TEST(GetAll, ReadsMembersThatHoldAValue) {
+TEST(GetAll, PathWithAValue_ReadsTheMembersThatHoldIt) {
   EXPECT_THAT(got({"/lacp/interfaces/interface/members/member/state/synchronization[.='OUT_SYNC']"}),
               testing::AllOf(testing::HasSubstr("GigabitEthernet0/0/0/3"),
                              testing::Not(testing::HasSubstr("GigabitEthernet0/0/0/2"))));
 }
 
-TEST(GetAll, ALeafWithoutASourceIsRefused) {
+TEST(GetAll, LeafWithoutASource_IsRefused) {
   expect_refusal(get_all(example("device"), {kBundle1 + "/state/interval"}),
                  "/state/interval: not supported by this mapping (error tag 'interval'");
 }
 
-TEST(GetAll, PrintsXml) {
+TEST(GetAll, FormatXml_PrintsXml) {
   EXPECT_EQ(
       got({"--format", "xml", "/lacp/state"}),
       R"(<lacpxmlns="http://openconfig.net/yang/lacp"><state><system-priority>4096</system-priority></state></lacp>)");
 }
 
-TEST(GetAll, PrintsTheTableOfTheReadme) {
+TEST(GetAll, FormatTable_PrintsTheTableOfTheReadme) {
   const Outcome result = get_all(example("device"), {"--format", "table"});
   expect_success(result);
   EXPECT_THAT(result.out, testing::Not(testing::HasSubstr("\x1b")));
@@ -103,7 +103,7 @@ TEST(GetAll, PrintsTheTableOfTheReadme) {
   EXPECT_THAT(text_of(example("../README.md")), testing::HasSubstr("\n" + block));
 }
 
-TEST(GetAll, HasColoursOnATerminalUnlessTheyAreNotWanted) {
+TEST(GetAll, Terminal_HasColoursUnlessNoColorIsSet) {
   const std::vector<std::string> arguments = {"get", "--all", "--format", "table", "-d", example("device")};
   EXPECT_THAT(printed_on_terminal(arguments), testing::HasSubstr("\x1b[31mOUT_SYNC\x1b[0m"));
   ASSERT_EQ(setenv("NO_COLOR", "1", 1), 0);
@@ -111,7 +111,7 @@ TEST(GetAll, HasColoursOnATerminalUnlessTheyAreNotWanted) {
   ASSERT_EQ(unsetenv("NO_COLOR"), 0);
 }
 
-TEST(GetAll, RunsTheWalkersOfAllRegistrationsConcerned) {
+TEST(GetAll, Trace_ShowsTheWalkersOfAllNativeRoots) {
   const Outcome result = get_all(example("device"), {"--trace"});
   EXPECT_EQ(result.status, 0);
   for (const char* walker :
@@ -126,7 +126,7 @@ struct FreeContext {
   void operator()(ly_ctx* context) const { ly_ctx_destroy(context); }
 };
 
-TEST(GetAll, AnswersAreValidAgainstTheSchema) {
+TEST(GetAll, Answer_IsValidAgainstTheSchema) {
   ly_ctx* made = nullptr;
   ASSERT_EQ(ly_ctx_new(location::kSchemas, LY_CTX_NO_YANGLIBRARY, &made), LY_SUCCESS);
   const std::unique_ptr<ly_ctx, FreeContext> context(made);
@@ -171,7 +171,7 @@ class GetAllFrom : public DeviceFolderTest {
   }
 };
 
-TEST_F(GetAllFrom, ASubInterfaceLandsInNoNeighbour) {
+TEST_F(GetAllFrom, SubInterface_IsLeftOutWithItsMembers) {
   write_bundles(bundle("Bundle-Ether1", with_member("p1", R"("link-data": {"actor-port-id": 1})")) + "," +
                 bundle("Bundle-Ether1.5", with_member("p5", R"("link-data": {"actor-port-id": 5})")) + "," +
                 bundle("Bundle-Ether2", with_member("p2", R"("link-data": {"actor-port-id": 2})")));
@@ -186,7 +186,7 @@ TEST_F(GetAllFrom, ASubInterfaceLandsInNoNeighbour) {
                        R"("state":{"interface":"p2","port-num":2}}]}})"));
 }
 
-TEST_F(GetAllFrom, AModeWithoutOpenconfigFormIsLeftOutAndTold) {
+TEST_F(GetAllFrom, ModeWithoutAnOpenConfigForm_IsLeftOutAndReported) {
   write_bundles(bundle("Bundle-Ether1", R"("data": {"applied-lacp-mode": "bmd-mode-off"})"));
   const Outcome result = get({kBundle1 + "/state"});
   EXPECT_EQ(result.status, 0);
@@ -196,7 +196,7 @@ TEST_F(GetAllFrom, AModeWithoutOpenconfigFormIsLeftOutAndTold) {
   EXPECT_EQ(squeezed(result.out), interfaces(R"({"name":"Bundle-Ether1","state":{"name":"Bundle-Ether1"}})"));
 }
 
-TEST_F(GetAllFrom, OfManyLeavesWithoutFormSomeAreNamed) {
+TEST_F(GetAllFrom, ManyLeavesWithoutAForm_TenAreNamed) {
   std::string entries;
   std::string bundles;
   for (int number = 0; number < 12; ++number) {
@@ -212,7 +212,7 @@ TEST_F(GetAllFrom, OfManyLeavesWithoutFormSomeAreNamed) {
   EXPECT_THAT(result.err, testing::EndsWith("oclacp: left out 2 more leaves for the same reason\n"));
 }
 
-TEST_F(GetAllFrom, BadOperationalDataIsRefusedWithFileAndPath) {
+TEST_F(GetAllFrom, InvalidOperationalData_IsRefusedWithFileAndPath) {
   const std::string file = "oclacp: " + folder() + "/operational.json: ";
   for (const char* state : {"256", "-1", "\"up\"", "1.5", "[null]"}) {
     write_bundles(
@@ -239,13 +239,13 @@ TEST_F(GetAllFrom, BadOperationalDataIsRefusedWithFileAndPath) {
   expect_refusal(get(), folder() + "/operational.json");
 }
 
-TEST_F(GetAllFrom, ADeviceWithoutOperationalDataIsRefusedOnlyWhenItIsAskedForSome) {
+TEST_F(GetAllFrom, MissingOperationalData_IsRefusedOnlyInReadsOfState) {
   expect_refusal(get(), folder() + "/operational.json: No such file or directory");
   expect_success(get({"/lacp/config"}));
   expect_success(run({"get", "--config", "-d", folder()}));
 }
 
-TEST_F(GetAllFrom, KeepsGoingBeyondWhatCannotBeTranslated) {
+TEST_F(GetAllFrom, KeepGoing_LeavesOutWhatCannotBeTranslated) {
   write_running(native_entry("Bundle-Ether1", R"("period": 200)") + "," +
                 native_entry("Bundle-Ether2", R"("mode": "active")"));
   write_bundles(bundle("Bundle-Ether1", "") + "," + bundle("Bundle-Ether2", ""));
@@ -260,7 +260,7 @@ TEST_F(GetAllFrom, KeepsGoingBeyondWhatCannotBeTranslated) {
                        R"("state":{"name":"Bundle-Ether1"}})"));
 }
 
-TEST_F(GetAllFrom, FindsTheOldOrTheNewStateWhileItIsReplaced) {
+TEST_F(GetAllFrom, StateReplacedMeanwhile_IsTheOldOrTheNew) {
   const auto write_all = [this](int value) {
     std::string bundles;
     for (int number = 0; number < 50; ++number) {
@@ -296,7 +296,7 @@ TEST_F(GetAllFrom, FindsTheOldOrTheNewStateWhileItIsReplaced) {
   writer.join();
 }
 
-TEST_F(GetAllFrom, WatchShowsRatesUntilItIsInterrupted) {
+TEST_F(GetAllFrom, Watch_ShowsRatesUntilInterrupted) {
   const auto write_counter = [this](int value) {
     write_file("operational.new", R"({"Talvo-Brin-QD-bundlemgr-oper:lacp-bundles": {"bundles": {"bundle": [)" +
                                       bundle("b", with_member("p", R"("counters": {"lacpd-us-received": ")" +
@@ -315,17 +315,17 @@ TEST_F(GetAllFrom, WatchShowsRatesUntilItIsInterrupted) {
   EXPECT_THAT(result.out, testing::ContainsRegex("  p       3000\n\n  per second +in\n  p +[1-9][0-9]*\\.[0-9]\n"));
 }
 
-TEST_F(GetAllFrom, ASubInterfaceIsNoMatterOfAReadOfAnother) {
+TEST_F(GetAllFrom, ReadOfAnotherInterface_DoesNotReportTheSubInterface) {
   write_bundles(bundle("Bundle-Ether1", "") + "," + bundle("Bundle-Ether1.5", R"("data": {})"));
   expect_success(get({kBundle1}));
 }
 
-TEST_F(GetAllFrom, ConfigurationIsNoState) {
+TEST_F(GetAllFrom, ConfigurationInOperationalData_IsRefused) {
   write_file("operational.json", R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 5}})");
   expect_refusal(get(), "/operational.json: /Talvo-Brin-QD-bundlemgr-cfg:lacp: is configuration");
 }
 
-TEST_F(GetAllFrom, AMatchIsOneOfValues) {
+TEST_F(GetAllFrom, MatchOfANonCanonicalNumber_ComparesValues) {
   write_file("operational.json", R"({"Talvo-Brin-QD-bundlemgr-oper:lacp-data": {"global": {"system-id": {"system-id": {
                                       "system-prio": 4096}}}}})");
   const Outcome result = get({"/lacp/state/system-priority[.='04096']"});
@@ -333,7 +333,7 @@ TEST_F(GetAllFrom, AMatchIsOneOfValues) {
   EXPECT_EQ(squeezed(result.out), R"({"openconfig-lacp:lacp":{"state":{"system-priority":4096}}})");
 }
 
-TEST_F(GetAllFrom, PartsFitTheModel) {
+TEST_F(GetAllFrom, AnswerToAPath_FitsTheModel) {
   ly_ctx* made = nullptr;
   ASSERT_EQ(ly_ctx_new(location::kSchemas, LY_CTX_NO_YANGLIBRARY, &made), LY_SUCCESS);
   const std::unique_ptr<ly_ctx, FreeContext> context(made);
@@ -351,7 +351,7 @@ TEST_F(GetAllFrom, PartsFitTheModel) {
   }
 }
 
-TEST(GetAll, WatchNeedsStateAndATable) {
+TEST(GetAll, WatchWithoutStateOrTable_IsAUsageError) {
   for (const char* seconds : {"nan", "inf", "-1", "1x"}) {
     EXPECT_EQ(get_all(example("device"), {"--watch", seconds}).status, 2) << seconds;
   }

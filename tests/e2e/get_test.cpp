@@ -27,7 +27,7 @@ std::string interfaces(const std::string& entries) {
   return R"({"openconfig-lacp:lacp":{"interfaces":{"interface":[)" + entries + "]}}}";
 }
 
-TEST(Get, ShowsAllOfTheConfiguration) {
+TEST(Get, WithoutAPath_ShowsAllConfiguration) {
   EXPECT_EQ(
       got({}),
       R"({"openconfig-lacp:lacp":{"config":{"system-priority":4096},"interfaces":{"interface":[)"
@@ -36,7 +36,7 @@ TEST(Get, ShowsAllOfTheConfiguration) {
       R"({"name":"Bundle-Ether2","config":{"name":"Bundle-Ether2","interval":"SLOW","lacp-mode":"PASSIVE"}}]}}})");
 }
 
-TEST(Get, ReadsWhatThePathNames) {
+TEST(Get, Path_ReadsItsSubtree) {
   EXPECT_EQ(got({"/lacp/config"}), R"({"openconfig-lacp:lacp":{"config":{"system-priority":4096}}})");
   EXPECT_EQ(got({"/lacp/interfaces/interface[name='Bundle-Ether2']"}),
             interfaces(R"({"name":"Bundle-Ether2","config":{"name":"Bundle-Ether2","interval":"SLOW",)"
@@ -48,26 +48,26 @@ TEST(Get, ReadsWhatThePathNames) {
                        R"({"name":"Bundle-Ether2","config":{"interval":"SLOW"}})"));
 }
 
-TEST(Get, ReadsInterfacesThatHoldAValue) {
+TEST(Get, PathWithAValue_ReadsTheInterfacesThatHoldIt) {
   EXPECT_EQ(got({"/lacp/interfaces/interface/config/lacp-mode[.='PASSIVE']"}),
             interfaces(R"({"name":"Bundle-Ether2","config":{"name":"Bundle-Ether2","interval":"SLOW",)"
                        R"("lacp-mode":"PASSIVE"}})"));
 }
 
-TEST(Get, OfWhatIsNotThereIsAnEmptyDocument) {
+TEST(Get, AbsentNode_IsAnEmptyDocument) {
   EXPECT_EQ(got({"/lacp/interfaces/interface[name='Bundle-Ether9']"}), "{}");
   EXPECT_EQ(got({"/lacp/interfaces/interface[name='GigabitEthernet0/0/0/0']"}), "{}");
   EXPECT_EQ(got({"/lacp/interfaces/interface[name='Bundle-Ether2']/config/system-id-mac"}), "{}");
   EXPECT_EQ(got({"/lacp/state"}), "{}");
 }
 
-TEST(Get, PrintsXml) {
+TEST(Get, FormatXml_PrintsXml) {
   EXPECT_EQ(
       got({"--format", "xml", "/lacp/config"}),
       R"(<lacpxmlns="http://openconfig.net/yang/lacp"><config><system-priority>4096</system-priority></config></lacp>)");
 }
 
-TEST(Get, PrintsATable) {
+TEST(Get, FormatTable_PrintsATable) {
   const Outcome result = get({"--format", "table"});
   expect_success(result);
   EXPECT_EQ(result.out,
@@ -77,7 +77,7 @@ TEST(Get, PrintsATable) {
             "Bundle-Ether2  SLOW      PASSIVE    -                  -\n");
 }
 
-TEST(Get, LeavesTheResultToItself) {
+TEST(Get, Trace_DoesNotChangeTheResult) {
   const Outcome result = get({kBundle1, "--trace"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(squeezed(result.out), got({kBundle1}));
@@ -85,7 +85,7 @@ TEST(Get, LeavesTheResultToItself) {
                                          testing::HasSubstr(" qd2oc_cfglacpmode\n")));
 }
 
-TEST(Get, BadPathsAreRefused) {
+TEST(Get, InvalidPath_IsRefused) {
   expect_refusal(get({"/lacp/colour"}), "oclacp: /openconfig-lacp:lacp/colour: no such node\n");
   expect_refusal(get({"/interfaces"}), "oclacp: /interfaces: no such node\n");
   expect_refusal(get({"colour"}), "oclacp: /colour: no such node\n");
@@ -96,7 +96,7 @@ TEST(Get, BadPathsAreRefused) {
                  "/name: an interface name has at most 63 bytes\n");
 }
 
-TEST(Get, NeedsADeviceAndOneFormOfAnswer) {
+TEST(Get, MissingDeviceOrWrongOptions_IsAUsageError) {
   EXPECT_EQ(run({"get"}).status, 2);
   EXPECT_EQ(get({"--format", "csv"}).status, 2);
   EXPECT_EQ(get({"--unmapped", "--format", "table"}).status, 2);
@@ -123,7 +123,7 @@ class GetFrom : public DeviceFolderTest {
   }
 };
 
-TEST_F(GetFrom, PeriodsWithoutAnOpenConfigFormEndTheWhole) {
+TEST_F(GetFrom, PeriodWithoutAnOpenConfigForm_FailsTheRead) {
   write_entries(R"("period": 30000)", R"("period": 200)");
   expect_refusal(get(),
                  "[interface-name='Bundle-Ether2']/Talvo-Brin-QD-bundlemgr-cfg:lacp/period: '200' has no OpenConfig "
@@ -133,7 +133,7 @@ TEST_F(GetFrom, PeriodsWithoutAnOpenConfigFormEndTheWhole) {
   expect_refusal(get(), "[interface-name='Bundle-Ether1']/Talvo-Brin-QD-bundlemgr-cfg:lacp/period: '1' has no");
 }
 
-TEST_F(GetFrom, TheOthersAreReadByPath) {
+TEST_F(GetFrom, PathWithoutTheFailingPeriod_IsRead) {
   write_entries(R"("period": true)", R"("period": 200, "mode": "active")");
   EXPECT_EQ(got({kBundle1}),
             interfaces(R"({"name":"Bundle-Ether1","config":{"name":"Bundle-Ether1","interval":"FAST"}})"));
@@ -141,7 +141,7 @@ TEST_F(GetFrom, TheOthersAreReadByPath) {
             interfaces(R"({"name":"Bundle-Ether2","config":{"lacp-mode":"ACTIVE"}})"));
 }
 
-TEST_F(GetFrom, KeepingGoingLeavesOutWhatHasNoForm) {
+TEST_F(GetFrom, KeepGoing_LeavesOutWhatHasNoForm) {
   write_running(native_entry("Bundle-Ether1", R"("mode": "active", "period": 200)") + "," +
                 native_entry("Bundle-Ether2", R"("period": 1000)") + "," +
                 native_entry("Bundle-Ether3", R"("period": 1)"));
@@ -157,7 +157,7 @@ TEST_F(GetFrom, KeepingGoingLeavesOutWhatHasNoForm) {
   EXPECT_EQ(got({"--keep-going"}), got());
 }
 
-TEST_F(GetFrom, OnlyActiveInterfacesWithLacpAreShown) {
+TEST_F(GetFrom, InactiveOrWithoutLacp_IsNotShown) {
   write_running(R"({"active": "pre", "interface-name": "Bundle-Ether1",
                     "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": "active"}},
                    {"active": "act", "interface-name": "Bundle-Ether2"},
@@ -169,12 +169,12 @@ TEST_F(GetFrom, OnlyActiveInterfacesWithLacpAreShown) {
   EXPECT_EQ(got(), interfaces(R"({"name":"Bundle-Ether5","config":{"name":"Bundle-Ether5"}})"));
 }
 
-TEST_F(GetFrom, OneInterfaceAndNothingElseIsEnough) {
+TEST_F(GetFrom, ConfigurationWithoutInterfaces_IsAnEmptyDocument) {
   write_running("");
   EXPECT_EQ(got(), "{}");
 }
 
-TEST_F(GetFrom, ListsWhatOpenConfigCannotExpress) {
+TEST_F(GetFrom, Unmapped_ListsWhatOpenConfigCannotExpress) {
   write_running(native_entry("Bundle-Ether1", R"("mode": "on", "period": 200, "system-priority": 5,
       "talvo-extensions": {"enable": [null]})",
                              R"("interface-virtual": [null], "description": "to the core",
@@ -194,7 +194,7 @@ TEST_F(GetFrom, ListsWhatOpenConfigCannotExpress) {
   EXPECT_EQ(got({"--unmapped", "/lacp/interfaces/interface[name='Bundle-Ether2']"}), "");
 }
 
-TEST_F(GetFrom, DevicesOfOtherTypesAreRefused) {
+TEST_F(GetFrom, OtherDeviceType_IsRefused) {
   write_platform(R"({"oclacp-platform:platform": {"router-type": 9}})");
   expect_refusal(get(),
                  "oclacp: platform type 9: the mapping module does not offer openconfig-lacp on devices of this "
@@ -203,7 +203,7 @@ TEST_F(GetFrom, DevicesOfOtherTypesAreRefused) {
                  "platform type 9");
 }
 
-TEST_F(GetFrom, ConfigurationsThatAreBrokenAreRefused) {
+TEST_F(GetFrom, InvalidConfiguration_IsRefused) {
   write_running(R"({"active": "act", "interface-name": ")" + std::string(300, 'x') + "\"}");
   expect_refusal(get(), folder() + "/running.json: ");
   write_running(native_entry("Bundle-Ether1", R"("mode": "sideways")"));

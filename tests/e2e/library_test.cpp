@@ -8,7 +8,7 @@ namespace support {
 namespace {
 
 // What a loaded module takes from the host: everything that the contract's headers declare.
-TEST(Library, ExportsTheContract) {
+TEST(Library, Loaded_ExportsTheContract) {
   void* library = dlopen(location::kHostLibrary, RTLD_NOW | RTLD_LOCAL);
   ASSERT_NE(library, nullptr) << dlerror();
   for (const char* name : {"_lstrace",

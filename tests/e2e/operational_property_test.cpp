@@ -235,7 +235,7 @@ std::string answer(const Device& device) {
 
 class OperationalProperty : public DeviceFolderTest {};
 
-TEST_F(OperationalProperty, TheAnswerIsThatOfANaiveTranslation) {
+TEST_F(OperationalProperty, DrawnDevice_AnswersAsANaiveTranslation) {
   for (unsigned seed = 0; seed < 100; ++seed) {
     const Device device = Generator(seed).device();
     write_running(running(device));

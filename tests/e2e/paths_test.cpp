@@ -118,7 +118,7 @@ std::string repeated(const std::string& text, unsigned count) {
   return all;
 }
 
-TEST(LongPaths, AreRefusedAtOnce) {
+TEST(LongPaths, LongerThanTheLimit_AreRefusedAtOnce) {
   const CopiedDevice device;
   const auto start = std::chrono::steady_clock::now();
   for (const std::string& path : {"/lacp/" + std::string(100'000, 'x'), "/lacp" + repeated("/config", 14'000),

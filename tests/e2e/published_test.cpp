@@ -30,21 +30,21 @@ std::string request(const char* fallback) {
   return interface(std::string(R"("name": "Bundle-Ether1", "config": {"fallback": )") + fallback + "}");
 }
 
-TEST_F(Published, ANewerNodeIsAnUnsupportedTagOfAnEdit) {
+TEST_F(Published, NewerNodeInAnEdit_IsRefusedAsUnsupported) {
   expect_refusal(translate(request("true"), with_models({})),
                  "/config/fallback: not supported by this mapping (error tag 'fallback', code 0xaaf2ee00)");
 }
 
-TEST_F(Published, ANewerNodeIsPassedOverInARead) {
+TEST_F(Published, NewerNodeInARead_IsSkipped) {
   expect_success(translate(request("[null]"), with_models({"--read", "config"})));
 }
 
-TEST_F(Published, EditsAreThoseOfTheShippedModel) {
+TEST_F(Published, Edit_IsThatOfTheShippedModel) {
   const std::vector<std::string> edit = {"translate", "--to", "native", example("requests/create-interface.json")};
   EXPECT_EQ(run(with_models(edit)).out, run(edit).out);
 }
 
-TEST_F(Published, AnswersAreThoseOfTheShippedModelWithTheLeavesThatKeysReferTo) {
+TEST_F(Published, Answer_AddsTheConfigOfMembersOnly) {
   const std::vector<std::string> get = {"get", "--all", "-d", example("device")};
   const Outcome answer = run(with_models(get));
   expect_success(answer);

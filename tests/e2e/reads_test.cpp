@@ -16,33 +16,33 @@ std::string read(const std::string& what, const std::string& name) {
   return result.out;
 }
 
-TEST(Read, OfConfigurationAsksForAllLeavesOfAnInterface) {
+TEST(Read, ConfigurationOfAnInterface_AsksForItsLeaves) {
   EXPECT_EQ(read("config", "read-interface.json"), kInterface + "period\n" + kInterface + "mode\n" + kInterface +
                                                        "system-mac\n" + kInterface + "system-priority\n");
 }
 
-TEST(Read, OfAllAsksForStateToo) {
+TEST(Read, ConfigurationAndState_AsksForStateToo) {
   const std::string paths = read("all", "read-interface.json");
   EXPECT_THAT(paths, testing::StartsWith(read("config", "read-interface.json")));
   EXPECT_THAT(paths, testing::HasSubstr("\n/Talvo-Brin-QD-bundlemgr-oper:lacp-bundles/bundles/bundle/members/member/"
                                         "link-data/actor-port-state\n"));
 }
 
-TEST(Read, OfLacpAsksForEveryInterface) {
+TEST(Read, WholeOfLacp_AsksForEveryInterface) {
   EXPECT_EQ(read("config", "read-lacp.json"), "/Talvo-Brin-QD-bundlemgr-cfg:lacp/system-priority\n" + kAnyInterface +
                                                   "period\n" + kAnyInterface + "mode\n" + kAnyInterface +
                                                   "system-mac\n" + kAnyInterface + "system-priority\n");
 }
 
-TEST(Read, OfASelectionAsksForTheSelectedLeaves) {
+TEST(Read, Selection_AsksForTheSelectedLeaves) {
   EXPECT_EQ(read("config", "read-selection.xml"), kInterface + "mode\n" + kInterface + "period\n");
 }
 
-TEST(Read, WithAMatchShowsTheValue) {
+TEST(Read, Match_ShowsTheValue) {
   EXPECT_THAT(read("config", "read-match.json"), testing::StartsWith(kInterface + "mode = ACTIVE\n"));
 }
 
-TEST(Read, WithoutAKeyMeansAllEntries) {
+TEST(Read, EntryWithoutAKey_AsksForAllEntries) {
   const Outcome result = translate(interface(R"("config": {"interval": [null]})"), {"--read", "config"});
   expect_success(result);
   EXPECT_EQ(result.out, kAnyInterface + "period\n");
@@ -63,7 +63,7 @@ TEST(Read, EntryWithoutContent_AsksForAllEntriesWhole) {
   EXPECT_EQ(members.out, translate(interface(R"("members": {})"), {"--read", "all"}).out);
 }
 
-TEST(Read, OfAnUnknownStateLeafIsRefused) {
+TEST(Read, UnsupportedStateLeaf_IsRefused) {
   expect_refusal(run({"translate", "--to", "native", "--read", "all", example("bad/read-unsupported.xml")}),
                  "/state/interval: not supported by this mapping (error tag 'interval', code 0xaaf2ee00)");
 }

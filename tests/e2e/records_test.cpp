@@ -19,14 +19,14 @@ std::string system_id_bytes() {
   return pclose(pipe) == 0 ? bytes : "";
 }
 
-TEST(Records, ListNamesAllBags) {
+TEST(Records, List_NamesAllBags) {
   const Outcome result = run({"records", "list"});
   expect_success(result);
   EXPECT_EQ(std::count(result.out.begin(), result.out.end(), '\n'), 21);
   EXPECT_THAT(result.out, HasSubstr("\nlacp_system_id                   $126      20  $43 (6), $91 (8)\n"));
 }
 
-TEST(Records, ShowGivesFieldsWithOffsetSizeAndType) {
+TEST(Records, Show_PrintsFieldsWithOffsetSizeAndType) {
   const Outcome result = run({"records", "show", "lacp_system_id"});
   expect_success(result);
   EXPECT_EQ(result.out,
@@ -43,7 +43,7 @@ TEST(Records, ShowGivesFieldsWithOffsetSizeAndType) {
             "    14     6  SystemMACAddress  MAC address\n");
 }
 
-TEST(Records, DecodePrintsWhatAPlainStructHolds) {
+TEST(Records, Decode_PrintsTheFieldsOfAStruct) {
   const Outcome result = run({"records", "decode", "lacp_system_id", "-"}, system_id_bytes());
   expect_success(result);
   EXPECT_EQ(result.out,
@@ -57,7 +57,7 @@ TEST(Records, DecodePrintsWhatAPlainStructHolds) {
             "    14     6  SystemMACAddress  02:00:00:00:00:09\n");
 }
 
-TEST(Records, DecodePrintsJson) {
+TEST(Records, DecodeInJson_PrintsJson) {
   const Outcome result = run({"records", "decode", "lacp_system_id", "-", "--format", "json"}, system_id_bytes());
   expect_success(result);
   EXPECT_EQ(result.out,
@@ -76,7 +76,7 @@ TEST(Records, DecodePrintsJson) {
             "}\n");
 }
 
-TEST(Records, DecodeNamesTheDevicesInterfaces) {
+TEST(Records, DecodeWithADevice_NamesItsInterfaces) {
   std::string bytes(24, '\0');
   bytes[0] = 3;
   const Outcome result = run({"records", "decode", "bm_rpl_state", "-", "-d", example("device")}, bytes);
@@ -86,7 +86,7 @@ TEST(Records, DecodeNamesTheDevicesInterfaces) {
               HasSubstr("BundleInterfaceName  0x00000003\n"));
 }
 
-TEST(Records, WrongInputIsRefused) {
+TEST(Records, WrongInput_IsRefused) {
   expect_refusal(run({"records", "show", "nothing"}), "nothing: no such bag");
   expect_refusal(run({"records", "decode", "nothing", "-"}), "nothing: no such bag");
   expect_refusal(run({"records", "decode", "lacp_system_id", "-"}, ""), "lacp_system_id: a record has 20 bytes, not 0");
@@ -100,7 +100,7 @@ TEST(Records, WrongInputIsRefused) {
   expect_refusal(run({"records", "list", "--module", location::kHostLibrary}), "has no manifest beside it");
 }
 
-TEST(Records, WrongArgumentsHaveAStatusOfTheirOwn) {
+TEST(Records, WrongArguments_AreUsageErrors) {
   for (const std::vector<std::string>& arguments :
        std::vector<std::vector<std::string>>{{"records"},
                                              {"records", "forget"},

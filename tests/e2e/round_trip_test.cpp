@@ -43,7 +43,7 @@ std::string request(const std::string& entries) {
   return R"({"openconfig-lacp:lacp": {"interfaces": {"interface": [)" + entries + "]}}}";
 }
 
-TEST_F(RoundTrip, WhatIsSetIsRead) {
+TEST_F(RoundTrip, SetLeaves_AreReadBack) {
   std::string entries;
   for (int choice = 1; choice < kSettings; ++choice) {
     entries += (choice == 1 ? "" : ",") + entry("Bundle-Ether" + std::to_string(choice), settings(choice));
@@ -52,12 +52,12 @@ TEST_F(RoundTrip, WhatIsSetIsRead) {
   EXPECT_EQ(got(), squeezed(request(entries)));
 }
 
-TEST_F(RoundTrip, AnInterfaceWithoutSettingsHasNoLacp) {
+TEST_F(RoundTrip, InterfaceWithoutSettings_HasNoLacp) {
   EXPECT_EQ(run({"edit", "-", "-d", folder()}, request(entry("Bundle-Ether1", ""))).status, 0);
   EXPECT_EQ(got(), "{}");
 }
 
-TEST_F(RoundTrip, AReplacedInterfaceHasWhatWasNamed) {
+TEST_F(RoundTrip, ReplacedInterface_HasTheNewSettingsOnly) {
   for (const int before : {1, 7, kSettings - 1}) {
     for (int after = 1; after < kSettings; ++after) {
       edit(request(entry("Bundle-Ether1", settings(before))));
@@ -68,7 +68,7 @@ TEST_F(RoundTrip, AReplacedInterfaceHasWhatWasNamed) {
   }
 }
 
-TEST_F(RoundTrip, WhatIsDeletedIsGone) {
+TEST_F(RoundTrip, DeletedNode_IsNotRead) {
   edit(R"({"openconfig-lacp:lacp": {"config": {"system-priority": 7}, "interfaces": {"interface": [)" +
        entry("Bundle-Ether1", settings(kSettings - 1)) + "," + entry("Bundle-Ether2", settings(kSettings - 1)) +
        "]}}}");
@@ -93,7 +93,7 @@ std::string three_interfaces(const std::string& lacp) {
   return native_interfaces(entries).substr(1);
 }
 
-TEST_F(RoundTrip, ADeleteOfAllTakesThePriorityAndTheLacpOfThreeInterfacesAndNothingElse) {
+TEST_F(RoundTrip, DeleteOfLacp_RemovesThePriorityAndLacpOnly) {
   write_file("running.json", R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 7}, )" +
                                  three_interfaces(R"(, "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"mode": "active"})"));
   const Outcome edit = run({"delete", "/lacp", "--dry-run", "-d", folder()});
@@ -111,7 +111,7 @@ TEST_F(RoundTrip, ADeleteOfAllTakesThePriorityAndTheLacpOfThreeInterfacesAndNoth
   EXPECT_EQ(got(), "{}");
 }
 
-TEST_F(RoundTrip, ADeviceThatKeepsWhatIsWrittenHasNoWayBackForFast) {
+TEST_F(RoundTrip, FastIntervalKeptAsWritten_CannotBeReadBack) {
   write_platform(R"({"oclacp-platform:platform": {"router-type": 7}})");
   const std::string fast = request(entry("Bundle-Ether1", R"(, "interval": "FAST")"));
   EXPECT_EQ(run({"edit", "-", "-d", folder()}, fast).status, 0);

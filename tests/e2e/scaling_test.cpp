@@ -51,15 +51,15 @@ void expect_linear(const std::string& content, const std::vector<std::string>& a
   EXPECT_LT(ten / one, 25) << one << " s for 1,000, " << ten << " s for 10,000 interfaces";
 }
 
-TEST(Scaling, OfAMergeIsLinear) {
+TEST(Scaling, Merge_IsLinear) {
   expect_linear(R"(, "config": {"interval": "FAST", "lacp-mode": "ACTIVE", "system-priority": 5})", {});
 }
 
-TEST(Scaling, OfADeleteIsLinear) {
+TEST(Scaling, Delete_IsLinear) {
   expect_linear(R"(, "config": {"@": {"ietf-netconf:operation": "delete"}})", {});
 }
 
-TEST(Scaling, OfAReadIsLinear) {
+TEST(Scaling, Read_IsLinear) {
   expect_linear("", {"--read", "all"});
 }
 
@@ -102,7 +102,7 @@ class ScalingOnADevice : public DeviceFolderTest {
   }
 };
 
-TEST_F(ScalingOnADevice, OfAGetIsLinear) {
+TEST_F(ScalingOnADevice, Get_IsLinear) {
   for (const std::vector<std::string>& further :
        {std::vector<std::string>{}, {"--keep-going"}, {"--unmapped"}, {"--format", "table"}}) {
     std::vector<std::string> arguments = {"get", "-d", folder()};
@@ -116,7 +116,7 @@ TEST_F(ScalingOnADevice, OfAGetIsLinear) {
   }
 }
 
-TEST_F(ScalingOnADevice, OfAGetOfStateIsLinearAndOneEntryCostsLess) {
+TEST_F(ScalingOnADevice, GetOfState_IsLinearAndOneEntryCostsLess) {
   const auto fill_state = [this](int count) {
     fill(count);
     std::ostringstream bundles;
@@ -138,21 +138,21 @@ TEST_F(ScalingOnADevice, OfAGetOfStateIsLinearAndOneEntryCostsLess) {
   EXPECT_LT(entry, ten) << entry << " s for one of 10,000, " << ten << " s for all";
 }
 
-TEST_F(ScalingOnADevice, OfAMergeIsLinear) {
+TEST_F(ScalingOnADevice, Merge_IsLinear) {
   expect_linear_edit(R"(, "config": {"interval": "SLOW", "lacp-mode": "PASSIVE"})");
 }
 
-TEST_F(ScalingOnADevice, OfAReplaceIsLinear) {
+TEST_F(ScalingOnADevice, Replace_IsLinear) {
   expect_linear_edit(R"(, "@": {"ietf-netconf:operation": "replace"}, "config": {"interval": "SLOW"})");
 }
 
-TEST_F(ScalingOnADevice, OfARemoveOfConfigIsLinear) {
+TEST_F(ScalingOnADevice, RemoveOfConfig_IsLinear) {
   expect_linear_edit(R"(, "config": {"@": {"ietf-netconf:operation": "remove"}})");
 }
 
 // The module compares each name with those of the data store one after the other, which is no more than a look at each.
 // What the store does for each search must not grow with the interfaces.
-TEST_F(ScalingOnADevice, OfDeletesOfEntriesIsNotMuchWorse) {
+TEST_F(ScalingOnADevice, DeletesOfEntries_AreNearlyLinear) {
   const std::string content = R"(, "@": {"ietf-netconf:operation": "delete"})";
   const double one = time_of_edit(300, content);
   const double ten = time_of_edit(3'000, content);

@@ -17,7 +17,7 @@ std::string translated(const std::string& native, const std::vector<std::string>
   return squeezed(result.out);
 }
 
-TEST(ToOpenconfig, TakesSeveralNativeTrees) {
+TEST(ToOpenconfig, SeveralNativeTrees_AreTranslatedTogether) {
   EXPECT_EQ(translated(R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 7},
       "Talvo-Brin-QD-bundlemgr-cfg:bundle": {"lacp-delay": 5},
       "Talvo-Brin-QD-ifmgr-cfg:interface-configurations": {"interface-configuration": [)" +
@@ -26,7 +26,7 @@ TEST(ToOpenconfig, TakesSeveralNativeTrees) {
             R"({"name":"Bundle-Ether1","config":{"name":"Bundle-Ether1","lacp-mode":"PASSIVE"}}]}}})");
 }
 
-TEST(ToOpenconfig, KeepsTheFormatUnlessAskedOtherwise) {
+TEST(ToOpenconfig, Result_HasTheFormatOfTheInputByDefault) {
   const std::string xml = R"(<lacp xmlns="urn:talvo-brin:yang:Talvo-Brin-QD-bundlemgr-cfg">)"
                           R"(<system-priority>7</system-priority></lacp>)";
   EXPECT_EQ(translated(xml), R"(<lacpxmlns="http://openconfig.net/yang/lacp"><config><system-priority>7)"
@@ -34,7 +34,7 @@ TEST(ToOpenconfig, KeepsTheFormatUnlessAskedOtherwise) {
   EXPECT_EQ(translated(xml, {"--format", "json"}), R"({"openconfig-lacp:lacp":{"config":{"system-priority":7}}})");
 }
 
-TEST(ToOpenconfig, WithADeviceItsInterfacesCount) {
+TEST(ToOpenconfig, WithADevice_OnlyItsInterfacesAreTranslated) {
   const std::string native = native_interfaces(native_entry("Bundle-Ether1", R"("mode": "active")") + "," +
                                                native_entry("Bundle-Ether7", R"("mode": "active")"));
   EXPECT_THAT(translated(native),
@@ -43,13 +43,13 @@ TEST(ToOpenconfig, WithADeviceItsInterfacesCount) {
               testing::AllOf(testing::HasSubstr("Bundle-Ether1"), testing::Not(testing::HasSubstr("Bundle-Ether7"))));
 }
 
-TEST(ToOpenconfig, OfNothingThatIsMappedIsAnEmptyDocument) {
+TEST(ToOpenconfig, InputWithoutMappedData_IsAnEmptyDocument) {
   EXPECT_EQ(translated("{}"), "{}");
   EXPECT_EQ(translated(R"({"Talvo-Brin-QD-ifmgr-cfg:global-interface-configuration": {"link-status": "disable"}})"),
             "{}");
 }
 
-TEST(ToOpenconfig, BadInputIsRefused) {
+TEST(ToOpenconfig, InvalidInput_IsRefused) {
   expect_refusal(to_openconfig(""), "empty");
   expect_refusal(to_openconfig("{"), "the document ends early");
   expect_refusal(to_openconfig(interface(R"("name": "a")")), "openconfig-lacp");
@@ -66,7 +66,7 @@ TEST(ToOpenconfig, BadInputIsRefused) {
 }
 
 // Whatever of a value's forms has a way back: each combination of the leaves, set by a request and read back.
-TEST(Pipe, WhatIsTranslatedComesBack) {
+TEST(Pipe, SettingsOfAnInterface_AreTranslatedBack) {
   for (int choice = 0; choice < 3 * 2 * 2 * 2; ++choice) {
     std::string leaves = R"("name": "Bundle-Ether1")";
     leaves += choice % 2 == 0 ? "" : R"(, "interval": "SLOW")";
@@ -83,14 +83,14 @@ TEST(Pipe, WhatIsTranslatedComesBack) {
   }
 }
 
-TEST(Pipe, ASystemsPriorityComesBack) {
+TEST(Pipe, SystemPriority_IsTranslatedBack) {
   const std::string request = R"({"openconfig-lacp:lacp": {"config": {"system-priority": 5}}})";
   EXPECT_EQ(translated(translate(request).out), squeezed(request));
 }
 
 // A fast interval is written as one second and not as a number of milliseconds, which only some devices turn into a
 // form that reads back.
-TEST(Pipe, AFastIntervalDoesNotComeBack) {
+TEST(Pipe, FastInterval_IsNotTranslatedBack) {
   const Outcome native = translate(interface(R"("name": "Bundle-Ether1", "config": {"interval": "FAST"})"));
   expect_success(native);
   expect_refusal(to_openconfig(native.out), "/period: '1' has no OpenConfig form");

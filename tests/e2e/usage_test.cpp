@@ -18,7 +18,7 @@ void expect_usage_error(const std::vector<std::string>& arguments) {
   EXPECT_NE(result.err, "") << testing::PrintToString(arguments);
 }
 
-TEST(Usage, WrongArgumentsHaveAStatusOfTheirOwn) {
+TEST(Usage, WrongArguments_AreUsageErrors) {
   expect_usage_error({});
   expect_usage_error({"transmogrify"});
   expect_usage_error({"translate"});
@@ -31,12 +31,12 @@ TEST(Usage, WrongArgumentsHaveAStatusOfTheirOwn) {
   expect_usage_error({"translate", "--to", "native", "-", "--colour"});
 }
 
-TEST(Usage, AReadHasNeitherOperationNorFormat) {
+TEST(Usage, ReadWithOperationOrFormat_IsAUsageError) {
   expect_usage_error({"translate", "--to", "native", "-", "--read", "config", "--operation", "merge"});
   expect_usage_error({"translate", "--to", "native", "-", "--read", "config", "--format", "json"});
 }
 
-TEST(Usage, HelpAndVersionAreResults) {
+TEST(Usage, HelpAndVersion_Succeed) {
   const Outcome version = run({"--version"});
   expect_success(version);
   EXPECT_THAT(version.out, testing::MatchesRegex("oclacp [0-9]+\\.[0-9]+\\.[0-9]+\n"));
@@ -77,7 +77,7 @@ TEST(Complaints, OfAFile_NameIt) {
                  "oclacp: " + example("bad/malformed.json") + " (line 2): the document ends early\n");
 }
 
-TEST(Usage, AResultThatCannotBeWrittenIsAFailure) {
+TEST(Usage, ResultThatCannotBeWritten_Fails) {
   const std::string command = std::string(location::kProgram) + " translate --to native " +
                               example("requests/create-interface.json") + " >/dev/full 2>/dev/null";
   const int status = std::system(command.c_str());  // NOLINT(cert-env33-c): a shell redirects

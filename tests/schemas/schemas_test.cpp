@@ -81,7 +81,7 @@ void expect_only_selections_are_opaque(const lyd_node* tree, const fs::path& fil
   }
 }
 
-TEST(Schemas, EachLoadsAloneWithoutAWarning) {
+TEST(Schemas, EachSchemaAlone_LoadsWithoutWarning) {
   const auto files = files_in(source("yang"));
   ASSERT_FALSE(files.empty());
   for (const fs::path& file : files) {
@@ -91,7 +91,7 @@ TEST(Schemas, EachLoadsAloneWithoutAWarning) {
   }
 }
 
-TEST(Schemas, AnEditOperationIsKnownOnceTheNetconfModuleIsLoaded) {
+TEST(Schemas, NetconfModuleLoaded_KnowsTheEditOperation) {
   const Context context = context_with_all_schemas();
   const Data tree = parse(context, source("examples/requests/delete-lacp.json"), LYD_PARSE_ONLY | LYD_PARSE_STRICT, 0);
   ASSERT_NE(nullptr, tree);
@@ -100,7 +100,7 @@ TEST(Schemas, AnEditOperationIsKnownOnceTheNetconfModuleIsLoaded) {
   EXPECT_STREQ("delete", lyd_get_meta_value(operation));
 }
 
-TEST(Schemas, PeriodTakesTheTextsThatTheMappingWrites) {
+TEST(Schemas, Period_AcceptsTheTextsThatTheMappingWrites) {
   const Context context = context_with_all_schemas();
   const std::string leaf =
       "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration[active='act'][interface-name='b']/"
@@ -115,7 +115,7 @@ TEST(Schemas, PeriodTakesTheTextsThatTheMappingWrites) {
   lyd_free_all(tree);
 }
 
-TEST(Examples, TheDeviceIsValid) {
+TEST(Examples, Device_IsValid) {
   const Context context = context_with_all_schemas();
   EXPECT_NE(nullptr, parse(context, source("examples/device/running.json"), LYD_PARSE_STRICT | LYD_PARSE_NO_STATE,
                            LYD_VALIDATE_NO_STATE));
@@ -124,7 +124,7 @@ TEST(Examples, TheDeviceIsValid) {
             parse(context, source("examples/device/operational.json"), LYD_PARSE_STRICT, LYD_VALIDATE_PRESENT));
 }
 
-TEST(Examples, EveryRequestFitsTheSchema) {
+TEST(Examples, EveryRequest_FitsTheSchema) {
   const Context context = context_with_all_schemas();
   const auto requests = files_in(source("examples/requests"));
   ASSERT_FALSE(requests.empty());
@@ -166,7 +166,7 @@ LY_ERR compare_with_published(lysc_node* ours, void* data, ly_bool* /*skip_child
   return LY_SUCCESS;
 }
 
-TEST(Schemas, OpenconfigLacpAgreesWithThePublishedModule) {
+TEST(Schemas, OpenconfigLacp_AgreesWithThePublishedModule) {
   const char* published_dir = std::getenv("OCLACP_PUBLISHED_YANG_DIR");
   if (published_dir == nullptr) GTEST_SKIP() << "OCLACP_PUBLISHED_YANG_DIR names no directory of published modules";
   const Context published = new_context(published_dir);

@@ -160,14 +160,14 @@ class Tables : public testing::Test {
   const Schemas schemas;
 };
 
-TEST_F(Tables, OfOpenconfigHoldEveryNodeOfTheSchemaAndNoOther) {
+TEST_F(Tables, Openconfig_HoldsEveryNodeOfTheSchemaAndNoOther) {
   const Found found = compare(schemas, {openconfig()});
   EXPECT_TRUE(found.passed.empty()) << "in no table:" << joined(found.passed);
   EXPECT_TRUE(found.imaginary.empty()) << "no node of the schema:" << joined(found.imaginary);
   EXPECT_GT(found.leaves.size(), 30U);
 }
 
-TEST_F(Tables, OfTheNativeModelsHoldEveryNodeThatIsNotDeclaredAsNotMapped) {
+TEST_F(Tables, NativeModels_HoldEveryNodeNotDeclaredUnmapped) {
   Found found = compare(schemas, registered_trees());
   // What no registration leads to is found as passed over, if it is not a root.
   for (const Tree& tree : unreached_trees()) {
@@ -179,14 +179,14 @@ TEST_F(Tables, OfTheNativeModelsHoldEveryNodeThatIsNotDeclaredAsNotMapped) {
   EXPECT_THAT(found.passed, UnorderedElementsAreArray(not_mapped()));
 }
 
-TEST_F(Tables, OfTheNativeModelsHoldNodesOfTheSchemasOnly) {
+TEST_F(Tables, NativeModels_HoldNodesOfTheSchemasOnly) {
   for (const std::vector<Tree>& trees : {registered_trees(), unreached_trees()}) {
     const Found found = compare(schemas, trees);
     EXPECT_TRUE(found.imaginary.empty()) << "no node of the schema:" << joined(found.imaginary);
   }
 }
 
-TEST_F(Tables, HaveATreeForEveryRootOfTheSchemas) {
+TEST_F(Tables, SchemaRoots_EachHaveATree) {
   Paths roots;
   for (const char* ns : {support::kIfmgrCfg, support::kBundlemgrCfg, support::kBundlemgrOper}) {
     for (const lysc_node* root : schemas.roots(ns)) roots.insert(tables::path_of(root));
@@ -200,7 +200,7 @@ TEST_F(Tables, HaveATreeForEveryRootOfTheSchemas) {
   EXPECT_EQ(roots, walked);
 }
 
-TEST_F(Tables, NotMappedNodesAreNodes) {
+TEST_F(Tables, NotMappedNodes_AreNodesOfTheSchemas) {
   for (const std::string& path : not_mapped()) EXPECT_NE(schemas.find(support::kIfmgrCfg, path), nullptr) << path;
 }
 
@@ -229,7 +229,7 @@ const char* native_model_of(const std::string& path) {
   return path.rfind("/interface-configurations/", 0) == 0 ? support::kIfmgrCfg : support::kBundlemgrCfg;
 }
 
-TEST_F(Tables, OfLeavesHoldEachKnownLeafOnce) {
+TEST_F(Tables, KnownLeaves_AreEachListedOnce) {
   Paths native;
   for (const oclacp_leaf& row : native_rows()) EXPECT_TRUE(native.insert(row.node).second) << row.node << " twice";
   const Found reached = compare(schemas, registered_trees());
@@ -265,7 +265,7 @@ void expect_leaves(const Schemas& schemas, const oclacp_leaf& row, const char* n
   }
 }
 
-TEST_F(Tables, OfLeavesHaveTargetsOfTheOtherModel) {
+TEST_F(Tables, Leaves_HaveTargetsInTheOtherModel) {
   for (const oclacp_leaf& row : rows_of(oclacp_openconfig_leaves())) {
     expect_leaves(schemas, row, support::kOpenconfigLacp, nullptr);
   }
@@ -279,7 +279,7 @@ void expect_named(const oclacp_leaf& row, const char* name, bool is_wanted) {
   EXPECT_EQ(name != nullptr, is_wanted) << row.node;
 }
 
-TEST_F(Tables, OfLeavesNameAConverterWhereThereIsOneAndTargetsWhereSomethingIsServed) {
+TEST_F(Tables, Leaves_NameConverterAndTargetsAsTheirWorkNeeds) {
   std::vector<oclacp_leaf> rows = rows_of(oclacp_openconfig_leaves());
   for (const oclacp_leaf& row : rows) expect_named(row, row.walker, true);
   for (const oclacp_leaf& row : native_rows()) {
@@ -318,13 +318,13 @@ std::vector<std::string> added_by(const Schemas& schemas, const oclacp_leaf& row
   return paths;
 }
 
-TEST_F(Tables, OfNativeLeavesNameExactlyWhatTheirHandlersReport) {
+TEST_F(Tables, NativeLeaves_NameExactlyWhatTheirHandlersReport) {
   for (const oclacp_leaf& row : native_rows()) {
     EXPECT_EQ(added_by(schemas, row, native_model_of(row.node), support::kOpenconfigLacp), targets_of(row)) << row.node;
   }
 }
 
-TEST_F(Tables, OfOpenconfigLeavesNameExactlyWhatTheirHandlersAskFor) {
+TEST_F(Tables, OpenconfigLeaves_NameExactlyWhatTheirHandlersRequest) {
   for (const oclacp_leaf& row : rows_of(oclacp_openconfig_leaves())) {
     std::vector<std::string> expected = targets_of(row);
     // With the name of an interface, its class is asked for.
@@ -346,7 +346,7 @@ bool is_reached(const Schemas& schemas, const Tree& tree, const oclacp_leaf& row
   return platform.traced(row.handler, "Start") == 1;
 }
 
-TEST_F(Tables, OfNativeLeavesNameTheHandlerThatTheWalkersCall) {
+TEST_F(Tables, NativeLeaves_NameTheHandlerThatTheWalkersCall) {
   std::vector<Tree> trees = registered_trees();
   const std::vector<Tree> unreached = unreached_trees();
   trees.insert(trees.end(), unreached.begin(), unreached.end());

@@ -67,23 +67,23 @@ class HandlerFrame : public support::ModuleTest {
 
 using HandlerFrameDeathTest = HandlerFrame;
 
-TEST_F(HandlerFrameDeathTest, NullContextEndsTheProcessAndNamesFilePlaceAndPrototype) {
+TEST_F(HandlerFrameDeathTest, NullContext_AbortsWithFileLineAndPrototype) {
   EXPECT_DEATH(probe_node(nullptr, request.root(), platform.output()),
                "handler_test.cpp:[0-9]+: cerrno probe_node\\(yfw_map_ctx, const yfw_datatree \\*, yfw_datatree \\*\\): "
                "Assertion `\\(\\(void \\*\\)0\\) != ctx' failed");
 }
 
-TEST_F(HandlerFrameDeathTest, NullContextOfAContainerHandlerNamesTheChildCount) {
+TEST_F(HandlerFrameDeathTest, NullContextOfContainerHandler_NamesTheChildCount) {
   EXPECT_DEATH(probe_container(nullptr, request.root(), 0, platform.output()),
                "cerrno probe_container\\(yfw_map_ctx, const yfw_datatree \\*, unsigned int, yfw_datatree \\*\\): "
                "Assertion `\\(\\(void \\*\\)0\\) != ctx' failed");
 }
 
-TEST_F(HandlerFrameDeathTest, NullContextCountsMoreThanOtherNullArguments) {
+TEST_F(HandlerFrameDeathTest, EveryArgumentNull_AbortsForTheContext) {
   EXPECT_DEATH(probe_node(nullptr, nullptr, nullptr), "\\(\\(void \\*\\)0\\) != ctx");
 }
 
-TEST_F(HandlerFrame, RecordsStartAndEndInBothSinks) {
+TEST_F(HandlerFrame, Run_RecordsStartAndEndInBothSinks) {
   EXPECT_EQ(run(), YFW_OK);
   EXPECT_THAT(platform.trace(), ElementsAre("TRC probe_node: Start", "TRC probe_node: End"));
   const std::vector<Record> lines = debug_log();
@@ -92,50 +92,50 @@ TEST_F(HandlerFrame, RecordsStartAndEndInBothSinks) {
   EXPECT_EQ(lines[1].level + lines[1].text, "TRCEnd");
 }
 
-TEST_F(HandlerFrame, AsksForEachLevelBeforeItLogs) {
+TEST_F(HandlerFrame, Record_AsksForItsLevelBeforeLogging) {
   run([](const Activation& run) { run.record(oclacp::message::kBindFailed, "path", "error"); });
   EXPECT_EQ(platform.count("yfw_debug_should_log", "3"), 2U);
   EXPECT_EQ(platform.count("yfw_debug_should_log", "0"), 1U);
   EXPECT_EQ(platform.count("dt_log_filter_adv"), 3U);
 }
 
-TEST_F(HandlerFrame, ReturnsTheStatusOfTheWorkAndRecordsEndForFailuresToo) {
+TEST_F(HandlerFrame, FailingWork_ReturnsItsStatusAndRecordsEnd) {
   probe_status = YFW_UNSUPPORTED_NODE;
   EXPECT_EQ(run(), YFW_UNSUPPORTED_NODE);
   EXPECT_EQ(platform.traced("probe_node", "End"), 1U);
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U) << "the frame marks the error path for null arguments only";
 }
 
-TEST_F(HandlerFrame, NullInputIsInvalidAndLeavesWithoutEnd) {
+TEST_F(HandlerFrame, NullInput_IsInvalidWithoutEndRecord) {
   EXPECT_EQ(probe_node(platform.ctx(), nullptr, platform.output()), YFW_INVALID_ARGUMENTS);
   EXPECT_THAT(platform.trace(), ElementsAre("TRC probe_node: Start", "ERR probe_node: Invalid arguments passed!"));
   EXPECT_THAT(debug_log(), SizeIs(2));
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 1U);
 }
 
-TEST_F(HandlerFrame, NullOutputIsInvalidAndLeavesWithoutEnd) {
+TEST_F(HandlerFrame, NullOutput_IsInvalidWithoutEndRecord) {
   EXPECT_EQ(probe_node(platform.ctx(), request.root(), nullptr), YFW_INVALID_ARGUMENTS);
   EXPECT_THAT(platform.trace(), ElementsAre("TRC probe_node: Start", "ERR probe_node: Invalid arguments passed!"));
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 1U);
 }
 
-TEST_F(HandlerFrame, TwoNullArgumentsAreOneError) {
+TEST_F(HandlerFrame, TwoNullArguments_AreOneError) {
   EXPECT_EQ(probe_node(platform.ctx(), nullptr, nullptr), YFW_INVALID_ARGUMENTS);
   EXPECT_EQ(platform.traced("probe_node", "Invalid arguments passed!"), 1U);
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 1U);
 }
 
-TEST_F(HandlerFrame, InvalidArgumentsAreRecordedBeforeTheErrorPathIsMarked) {
+TEST_F(HandlerFrame, InvalidArguments_AreRecordedBeforeTheErrorPathIsMarked) {
   probe_node(platform.ctx(), nullptr, platform.output());
   EXPECT_LT(position("_lstrace", "Invalid arguments passed!"), position("yfw_oc_error_path"));
 }
 
-TEST_F(HandlerFrame, ContainerHandlersRunInTheSameFrame) {
+TEST_F(HandlerFrame, ContainerHandler_RunsInTheSameFrame) {
   EXPECT_EQ(probe_container(platform.ctx(), request.root(), 5, platform.output()), YFW_OK);
   EXPECT_THAT(platform.trace(), ElementsAre("TRC probe_container: Start", "TRC probe_container: End"));
 }
 
-TEST_F(HandlerFrame, EachTraceRecordTakesOneSequenceNumber) {
+TEST_F(HandlerFrame, TraceRecord_TakesOneSequenceNumber) {
   run([](const Activation& run) { run.record(message::kTagMissing); });
   std::vector<std::uint32_t> numbers;
   for (const Record& record : trace_buffer()) numbers.push_back(record.sequence);
@@ -143,7 +143,7 @@ TEST_F(HandlerFrame, EachTraceRecordTakesOneSequenceNumber) {
   EXPECT_EQ(platform.count("ret_nc_yfw_trace_index_incr"), 3U);
 }
 
-TEST_F(HandlerFrame, WithTracingOffTakesNoSequenceNumberAndStillLogs) {
+TEST_F(HandlerFrame, TracingOff_LogsWithoutSequenceNumbers) {
   platform.set_tracing(false);
   run();
   EXPECT_EQ(platform.count("ret_nc_yfw_trace_index_incr"), 0U);
@@ -151,14 +151,14 @@ TEST_F(HandlerFrame, WithTracingOffTakesNoSequenceNumberAndStillLogs) {
   EXPECT_THAT(debug_log(), SizeIs(2));
 }
 
-TEST_F(HandlerFrame, WithTheFilterClosedLogsNothingAndStillTraces) {
+TEST_F(HandlerFrame, FilterClosed_TracesWithoutLogging) {
   platform.set_logging(false);
   run();
   EXPECT_EQ(platform.count("dt_log_filter_adv"), 0U);
   EXPECT_THAT(trace_buffer(), SizeIs(2));
 }
 
-TEST_F(HandlerFrame, TheFilterIsAskedForTheLevelOfTheMessage) {
+TEST_F(HandlerFrame, FilterClosedForTraces_LogsErrorsOnly) {
   platform.script("yfw_debug_should_log", 0, 0, "3");
   run([](const Activation& run) { run.record(message::kTagMissing); });
   const std::vector<Record> lines = debug_log();
@@ -166,7 +166,7 @@ TEST_F(HandlerFrame, TheFilterIsAskedForTheLevelOfTheMessage) {
   EXPECT_EQ(lines[0].level, "ERR");
 }
 
-TEST_F(HandlerFrame, ErrorsAndTracesGoToStreamsOfTheirOwn) {
+TEST_F(HandlerFrame, ErrorsAndTraces_HaveSeparateStreams) {
   run([](const Activation& run) { run.record(message::kTagMissing); });
   const std::vector<Record> lines = debug_log();
   ASSERT_THAT(lines, SizeIs(3));
@@ -174,7 +174,7 @@ TEST_F(HandlerFrame, ErrorsAndTracesGoToStreamsOfTheirOwn) {
   EXPECT_EQ(lines[1].stream, platform.ctx()->error_log);
 }
 
-TEST_F(HandlerFrame, EverySiteHasAWordOfItsOwnThatStaysTheSame) {
+TEST_F(HandlerFrame, CallSite_HasItsOwnConstantId) {
   const Work work = [](const Activation& run) { run.record(message::kTagMissing); };
   run(work);
   run(work);
@@ -191,7 +191,7 @@ TEST_F(HandlerFrame, EverySiteHasAWordOfItsOwnThatStaysTheSame) {
   EXPECT_THAT(ids, SizeIs(6)) << "two call sites share an id";
 }
 
-TEST_F(HandlerFrame, LineNumbersDifferFromRecordToRecordAndStayTheSame) {
+TEST_F(HandlerFrame, CallSite_HasItsOwnConstantLineNumber) {
   const Work work = [](const Activation& run) {
     run.record(message::kTagMissing);
     run.record(message::kSubtreesMissing);
@@ -208,7 +208,7 @@ TEST_F(HandlerFrame, LineNumbersDifferFromRecordToRecordAndStayTheSame) {
   EXPECT_THAT(lines, SizeIs(4));
 }
 
-TEST_F(HandlerFrame, LineNumbersLeadToTheRowOfTheHandler) {
+TEST_F(HandlerFrame, LineNumber_LeadsToTheRowOfTheHandler) {
   run();
   other_node(platform.ctx(), request.root(), platform.output());
   const std::vector<Record> records = trace_buffer();
@@ -217,17 +217,17 @@ TEST_F(HandlerFrame, LineNumbersLeadToTheRowOfTheHandler) {
   EXPECT_EQ(records[0].line / 100 + 1, records[2].line / 100) << "the rows stand on neighbouring lines";
 }
 
-TEST_F(HandlerFrame, AFailedCallIsToldWithTheHandlersNameAndTheTextOfItsCode) {
+TEST_F(HandlerFrame, FailedCall_IsRecordedWithHandlerNameAndTextOfCode) {
   run([](const Activation& run) { run.record_failed_call(message::kCopyFailed, 0x12); });
   EXPECT_EQ(platform.traced("probe_node", " probe_node yfw_strcpy_s failed with error : status 0x00000012\n"), 1U);
 }
 
-TEST_F(HandlerFrame, OutcomeWithoutEnd_IsReturnedAndNoEndIsRecorded) {
+TEST_F(HandlerFrame, OutcomeWithoutEnd_IsReturnedWithoutEndRecord) {
   EXPECT_EQ(leaves_at_once(platform.ctx(), request.root(), platform.output()), YFW_MALFORMED_TREE);
   EXPECT_THAT(platform.trace(), ElementsAre("TRC leaves_at_once: Start"));
 }
 
-TEST_F(HandlerFrame, TraceRecordsAreCutAtTheirCapacityAndLogLinesAreNot) {
+TEST_F(HandlerFrame, LongMessage_IsCutInTheTraceOnly) {
   static const std::string kLong(300, 'x');
   run([](const Activation& run) { run.record(message::kProcessingTag, kLong.c_str()); });
   const std::vector<Record> records = trace_buffer();
@@ -292,7 +292,7 @@ constexpr Wording kWordings[] = {
      "A: Configured LACP Mode is ON. Returning from here\n"},
 };
 
-TEST_F(HandlerFrame, WritesEveryMessageWithTheSameTextAndLevelInBothSinks) {
+TEST_F(HandlerFrame, EveryMessage_HasTheSameTextAndLevelInBothSinks) {
   std::set<int> call_sites;
   for (const Wording& wording : kWordings) {
     SCOPED_TRACE(wording.text);

@@ -24,13 +24,13 @@ class NativeHandlers : public support::ModuleTest {
   Request request{leaf("leaf", "value")};
 };
 
-TEST_F(NativeHandlers, LeafChecksItsArguments) {
+TEST_F(NativeHandlers, NullArgument_IsInvalid) {
   EXPECT_EQ(plain_leaf(platform.ctx(), nullptr, platform.output()), YFW_INVALID_ARGUMENTS);
   EXPECT_EQ(plain_leaf(platform.ctx(), request.root(), nullptr), YFW_INVALID_ARGUMENTS);
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 2U);
 }
 
-TEST_F(NativeHandlers, LeafIsReportedWithItsOwnValueAndWithoutNodeInEveryRequest) {
+TEST_F(NativeHandlers, LeafInAnyRequest_IsReportedWithItsValueAndWithoutNode) {
   for (const std::uint32_t operation : {0U, 1U, 10U}) {
     platform.set_operation(operation);
     EXPECT_EQ(run(plain_leaf), YFW_OK);
@@ -47,13 +47,13 @@ TEST_F(NativeHandlers, LeafIsReportedWithItsOwnValueAndWithoutNodeInEveryRequest
   EXPECT_EQ(platform.traced("plain_leaf", "End"), 3U);
 }
 
-TEST_F(NativeHandlers, LeafWithoutValueIsReportedWithoutOne) {
+TEST_F(NativeHandlers, LeafWithoutValue_IsReportedWithoutValue) {
   Request empty(leaf("leaf"));
   EXPECT_EQ(plain_leaf(platform.ctx(), empty.root(), platform.output()), YFW_OK);
   EXPECT_EQ(only_addition().value, std::nullopt);
 }
 
-TEST_F(NativeHandlers, LeafWithTwoTargetsIsReportedToBothWithTheSameFlags) {
+TEST_F(NativeHandlers, LeafWithTwoTargets_IsReportedToBothWithTheSameFlags) {
   EXPECT_EQ(run(double_leaf), YFW_OK);
   EXPECT_THAT(added(), ElementsAre("/oc/also=value", "/oc/target=value"));
   for (const support::Addition& addition : platform.additions()) {
@@ -62,7 +62,7 @@ TEST_F(NativeHandlers, LeafWithTwoTargetsIsReportedToBothWithTheSameFlags) {
   }
 }
 
-TEST_F(NativeHandlers, OfTwoTargetsOnlyTheLastOnesStatusCounts) {
+TEST_F(NativeHandlers, LeafWithTwoTargets_ReturnsTheStatusOfTheLast) {
   platform.script("yfw_map_datatree_add_path_flagged", 0, 0x77, kAlso);
   EXPECT_EQ(run(double_leaf), YFW_OK);
   EXPECT_THAT(added(), ElementsAre("/oc/target=value"));
@@ -72,7 +72,7 @@ TEST_F(NativeHandlers, OfTwoTargetsOnlyTheLastOnesStatusCounts) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(NativeHandlers, Addition_HasTheFieldsThatAreGiven) {
+TEST_F(NativeHandlers, Addition_HasTheGivenFields) {
   EXPECT_EQ(ymap::add(platform.ctx(), platform.output(),
                       {.path = kTarget,
                        .ns = kNs,
@@ -91,7 +91,7 @@ TEST_F(NativeHandlers, Addition_HasTheFieldsThatAreGiven) {
   EXPECT_EQ(only_addition().last_flag, 1);
 }
 
-TEST_F(NativeHandlers, Addition_OfAPathAlone_HasNothingElse) {
+TEST_F(NativeHandlers, AdditionOfPathOnly_HasNothingElse) {
   EXPECT_EQ(ymap::add(platform.ctx(), platform.output(), {.path = kTarget, .ns = kNs}), YFW_OK);
   EXPECT_EQ(only_addition().value, std::nullopt);
   EXPECT_EQ(only_addition().source, nullptr);

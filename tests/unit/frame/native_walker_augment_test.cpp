@@ -20,7 +20,7 @@ class NativeAugmentWalker : public model::WalkerTest {
   cerrno walk(Request& request) { return augment(platform.ctx(), request.root(), platform.output()); }
 };
 
-TEST_F(NativeAugmentWalker, NullArgumentsAreInvalid) {
+TEST_F(NativeAugmentWalker, NullArgument_IsInvalid) {
   Request request(container("second").in(model::kNs));
   EXPECT_EQ(augment(platform.ctx(), nullptr, platform.output()), YFW_INVALID_ARGUMENTS);
   EXPECT_EQ(augment(platform.ctx(), request.root(), nullptr), YFW_INVALID_ARGUMENTS);
@@ -28,7 +28,7 @@ TEST_F(NativeAugmentWalker, NullArgumentsAreInvalid) {
   EXPECT_THAT(visited(), IsEmpty());
 }
 
-TEST_F(NativeAugmentWalker, ExpectedNodeGoesToItsWalkerWhichEntersIt) {
+TEST_F(NativeAugmentWalker, ExpectedNode_GoesToItsWalkerWithoutBeingEntered) {
   Request request(container("second", {leaf("first")}).in(model::kNs));
   log.answers["second"] = {YFW_OK, 0x77};
   EXPECT_EQ(walk(request), YFW_OK);
@@ -38,13 +38,13 @@ TEST_F(NativeAugmentWalker, ExpectedNodeGoesToItsWalkerWhichEntersIt) {
   EXPECT_EQ(platform.traced("augment", "End"), 2U);
 }
 
-TEST_F(NativeAugmentWalker, ExpectedTagIsEnoughWhateverItsNamespace) {
+TEST_F(NativeAugmentWalker, ExpectedTagOfOtherNamespace_GoesToItsWalker) {
   Request request(container("second").in("urn:other"));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("second"));
 }
 
-TEST_F(NativeAugmentWalker, OtherNodeOfTheModuleIsPassedOver) {
+TEST_F(NativeAugmentWalker, OtherNodeOfTheModule_IsSkipped) {
   Request request(container("third").in(model::kNs));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), IsEmpty());
@@ -52,7 +52,7 @@ TEST_F(NativeAugmentWalker, OtherNodeOfTheModuleIsPassedOver) {
               ElementsAre("TRC augment: Start", "TRC augment: Unsupported tag. Ignoring.", "TRC augment: End"));
 }
 
-TEST_F(NativeAugmentWalker, NodeOfAnotherModuleGoesToTheHook) {
+TEST_F(NativeAugmentWalker, NodeOfAnotherModule_GoesToTheHook) {
   Request request(container("third").in("urn:other"));
   log.answers["augments"] = {0x77};
   EXPECT_EQ(walk(request), 0x77U);
@@ -60,7 +60,7 @@ TEST_F(NativeAugmentWalker, NodeOfAnotherModuleGoesToTheHook) {
   EXPECT_EQ(platform.traced("augment", "End"), 1U);
 }
 
-TEST_F(NativeAugmentWalker, ChildrenThatAreAnnouncedAndMissingMakeTheTreeMalformedWhateverTheTag) {
+TEST_F(NativeAugmentWalker, MissingChildArray_IsMalformedWhateverTheTag) {
   Request request(container("third", {leaf("first")}).in("urn:other"));
   request.root()->children = nullptr;
   EXPECT_EQ(walk(request), YFW_MALFORMED_TREE);
@@ -69,7 +69,7 @@ TEST_F(NativeAugmentWalker, ChildrenThatAreAnnouncedAndMissingMakeTheTreeMalform
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(NativeAugmentWalker, NodeWithoutTagMakesTheTreeMalformed) {
+TEST_F(NativeAugmentWalker, NodeWithoutTag_IsMalformed) {
   Request request(Node{.tag = std::nullopt, .value = std::nullopt, .ns = model::kNs, .children = {}});
   EXPECT_EQ(walk(request), YFW_MALFORMED_TREE);
   EXPECT_THAT(platform.trace(),

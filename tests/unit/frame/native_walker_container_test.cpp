@@ -32,7 +32,7 @@ class NativeContainerWalker : public model::WalkerTest {
   }
 };
 
-TEST_F(NativeContainerWalker, NullArgumentsAreInvalid) {
+TEST_F(NativeContainerWalker, NullArgument_IsInvalid) {
   Request request(node());
   EXPECT_EQ(config_top(platform.ctx(), nullptr, platform.output()), YFW_INVALID_ARGUMENTS);
   EXPECT_EQ(oper_top(platform.ctx(), request.root(), nullptr), YFW_INVALID_ARGUMENTS);
@@ -41,7 +41,7 @@ TEST_F(NativeContainerWalker, NullArgumentsAreInvalid) {
   EXPECT_EQ(platform.traced("config_top", "End") + platform.traced("oper_top", "End"), 0U);
 }
 
-TEST_F(NativeContainerWalker, ChildrenThatAreAnnouncedAndMissingMakeTheTreeMalformed) {
+TEST_F(NativeContainerWalker, MissingChildArray_IsMalformed) {
   Request request(node({leaf("first")}));
   request.root()->children = nullptr;
   EXPECT_EQ(walk_config(request), YFW_MALFORMED_TREE);
@@ -52,7 +52,7 @@ TEST_F(NativeContainerWalker, ChildrenThatAreAnnouncedAndMissingMakeTheTreeMalfo
   EXPECT_THAT(visited(), IsEmpty());
 }
 
-TEST_F(NativeContainerWalker, ChildrenWithoutTheSubtreeFlagAreNotThere) {
+TEST_F(NativeContainerWalker, ChildrenWithoutSubtreeFlag_AreIgnored) {
   Request request(node({leaf("first")}));
   request.root()->flags = 0;
   EXPECT_EQ(walk_config(request), YFW_OK);
@@ -60,7 +60,7 @@ TEST_F(NativeContainerWalker, ChildrenWithoutTheSubtreeFlagAreNotThere) {
   EXPECT_EQ(log.visits[0].child_count, 0U);
 }
 
-TEST_F(NativeContainerWalker, NodeIsOnTheHierarchyAsAContainerWhileItIsWalked) {
+TEST_F(NativeContainerWalker, Walk_KeepsTheContainerOnTheHierarchy) {
   Request request(node({leaf("first")}));
   EXPECT_EQ(walk_config(request), YFW_OK);
   EXPECT_EQ(request.root()->node_kind, std::uint32_t{YFW_NODE_CONTAINER});
@@ -71,14 +71,14 @@ TEST_F(NativeContainerWalker, NodeIsOnTheHierarchyAsAContainerWhileItIsWalked) {
   expect_nothing_left(request);
 }
 
-TEST_F(NativeContainerWalker, HandlerIsCalledFirstWithTheNumberOfChildren) {
+TEST_F(NativeContainerWalker, Handler_RunsFirstWithTheNumberOfChildren) {
   Request request(node({leaf("first"), leaf("first"), leaf("unheard-of")}));
   EXPECT_EQ(walk_oper(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "first", "first"));
   EXPECT_EQ(log.visits[0].child_count, 3U);
 }
 
-TEST_F(NativeContainerWalker, HandlerThatSkipsEndsTheWalkWithSuccessAndWithoutEnd) {
+TEST_F(NativeContainerWalker, SkipFromHandler_SucceedsWithoutEndRecord) {
   Request request(node({leaf("first")}));
   log.answers["handler"] = {YFW_SKIP_SUBTREE};
   EXPECT_EQ(walk_config(request), YFW_OK);
@@ -87,7 +87,7 @@ TEST_F(NativeContainerWalker, HandlerThatSkipsEndsTheWalkWithSuccessAndWithoutEn
   expect_nothing_left(request);
 }
 
-TEST_F(NativeContainerWalker, HandlerThatFailsEndsTheWalkWithItsCode) {
+TEST_F(NativeContainerWalker, ErrorFromHandler_EndsTheWalkWithItsCode) {
   Request request(node({leaf("first")}));
   log.answers["handler"] = {0x77};
   EXPECT_EQ(walk_oper(request), 0x77U);
@@ -97,14 +97,14 @@ TEST_F(NativeContainerWalker, HandlerThatFailsEndsTheWalkWithItsCode) {
   expect_nothing_left(request);
 }
 
-TEST_F(NativeContainerWalker, ChildrenAreWalkedInTheirOwnOrder) {
+TEST_F(NativeContainerWalker, Children_AreWalkedInRequestOrder) {
   Request request(node({container("second"), leaf("first"), container("second")}));
   EXPECT_EQ(walk_config(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "second", "first", "second"));
   EXPECT_EQ(log.visits[2].node, request.find("first"));
 }
 
-TEST_F(NativeContainerWalker, EachChildIsAnnouncedBeforeItsTagIsTested) {
+TEST_F(NativeContainerWalker, Child_IsRecordedBeforeItsTagIsTested) {
   Request request(node({leaf("first"), leaf("unheard-of"), leaf("foreign").in("urn:other")}));
   EXPECT_EQ(walk_config(request), YFW_OK);
   for (const char* tag : {"first", "unheard-of", "foreign"}) {
@@ -115,7 +115,7 @@ TEST_F(NativeContainerWalker, EachChildIsAnnouncedBeforeItsTagIsTested) {
   }
 }
 
-TEST_F(NativeContainerWalker, FirstChildThatFailsEndsTheWalkWithItsCode) {
+TEST_F(NativeContainerWalker, ErrorFromChild_EndsTheWalkWithItsCode) {
   Request request(node({leaf("first"), container("second"), leaf("first")}));
   log.answers["second"] = {0x77};
   EXPECT_EQ(walk_config(request), 0x77U);
@@ -124,7 +124,7 @@ TEST_F(NativeContainerWalker, FirstChildThatFailsEndsTheWalkWithItsCode) {
   expect_nothing_left(request);
 }
 
-TEST_F(NativeContainerWalker, EntryThatIsSkipped_IsDoneAndTheNextChildIsWalked) {
+TEST_F(NativeContainerWalker, SkipFromEntry_ContinuesWithTheNextChild) {
   Request request(node({container("third"), leaf("first")}));
   log.answers["third"] = {YFW_SKIP_SUBTREE};
   EXPECT_EQ(walk_oper(request), YFW_OK);
@@ -132,7 +132,7 @@ TEST_F(NativeContainerWalker, EntryThatIsSkipped_IsDoneAndTheNextChildIsWalked) 
   EXPECT_EQ(platform.traced("oper_top", "End"), 1U);
 }
 
-TEST_F(NativeContainerWalker, SkipOfAnyOtherChild_IsAStatusThatEndsTheWalk) {
+TEST_F(NativeContainerWalker, SkipFromOtherChild_EndsTheWalkWithItsCode) {
   for (const bool config : {true, false}) {
     for (const char* const child : {"first", "second", "augments"}) {
       SCOPED_TRACE(child);
@@ -149,7 +149,7 @@ TEST_F(NativeContainerWalker, SkipOfAnyOtherChild_IsAStatusThatEndsTheWalk) {
   EXPECT_EQ(platform.traced("oper_top", "End"), 3U);
 }
 
-TEST_F(NativeContainerWalker, ChildWithoutTagMakesTheTreeMalformedAndEndsTheWalk) {
+TEST_F(NativeContainerWalker, ChildWithoutTag_EndsTheWalkAsMalformed) {
   Request request(
       node({leaf("first"), Node{.tag = std::nullopt, .value = "v", .ns = "", .children = {}}, leaf("first")}));
   EXPECT_EQ(walk_oper(request), YFW_MALFORMED_TREE);
@@ -160,7 +160,7 @@ TEST_F(NativeContainerWalker, ChildWithoutTagMakesTheTreeMalformedAndEndsTheWalk
   expect_nothing_left(request);
 }
 
-TEST_F(NativeContainerWalker, UnknownChildIsIgnoredInEveryRequest) {
+TEST_F(NativeContainerWalker, UnknownChild_IsIgnoredInEveryRequest) {
   for (const std::uint32_t operation : {0U, 1U, 8U, 10U, 15U}) {
     SCOPED_TRACE(operation);
     Request request(node({leaf("unheard-of")}));
@@ -173,7 +173,7 @@ TEST_F(NativeContainerWalker, UnknownChildIsIgnoredInEveryRequest) {
   EXPECT_EQ(platform.error_tag(), "");
 }
 
-TEST_F(NativeContainerWalker, ForeignChildGoesToTheAugmentParser) {
+TEST_F(NativeContainerWalker, ForeignChild_GoesToTheAugmentParser) {
   Request request(node({leaf("foreign").in("urn:other"), leaf("first")}));
   EXPECT_EQ(walk_config(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "augments", "first"));
@@ -182,13 +182,13 @@ TEST_F(NativeContainerWalker, ForeignChildGoesToTheAugmentParser) {
   EXPECT_EQ(platform.traced("config_top", "Unsupported tag. Ignoring."), 0U);
 }
 
-TEST_F(NativeContainerWalker, KnownTagIsEnoughWhateverTheChildsNamespace) {
+TEST_F(NativeContainerWalker, KnownTagOfOtherNamespace_IsWalked) {
   Request request(node({leaf("first").in("urn:other")}));
   EXPECT_EQ(walk_config(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "first"));
 }
 
-TEST_F(NativeContainerWalker, ConfigurationIsWalkedInEveryRequest) {
+TEST_F(NativeContainerWalker, Configuration_IsWalkedInEveryRequest) {
   for (const std::uint32_t operation : {0U, 1U, 8U, 10U, 15U}) {
     SCOPED_TRACE(operation);
     log = {};
@@ -198,7 +198,7 @@ TEST_F(NativeContainerWalker, ConfigurationIsWalkedInEveryRequest) {
   }
 }
 
-TEST_F(NativeContainerWalker, OperationalDataIsWalkedInItsReadOnly) {
+TEST_F(NativeContainerWalker, OperationalData_IsWalkedInStateReadsOnly) {
   for (const std::uint32_t operation : {0U, 1U, 8U, 15U}) {
     SCOPED_TRACE(operation);
     log = {};
@@ -210,7 +210,7 @@ TEST_F(NativeContainerWalker, OperationalDataIsWalkedInItsReadOnly) {
   EXPECT_EQ(platform.traced("oper_top", "Unsupported tag. Ignoring."), 8U);
 }
 
-TEST_F(NativeContainerWalker, ConfigurationLeavesAreNotPutOnTheHierarchy) {
+TEST_F(NativeContainerWalker, ConfigurationLeaf_IsNotOnTheHierarchy) {
   Request request(node({leaf("first")}));
   EXPECT_EQ(walk_config(request), YFW_OK);
   EXPECT_EQ(platform.count("yfw_map_add_to_node_hierarchy"), 1U);
@@ -218,7 +218,7 @@ TEST_F(NativeContainerWalker, ConfigurationLeavesAreNotPutOnTheHierarchy) {
   EXPECT_EQ(request.find("first")->hierarchy_flags, 0U);
 }
 
-TEST_F(NativeContainerWalker, OperationalLeavesAreOnTheHierarchyAroundTheirHandler) {
+TEST_F(NativeContainerWalker, OperationalLeaf_IsOnTheHierarchyDuringItsHandler) {
   Request request(node({leaf("first")}));
   log.answers["first"] = {0x77};
   static std::vector<std::string> hierarchy;
@@ -235,13 +235,13 @@ TEST_F(NativeContainerWalker, OperationalLeavesAreOnTheHierarchyAroundTheirHandl
   expect_nothing_left(request);
 }
 
-TEST_F(NativeContainerWalker, InnerNodesOfOperationalDataEnterThemselves) {
+TEST_F(NativeContainerWalker, OperationalInnerNode_IsNotEnteredForItsWalker) {
   Request request(node({container("second")}));
   EXPECT_EQ(walk_oper(request), YFW_OK);
   EXPECT_EQ(platform.count("yfw_map_add_to_node_hierarchy"), 1U);
 }
 
-TEST_F(NativeContainerWalker, TypedConfigurationLeafIsReportedToTheRequestBeforeItsHandlerRuns) {
+TEST_F(NativeContainerWalker, TypedConfigurationLeaf_FlagsTheRequestBeforeItsHandler) {
   Request request(node({leaf("first", "v")}));
   request.find("first")->flags |= YFW_FLAG_TYPED_VALUE;
   request.find("first")->value_type = YFW_VALUE_TYPE_REPORTED;
@@ -250,7 +250,7 @@ TEST_F(NativeContainerWalker, TypedConfigurationLeafIsReportedToTheRequestBefore
   EXPECT_EQ(platform.state().request_flags, std::uint32_t{YFW_REQUEST_TYPED_LEAF});
 }
 
-TEST_F(NativeContainerWalker, OnlyAFlaggedLeafOfTheReportedTypeIsReported) {
+TEST_F(NativeContainerWalker, UntypedOtherTypeOrOperationalLeaf_DoesNotFlagTheRequest) {
   Request request(node({leaf("first", "v")}));
   yfw_datatree& typed = *request.find("first");
   typed.value_type = YFW_VALUE_TYPE_REPORTED;
@@ -265,7 +265,7 @@ TEST_F(NativeContainerWalker, OnlyAFlaggedLeafOfTheReportedTypeIsReported) {
   EXPECT_EQ(platform.state().request_flags, 0U) << "operational data reports none";
 }
 
-TEST_F(NativeContainerWalker, TypedInnerNodesAndUnknownLeavesAreNotReported) {
+TEST_F(NativeContainerWalker, TypedInnerNodeOrUnknownLeaf_DoesNotFlagTheRequest) {
   Request request(node({container("second"), leaf("unheard-of")}));
   for (const char* tag : {"second", "unheard-of"}) {
     request.find(tag)->flags |= YFW_FLAG_TYPED_VALUE;
@@ -275,7 +275,7 @@ TEST_F(NativeContainerWalker, TypedInnerNodesAndUnknownLeavesAreNotReported) {
   EXPECT_EQ(platform.state().request_flags, 0U);
 }
 
-TEST_F(NativeContainerWalker, OtherRequestFlagsAreKept) {
+TEST_F(NativeContainerWalker, TypedConfigurationLeaf_KeepsOtherRequestFlags) {
   Request request(node({leaf("first", "v")}));
   request.find("first")->flags |= YFW_FLAG_TYPED_VALUE;
   request.find("first")->value_type = YFW_VALUE_TYPE_REPORTED;
@@ -284,7 +284,7 @@ TEST_F(NativeContainerWalker, OtherRequestFlagsAreKept) {
   EXPECT_EQ(platform.state().request_flags, 0x101U);
 }
 
-TEST_F(NativeContainerWalker, ThereIsNoReplaceNoRefusedDeleteAndNoExpansion) {
+TEST_F(NativeContainerWalker, EditOrEmptyContainer_IsWalkedOnceWithoutExpansion) {
   for (const std::uint32_t edit : {1U, 3U, 4U}) {
     SCOPED_TRACE(edit);
     log = {};
@@ -300,7 +300,7 @@ TEST_F(NativeContainerWalker, ThereIsNoReplaceNoRefusedDeleteAndNoExpansion) {
   EXPECT_THAT(visited(), ElementsAre("handler"));
 }
 
-TEST_F(NativeContainerWalker, FilterBitsAreLeftAlone) {
+TEST_F(NativeContainerWalker, Walk_LeavesFilterBitsUnchanged) {
   Request request(node({leaf("first", "v"), leaf("first")}));
   platform.state().filter_bits = 0xFFFFFFFF;
   EXPECT_EQ(walk_config(request), YFW_OK);

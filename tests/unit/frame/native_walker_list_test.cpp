@@ -53,7 +53,7 @@ class NativeListWalker : public model::WalkerTest {
   }
 };
 
-TEST_F(NativeListWalker, NullArgumentsAreInvalid) {
+TEST_F(NativeListWalker, NullArgument_IsInvalid) {
   Request request(entry({leaf("id", "a")}));
   EXPECT_EQ(config_entry(platform.ctx(), nullptr, platform.output()), YFW_INVALID_ARGUMENTS);
   EXPECT_EQ(oper_entry(platform.ctx(), request.root(), nullptr), YFW_INVALID_ARGUMENTS);
@@ -61,7 +61,7 @@ TEST_F(NativeListWalker, NullArgumentsAreInvalid) {
   EXPECT_THAT(visited(), IsEmpty());
 }
 
-TEST_F(NativeListWalker, ChildrenThatAreAnnouncedAndMissingMakeTheTreeMalformed) {
+TEST_F(NativeListWalker, MissingChildArray_IsMalformed) {
   Request request(entry({leaf("id", "a")}));
   request.root()->children = nullptr;
   EXPECT_EQ(walk_oper(request), YFW_MALFORMED_TREE);
@@ -70,7 +70,7 @@ TEST_F(NativeListWalker, ChildrenThatAreAnnouncedAndMissingMakeTheTreeMalformed)
   EXPECT_THAT(bookkeeping(), IsEmpty());
 }
 
-TEST_F(NativeListWalker, EntryIsOnTheHierarchyAndOnTheOutputListWhileItsChildrenAreWalked) {
+TEST_F(NativeListWalker, WalkOfChildren_HasTheEntryOnHierarchyAndOutputList) {
   for (const bool config : {true, false}) {
     SCOPED_TRACE(config);
     log = {};
@@ -94,7 +94,7 @@ TEST_F(NativeListWalker, EntryIsOnTheHierarchyAndOnTheOutputListWhileItsChildren
   }
 }
 
-TEST_F(NativeListWalker, BookkeepingIsTakenBackInTheOrderHierarchyThenOutputList) {
+TEST_F(NativeListWalker, EndOfWalk_RemovesFromHierarchyThenOutputList) {
   Request request(entry({leaf("id", "a")}));
   EXPECT_EQ(walk_config(request), YFW_OK);
   EXPECT_THAT(bookkeeping(), ElementsAre("yfw_map_add_to_node_hierarchy", "yfw_map_update_current_list_node",
@@ -104,7 +104,7 @@ TEST_F(NativeListWalker, BookkeepingIsTakenBackInTheOrderHierarchyThenOutputList
   EXPECT_EQ(platform.count("yfw_map_add_to_node_hierarchy", "entry list"), 1U);
 }
 
-TEST_F(NativeListWalker, KeysAreMarkedBeforeTheListHandlerRuns) {
+TEST_F(NativeListWalker, Keys_AreMarkedBeforeTheListHandler) {
   for (const bool config : {true, false}) {
     SCOPED_TRACE(config);
     log = {};
@@ -124,7 +124,7 @@ TEST_F(NativeListWalker, KeysAreMarkedBeforeTheListHandlerRuns) {
   }
 }
 
-TEST_F(NativeListWalker, ChildWithoutTagIsNoKeyAndEndsTheWalkLater) {
+TEST_F(NativeListWalker, ChildWithoutTag_EndsTheWalkAfterTheListHandler) {
   Request request(entry({Node{.tag = std::nullopt, .value = "v", .ns = "", .children = {}}, leaf("id", "a")}));
   EXPECT_EQ(walk_config(request), YFW_MALFORMED_TREE);
   EXPECT_THAT(visited(), ElementsAre("handler"));
@@ -132,7 +132,7 @@ TEST_F(NativeListWalker, ChildWithoutTagIsNoKeyAndEndsTheWalkLater) {
   expect_nothing_left(request);
 }
 
-TEST_F(NativeListWalker, ConfigurationEntryWithoutItsKeysMakesTheTreeMalformed) {
+TEST_F(NativeListWalker, ConfigurationEntryWithoutKeys_IsMalformed) {
   for (const bool has_children : {true, false}) {
     SCOPED_TRACE(has_children);
     log = {};
@@ -149,13 +149,13 @@ TEST_F(NativeListWalker, ConfigurationEntryWithoutItsKeysMakesTheTreeMalformed) 
       << "it is found while the keys are marked";
 }
 
-TEST_F(NativeListWalker, OneKeyIsEnough) {
+TEST_F(NativeListWalker, ConfigurationEntryWithOneOfItsKeys_IsWalked) {
   Request request(entry({leaf("class")}));
   EXPECT_EQ(walk_config(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler"));
 }
 
-TEST_F(NativeListWalker, OperationalEntryWithoutChildrenIsToldAndWalkedAllTheSame) {
+TEST_F(NativeListWalker, OperationalEntryWithoutChildren_IsRecordedAndWalked) {
   Request request(entry({}));
   EXPECT_EQ(walk_oper(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler"));
@@ -166,14 +166,14 @@ TEST_F(NativeListWalker, OperationalEntryWithoutChildrenIsToldAndWalkedAllTheSam
   expect_nothing_left(request);
 }
 
-TEST_F(NativeListWalker, OperationalEntryWithChildrenNeedsNoKey) {
+TEST_F(NativeListWalker, OperationalEntryWithChildrenButNoKey_IsWalked) {
   Request request(entry({container("second")}));
   EXPECT_EQ(walk_oper(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "second"));
   EXPECT_EQ(platform.traced("oper_entry", kNoKeys), 0U);
 }
 
-TEST_F(NativeListWalker, SkipIsAnsweredAsItIsAndWithoutEnd) {
+TEST_F(NativeListWalker, SkipFromListHandler_IsReturnedWithoutEndRecord) {
   for (const bool config : {true, false}) {
     SCOPED_TRACE(config);
     log = {};
@@ -188,7 +188,7 @@ TEST_F(NativeListWalker, SkipIsAnsweredAsItIsAndWithoutEnd) {
   EXPECT_EQ(platform.count("yfw_remove_from_output_list_ctx"), 0U);
 }
 
-TEST_F(NativeListWalker, SkipThatIsNotTheListHandlersIsAnOrdinaryStatus) {
+TEST_F(NativeListWalker, SkipFromChild_IsReturnedWithEndRecord) {
   for (const bool config : {true, false}) {
     for (const char* const passing_up : {"first", "second", "augments"}) {
       SCOPED_TRACE(passing_up);
@@ -205,7 +205,7 @@ TEST_F(NativeListWalker, SkipThatIsNotTheListHandlersIsAnOrdinaryStatus) {
   EXPECT_EQ(platform.traced("oper_entry", "End"), 3U);
 }
 
-TEST_F(NativeListWalker, ListHandlerThatFailsStillPutsTheEntryOnTheOutputListAndTakesItOff) {
+TEST_F(NativeListWalker, ErrorFromListHandler_AddsAndRemovesTheOutputListEntry) {
   for (const bool config : {true, false}) {
     SCOPED_TRACE(config);
     log = {};
@@ -220,7 +220,7 @@ TEST_F(NativeListWalker, ListHandlerThatFailsStillPutsTheEntryOnTheOutputListAnd
   EXPECT_EQ(platform.traced("config_entry", "End") + platform.traced("oper_entry", "End"), 2U);
 }
 
-TEST_F(NativeListWalker, CurrentListNodeThatCannotBeSetKeepsTheListHandlerFromRunning) {
+TEST_F(NativeListWalker, CurrentListNodeNotSet_DoesNotRunTheListHandler) {
   for (const bool config : {true, false}) {
     SCOPED_TRACE(config);
     log = {};
@@ -234,7 +234,7 @@ TEST_F(NativeListWalker, CurrentListNodeThatCannotBeSetKeepsTheListHandlerFromRu
   EXPECT_EQ(platform.count("yfw_remove_from_output_list_ctx"), 2U);
 }
 
-TEST_F(NativeListWalker, CurrentListNodeThatCannotBeSetKeepsOnlyOperationalKeysFromBeingMarked) {
+TEST_F(NativeListWalker, CurrentListNodeNotSet_MarksConfigurationKeysOnly) {
   for (const bool config : {true, false}) {
     SCOPED_TRACE(config);
     Request request(entry({leaf("id", "a")}));
@@ -245,7 +245,7 @@ TEST_F(NativeListWalker, CurrentListNodeThatCannotBeSetKeepsOnlyOperationalKeysF
   }
 }
 
-TEST_F(NativeListWalker, MissingKeysOfConfigurationAreToldBeforeACurrentListNodeThatCannotBeSet) {
+TEST_F(NativeListWalker, MissingKeysAndListNodeNotSet_IsMalformedForConfiguration) {
   Request request(entry({leaf("first", "v")}));
   platform.script("yfw_map_update_current_list_node", 0, 0x77);
   EXPECT_EQ(walk_config(request), YFW_MALFORMED_TREE);
@@ -257,7 +257,7 @@ TEST_F(NativeListWalker, MissingKeysOfConfigurationAreToldBeforeACurrentListNode
   expect_nothing_left(request);
 }
 
-TEST_F(NativeListWalker, OutputListThatDidNotGrowIsNotTouchedAgain) {
+TEST_F(NativeListWalker, OutputListNotGrown_IsNotShrunk) {
   Request request(entry({leaf("id", "a"), container("second")}));
   platform.output_list_grows = false;
   EXPECT_EQ(walk_config(request), YFW_OK);
@@ -266,7 +266,7 @@ TEST_F(NativeListWalker, OutputListThatDidNotGrowIsNotTouchedAgain) {
   EXPECT_EQ(platform.count("yfw_remove_from_output_list_ctx"), 0U);
 }
 
-TEST_F(NativeListWalker, OutputListThatTheEntryDidNotGrowIsNotTouchedWhateverItsHandlerAndChildrenPutThere) {
+TEST_F(NativeListWalker, OutputListGrownByHandlerOrChild_IsNotShrunk) {
   for (const char* function : {"handler", "second"}) {
     Request request(entry({leaf("id", "a"), container("second")}));
     log = {};
@@ -277,14 +277,14 @@ TEST_F(NativeListWalker, OutputListThatTheEntryDidNotGrowIsNotTouchedWhateverIts
   }
 }
 
-TEST_F(NativeListWalker, EntriesThatAreAlreadyOnTheOutputListStay) {
+TEST_F(NativeListWalker, EarlierOutputListEntries_Remain) {
   Request request(entry({leaf("id", "a")}));
   yfw_add_to_output_list_ctx(platform.ctx(), platform.output());
   EXPECT_EQ(walk_config(request), YFW_OK);
   EXPECT_EQ(platform.state().output_list_count, 1U);
 }
 
-TEST_F(NativeListWalker, ChildrenAreDispatchedLikeThoseOfAContainer) {
+TEST_F(NativeListWalker, Children_AreDispatchedAsInAContainer) {
   Request request(entry({leaf("id", "a"), leaf("unheard-of"), leaf("foreign").in("urn:other"), container("third"),
                          leaf("first", "v"), container("second")}));
   log.answers["third"] = {YFW_SKIP_SUBTREE};
@@ -296,7 +296,7 @@ TEST_F(NativeListWalker, ChildrenAreDispatchedLikeThoseOfAContainer) {
   expect_nothing_left(request);
 }
 
-TEST_F(NativeListWalker, OperationalChildrenAreWalkedInTheirReadOnly) {
+TEST_F(NativeListWalker, OperationalChildren_AreWalkedInStateReadsOnly) {
   Request request(entry({leaf("id", "a"), container("second")}));
   for (const std::uint32_t operation : {0U, 1U, 8U, 15U}) {
     log = {};
@@ -325,7 +325,7 @@ struct Ending {
   bool has_child_array = true;
 };
 
-TEST_F(NativeListWalker, ScratchOfAnEntry_IsTakenBackHoweverItsWalkEnds) {
+TEST_F(NativeListWalker, AnyEndOfWalk_ResetsTheScratch) {
   const std::vector<Ending> endings = {
       {.description = "success", .status = YFW_OK, .answers = {}},
       {.description = "the list handler skips",
@@ -354,7 +354,7 @@ TEST_F(NativeListWalker, ScratchOfAnEntry_IsTakenBackHoweverItsWalkEnds) {
   }
 }
 
-TEST_F(NativeListWalker, ScratchOfAnEntry_IsThereForItsChildren) {
+TEST_F(NativeListWalker, Children_SeeTheScratchOfTheirEntry) {
   Request request(entry({leaf("id", "a"), container("second")}));
   log.actions["handler"] = fill_scratch;
   log.actions["second"] = [](yfw_map_ctx ctx) {
@@ -365,7 +365,7 @@ TEST_F(NativeListWalker, ScratchOfAnEntry_IsThereForItsChildren) {
   EXPECT_THAT(visited(), ElementsAre("handler", "second"));
 }
 
-TEST_F(NativeListWalker, ScratchThatIsNotTheEntrysOwn_IsLeftAlone) {
+TEST_F(NativeListWalker, EntryWithoutOwnScratch_LeavesItUnchanged) {
   for (const bool config : {true, false}) {
     Request request(entry({leaf("id", "a")}));
     log = {};
@@ -377,7 +377,7 @@ TEST_F(NativeListWalker, ScratchThatIsNotTheEntrysOwn_IsLeftAlone) {
   }
 }
 
-TEST_F(NativeListWalker, ThereIsNoReplaceAndNoExpansion) {
+TEST_F(NativeListWalker, Replace_IsWalkedOnceWithoutExpansion) {
   Request request(entry({leaf("id", "a")}).with(YFW_OPERATION_REPLACE));
   EXPECT_EQ(walk_config(request, YFW_REQUEST_EDIT), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler"));

@@ -61,7 +61,7 @@ class RequestHandlers : public support::ModuleTest {
   Request request{leaf("leaf", "value")};
 };
 
-TEST_F(RequestHandlers, EveryHandlerChecksItsArguments) {
+TEST_F(RequestHandlers, NullArgument_IsInvalid) {
   for (ymap::NodeHandler* handler :
        {config_leaf, state_leaf, converted_leaf, unsupported_leaf, accepted_node, foreign_node}) {
     EXPECT_EQ(handler(platform.ctx(), nullptr, platform.output()), YFW_INVALID_ARGUMENTS);
@@ -70,7 +70,7 @@ TEST_F(RequestHandlers, EveryHandlerChecksItsArguments) {
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(RequestHandlers, ConfigLeafIsCopiedInAnEditWithItsNode) {
+TEST_F(RequestHandlers, ConfigLeafInEdit_IsCopiedWithItsNode) {
   EXPECT_EQ(run(config_leaf, YFW_REQUEST_EDIT), YFW_OK);
   EXPECT_EQ(only_addition().path, kTarget);
   EXPECT_EQ(only_addition().ns, kNs);
@@ -81,14 +81,14 @@ TEST_F(RequestHandlers, ConfigLeafIsCopiedInAnEditWithItsNode) {
   EXPECT_EQ(only_addition().last_flag, 0);
 }
 
-TEST_F(RequestHandlers, ConfigLeafThatDeletesHasNoValueAndKeepsItsNode) {
+TEST_F(RequestHandlers, ConfigLeafInDelete_HasItsNodeButNoValue) {
   Request deleting(leaf("leaf", "value").with(YFW_OPERATION_DELETE));
   EXPECT_EQ(run(config_leaf, deleting), YFW_OK);
   EXPECT_EQ(only_addition().value, std::nullopt);
   EXPECT_EQ(only_addition().source, deleting.root());
 }
 
-TEST_F(RequestHandlers, ConfigLeafIsAskedForInAReadWithItsValueAndWithoutNode) {
+TEST_F(RequestHandlers, ConfigLeafInRead_IsRequestedWithItsValueAndWithoutNode) {
   for (const std::uint32_t operation : {0U, 10U}) {
     EXPECT_EQ(run(converting_leaf, operation), YFW_OK);
     EXPECT_EQ(platform.additions().back().value, "value") << "nothing is converted in a read";
@@ -98,38 +98,38 @@ TEST_F(RequestHandlers, ConfigLeafIsAskedForInAReadWithItsValueAndWithoutNode) {
   EXPECT_EQ(platform.count("yfw_map_is_request_delete"), 0U) << "a read is not asked whether it deletes";
 }
 
-TEST_F(RequestHandlers, EveryOtherOperationCodeIsAnEdit) {
+TEST_F(RequestHandlers, OtherOperationCode_IsAnEdit) {
   for (const std::uint32_t operation : {1U, 2U, 8U, 15U}) {
     EXPECT_EQ(run(config_leaf, operation), YFW_OK);
     EXPECT_EQ(platform.additions().back().source, request.root()) << "operation " << operation;
   }
 }
 
-TEST_F(RequestHandlers, ConfigLeafIsConvertedInAnEdit) {
+TEST_F(RequestHandlers, ConvertingLeafInEdit_AddsTheConvertedValue) {
   EXPECT_EQ(run(converting_leaf, YFW_REQUEST_EDIT), YFW_OK);
   EXPECT_EQ(only_addition().value, "c");
   EXPECT_EQ(only_addition().last_flag, 1);
 }
 
-TEST_F(RequestHandlers, NothingIsConvertedInADelete) {
+TEST_F(RequestHandlers, ConvertingLeafInDelete_ConvertsNothing) {
   Request deleting(leaf("leaf", "value").with(YFW_OPERATION_REMOVE));
   EXPECT_EQ(run(refusing_leaf, deleting), YFW_OK);
   EXPECT_EQ(only_addition().value, std::nullopt);
 }
 
-TEST_F(RequestHandlers, RefusedValueAddsNothingAndEnds) {
+TEST_F(RequestHandlers, RefusedValue_AddsNothingAndRecordsEnd) {
   EXPECT_EQ(run(refusing_leaf, YFW_REQUEST_EDIT), 0x11U);
   EXPECT_THAT(added(), IsEmpty());
   EXPECT_EQ(platform.traced("refusing_leaf", "End"), 1U);
 }
 
-TEST_F(RequestHandlers, AbandonedConversionAddsNothingAndLeavesWithoutEnd) {
+TEST_F(RequestHandlers, AbandonedConversion_AddsNothingWithoutEndRecord) {
   EXPECT_EQ(run(abandoning_leaf, YFW_REQUEST_EDIT), 0x12U);
   EXPECT_THAT(added(), IsEmpty());
   EXPECT_EQ(platform.traced("abandoning_leaf", "End"), 0U);
 }
 
-TEST_F(RequestHandlers, StatusOfTheAdditionIsReturned) {
+TEST_F(RequestHandlers, FailedAddition_ReturnsItsStatus) {
   platform.script("yfw_map_datatree_add_path_flagged", 0, 0x77);
   EXPECT_EQ(run(config_leaf, YFW_REQUEST_EDIT), 0x77U);
   EXPECT_EQ(run(config_leaf, YFW_REQUEST_READ_CONFIG), 0x77U);
@@ -137,7 +137,7 @@ TEST_F(RequestHandlers, StatusOfTheAdditionIsReturned) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(RequestHandlers, StateLeafIsAskedForInReads) {
+TEST_F(RequestHandlers, StateLeafInRead_IsRequested) {
   for (const std::uint32_t operation : {0U, 10U}) {
     EXPECT_EQ(run(state_leaf, operation), YFW_OK);
     const support::Addition& addition = platform.additions().back();
@@ -149,19 +149,19 @@ TEST_F(RequestHandlers, StateLeafIsAskedForInReads) {
   EXPECT_EQ(platform.additions().size(), 2U);
 }
 
-TEST_F(RequestHandlers, StateLeafAddsNothingInEdits) {
+TEST_F(RequestHandlers, StateLeafInEdit_AddsNothing) {
   for (const std::uint32_t operation : {1U, 8U, 15U}) EXPECT_EQ(run(state_leaf, operation), YFW_OK);
   EXPECT_THAT(added(), IsEmpty());
   EXPECT_EQ(platform.count("yfw_map_is_request_delete"), 0U);
 }
 
-TEST_F(RequestHandlers, StateLeafMayAskWhetherAnEditDeletesAndIgnoresTheAnswer) {
+TEST_F(RequestHandlers, StateLeafThatAsksInEdits_IgnoresTheAnswer) {
   EXPECT_EQ(run(asking_state_leaf, YFW_REQUEST_EDIT), YFW_OK);
   EXPECT_EQ(platform.count("yfw_map_is_request_delete"), 1U);
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(RequestHandlers, ConvertedLeafReturnsTheConvertersStatus) {
+TEST_F(RequestHandlers, ConvertedLeaf_ReturnsTheConvertersStatus) {
   EXPECT_EQ(run(converted_leaf, YFW_REQUEST_EDIT), YFW_OK);
   EXPECT_THAT(added(), ElementsAre("/converter/path=value"));
   platform.script("yfw_map_datatree_add_path_flagged", 0, 0x77);
@@ -169,7 +169,7 @@ TEST_F(RequestHandlers, ConvertedLeafReturnsTheConvertersStatus) {
   EXPECT_EQ(platform.traced("converted_leaf", "End"), 2U);
 }
 
-TEST_F(RequestHandlers, UnsupportedLeafIsRefusedInEveryRequest) {
+TEST_F(RequestHandlers, UnsupportedLeaf_IsRefusedInEveryRequest) {
   for (const std::uint32_t operation : {0U, 1U, 8U, 10U, 15U}) {
     EXPECT_EQ(run(unsupported_leaf, operation), YFW_UNSUPPORTED_NODE) << "operation " << operation;
   }
@@ -178,29 +178,29 @@ TEST_F(RequestHandlers, UnsupportedLeafIsRefusedInEveryRequest) {
   EXPECT_EQ(platform.traced("unsupported_leaf", "End"), 5U);
 }
 
-TEST_F(RequestHandlers, UnsupportedLeafMarksTheErrorPathBeforeItStoresTheTag) {
+TEST_F(RequestHandlers, UnsupportedLeaf_MarksTheErrorPathBeforeStoringTheTag) {
   run(unsupported_leaf, YFW_REQUEST_EDIT);
   EXPECT_LT(position("yfw_oc_error_path"), position("yfw_strdup", "leaf"));
 }
 
-TEST_F(RequestHandlers, UnsupportedLeafIsRefusedWithoutRequestState) {
+TEST_F(RequestHandlers, UnsupportedLeafWithoutRequestState_IsRefused) {
   platform.take_request_state_away();
   EXPECT_EQ(run(unsupported_leaf, request), YFW_UNSUPPORTED_NODE);
   EXPECT_EQ(platform.count("yfw_strdup"), 0U);
 }
 
-TEST_F(RequestHandlers, AcceptedNodeDoesNothing) {
+TEST_F(RequestHandlers, AcceptedNode_DoesNothing) {
   EXPECT_EQ(run(accepted_node, YFW_REQUEST_EDIT), YFW_OK);
   EXPECT_THAT(platform.trace(), ElementsAre("TRC accepted_node: Start", "TRC accepted_node: End"));
 }
 
-TEST_F(RequestHandlers, UncheckedNodeDoesNotLookAtItsArguments) {
+TEST_F(RequestHandlers, UncheckedNode_IgnoresItsArguments) {
   EXPECT_EQ(unchecked_node(platform.ctx(), nullptr, nullptr), YFW_OK);
   EXPECT_THAT(platform.trace(), ElementsAre("TRC unchecked_node: Start", "TRC unchecked_node: End"));
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(RequestHandlers, AddedForeignNodeIsRefused) {
+TEST_F(RequestHandlers, AddedForeignNode_IsRefused) {
   EXPECT_EQ(run(foreign_node, YFW_REQUEST_EDIT), YFW_UNKNOWN_AUGMENT);
   EXPECT_EQ(platform.error_tag(), "leaf");
   EXPECT_LT(position("yfw_strdup", "leaf"), position("yfw_oc_error_path"))
@@ -208,7 +208,7 @@ TEST_F(RequestHandlers, AddedForeignNodeIsRefused) {
   EXPECT_EQ(platform.traced("foreign_node", "End"), 1U);
 }
 
-TEST_F(RequestHandlers, ForeignNodeThatIsReadOrDeletedIsIgnored) {
+TEST_F(RequestHandlers, ForeignNodeInReadOrDelete_IsIgnored) {
   EXPECT_EQ(run(foreign_node, YFW_REQUEST_READ_CONFIG), YFW_OK);
   EXPECT_EQ(run(foreign_node, YFW_REQUEST_READ_STATE), YFW_OK);
   Request deleting(leaf("leaf").with(YFW_OPERATION_DELETE));

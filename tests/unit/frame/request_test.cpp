@@ -10,26 +10,26 @@ using support::Request;
 
 class RequestState : public support::ModuleTest {};
 
-TEST_F(RequestState, OperationIsTheDescriptorsFirstField) {
+TEST_F(RequestState, Operation_IsTheFirstFieldOfTheDescriptor) {
   platform.set_operation(15);
   EXPECT_EQ(ymap::operation_of(platform.ctx()), 15U);
 }
 
-TEST_F(RequestState, CodesZeroAndTenAreReadsAndAllOthersEdits) {
+TEST_F(RequestState, OperationCode_IsAReadForZeroAndTenOnly) {
   for (std::uint32_t operation = 0; operation < 20; ++operation) {
     platform.set_operation(operation);
     EXPECT_EQ(ymap::is_read(platform.ctx()), operation == 0 || operation == 10) << "operation " << operation;
   }
 }
 
-TEST_F(RequestState, ErrorTagIsACopy) {
+TEST_F(RequestState, ErrorTag_IsACopy) {
   char tag[] = "interval";
   ymap::store_error_tag(platform.ctx(), tag);
   tag[0] = 'X';
   EXPECT_EQ(platform.error_tag(), "interval");
 }
 
-TEST_F(RequestState, SecondErrorTagFreesTheFirstBeforeItIsCopied) {
+TEST_F(RequestState, SecondErrorTag_IsCopiedAfterTheFirstIsFreed) {
   ymap::store_error_tag(platform.ctx(), "first");
   ymap::store_error_tag(platform.ctx(), "second");
   EXPECT_EQ(platform.error_tag(), "second");
@@ -37,7 +37,7 @@ TEST_F(RequestState, SecondErrorTagFreesTheFirstBeforeItIsCopied) {
   EXPECT_EQ(platform.seen().copies.size(), 1U);
 }
 
-TEST_F(RequestState, ErrorTagFieldIsClearedBeforeTheNewCopyIsMade) {
+TEST_F(RequestState, SecondErrorTag_IsCopiedAfterTheFieldIsCleared) {
   ymap::store_error_tag(platform.ctx(), "first");
   const char* found = "not looked at";
   platform.before("yfw_strdup", 1, [&] { found = platform.state().error_tag; });
@@ -45,7 +45,7 @@ TEST_F(RequestState, ErrorTagFieldIsClearedBeforeTheNewCopyIsMade) {
   EXPECT_EQ(found, nullptr) << "a dead text stands in the field while the framework is called";
 }
 
-TEST_F(RequestState, ErrorTagIsNullWhenNoMemoryIsLeft) {
+TEST_F(RequestState, ErrorTagWithoutMemory_IsNull) {
   ymap::store_error_tag(platform.ctx(), "first");
   platform.script("yfw_strdup", 0, 1);
   ymap::store_error_tag(platform.ctx(), "second");
@@ -53,13 +53,13 @@ TEST_F(RequestState, ErrorTagIsNullWhenNoMemoryIsLeft) {
   EXPECT_TRUE(platform.seen().copies.empty());
 }
 
-TEST_F(RequestState, WithoutRequestStateNoErrorTagIsStored) {
+TEST_F(RequestState, ErrorTagWithoutRequestState_IsNotStored) {
   platform.take_request_state_away();
   ymap::store_error_tag(platform.ctx(), "tag");
   EXPECT_TRUE(platform.calls().empty());
 }
 
-TEST(ScopedValue, SetsAMarkAndPutsBackWhatItWas) {
+TEST(ScopedValue, EndOfScope_RestoresTheValue) {
   std::uint32_t mark = 7;
   {
     const ymap::ScopedValue scope(mark, 1);
@@ -69,7 +69,7 @@ TEST(ScopedValue, SetsAMarkAndPutsBackWhatItWas) {
   EXPECT_EQ(mark, 7U);
 }
 
-TEST(OperationScope, PutsOperationAndItsFlagBackAndLeavesOtherFlagsAlone) {
+TEST(OperationScope, EndOfScope_RestoresOperationAndItsFlagOnly) {
   yfw_datatree node{};
   node.operation = YFW_OPERATION_DELETE;
   {
@@ -81,7 +81,7 @@ TEST(OperationScope, PutsOperationAndItsFlagBackAndLeavesOtherFlagsAlone) {
   EXPECT_EQ(node.flags, std::uint32_t{YFW_FLAG_LIST_KEY});
 }
 
-TEST(OperationScope, KeepsTheFlagOfANodeThatHadIt) {
+TEST(OperationScope, FlagSetBefore_IsRestored) {
   yfw_datatree node{};
   node.flags = YFW_FLAG_OPERATION_CHANGED;
   {
@@ -91,7 +91,7 @@ TEST(OperationScope, KeepsTheFlagOfANodeThatHadIt) {
   EXPECT_EQ(node.flags, std::uint32_t{YFW_FLAG_OPERATION_CHANGED});
 }
 
-TEST(HiddenChildren, HidesThemUntilTheEndOfTheScope) {
+TEST(HiddenChildren, EndOfScope_RestoresTheChildren) {
   Request request(container("node", {leaf("a"), leaf("b")}));
   {
     const ymap::HiddenChildren hidden(*request.root());
@@ -102,20 +102,20 @@ TEST(HiddenChildren, HidesThemUntilTheEndOfTheScope) {
   EXPECT_EQ(request.fields(), request.fields_as_built());
 }
 
-TEST(HiddenChildren, ShowsThemEarlier) {
+TEST(HiddenChildren, Show_RestoresTheChildren) {
   Request request(container("node", {leaf("a")}));
   ymap::HiddenChildren hidden(*request.root());
   hidden.show();
   EXPECT_EQ(request.fields(), request.fields_as_built());
 }
 
-TEST(HiddenChildren, GivesNoSubtreeFlagToANodeWithoutChildren) {
+TEST(HiddenChildren, NodeWithoutChildren_GetsNoSubtreeFlag) {
   Request request(leaf("node"));
   { const ymap::HiddenChildren hidden(*request.root()); }
   EXPECT_EQ(request.fields(), request.fields_as_built());
 }
 
-TEST_F(RequestState, HierarchyEntryMarksTheNodeAndTakesItOffAgain) {
+TEST_F(RequestState, HierarchyEntry_MarksTheNodeAndIsRemovedAtEndOfScope) {
   Request request(container("node"));
   {
     const ymap::HierarchyEntry entry(platform.ctx(), *request.root(), YFW_HIERARCHY_LIST, YFW_NODE_LIST_ENTRY);
@@ -128,18 +128,18 @@ TEST_F(RequestState, HierarchyEntryMarksTheNodeAndTakesItOffAgain) {
   EXPECT_TRUE(platform.seen().hierarchy.empty());
 }
 
-TEST(NamedChildren, CountsNothingWithoutTheSubtreeFlag) {
+TEST(NamedChildren, WithoutSubtreeFlag_CountIsZero) {
   Request request(container("node", {leaf("a")}));
   request.root()->flags = 0;
   EXPECT_EQ(ymap::child_count_of(*request.root()), 0U);
 }
 
-TEST(NamedChildren, CountsTheChildrenOfASubtree) {
+TEST(NamedChildren, WithSubtreeFlag_CountIsThatOfTheChildren) {
   Request request(container("node", {leaf("a"), leaf("b")}));
   EXPECT_EQ(ymap::child_count_of(*request.root()), 2U);
 }
 
-TEST(NamedChildren, HasNoAnswerForChildrenThatAreAnnouncedAndMissing) {
+TEST(NamedChildren, MissingChildArray_HasNoCount) {
   yfw_datatree node{};
   node.flags = YFW_FLAG_SUBTREE;
   node.child_count = 2;

@@ -29,7 +29,7 @@ class ContainerWalker : public model::WalkerTest {
   }
 };
 
-TEST_F(ContainerWalker, NullArgumentsAreInvalid) {
+TEST_F(ContainerWalker, NullArgument_IsInvalid) {
   Request request(node());
   EXPECT_EQ(top(platform.ctx(), nullptr, platform.output()), YFW_INVALID_ARGUMENTS);
   EXPECT_EQ(top(platform.ctx(), request.root(), nullptr), YFW_INVALID_ARGUMENTS);
@@ -37,7 +37,7 @@ TEST_F(ContainerWalker, NullArgumentsAreInvalid) {
   EXPECT_EQ(platform.traced("top", "End"), 0U);
 }
 
-TEST_F(ContainerWalker, ChildrenThatAreAnnouncedAndMissingMakeTheTreeMalformed) {
+TEST_F(ContainerWalker, MissingChildArray_IsMalformed) {
   Request request(node({leaf("first")}));
   request.root()->children = nullptr;
   EXPECT_EQ(walk(request), YFW_MALFORMED_TREE);
@@ -46,14 +46,14 @@ TEST_F(ContainerWalker, ChildrenThatAreAnnouncedAndMissingMakeTheTreeMalformed) 
   EXPECT_THAT(visited(), IsEmpty());
 }
 
-TEST_F(ContainerWalker, MissingArrayOfNoChildrenIsNoError) {
+TEST_F(ContainerWalker, MissingChildArrayOfCountZero_IsNotAnError) {
   Request request(node());
   request.root()->flags |= YFW_FLAG_SUBTREE;
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler"));
 }
 
-TEST_F(ContainerWalker, ChildrenWithoutTheSubtreeFlagAreNotThere) {
+TEST_F(ContainerWalker, ChildrenWithoutSubtreeFlag_AreIgnored) {
   Request request(node({leaf("first")}));
   request.root()->flags = 0;
   EXPECT_EQ(walk(request), YFW_OK);
@@ -61,7 +61,7 @@ TEST_F(ContainerWalker, ChildrenWithoutTheSubtreeFlagAreNotThere) {
   EXPECT_EQ(log.visits[0].child_count, 0U);
 }
 
-TEST_F(ContainerWalker, DeleteWithSubtreeIsRefusedBeforeTheNodeIsEntered) {
+TEST_F(ContainerWalker, StrictDeleteWithSubtree_IsRefusedBeforeEntering) {
   Request request(node({leaf("first")}).with(YFW_OPERATION_DELETE));
   EXPECT_EQ(strict_top(platform.ctx(), request.root(), platform.output()), YFW_INVALID_ARGUMENTS);
   EXPECT_THAT(platform.trace(),
@@ -72,13 +72,13 @@ TEST_F(ContainerWalker, DeleteWithSubtreeIsRefusedBeforeTheNodeIsEntered) {
   EXPECT_THAT(visited(), IsEmpty());
 }
 
-TEST_F(ContainerWalker, DeleteWithSubtreeIsRefusedOnlyWhereTheRowSaysSo) {
+TEST_F(ContainerWalker, DeleteWithSubtree_IsWalked) {
   Request request(node({leaf("first")}).with(YFW_OPERATION_DELETE));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "first"));
 }
 
-TEST_F(ContainerWalker, DeleteWithSubtreeIsNotRefusedUnderAnExpansionOrForAPendingKey) {
+TEST_F(ContainerWalker, StrictDeleteInExpansionOrWithPendingKey_IsWalked) {
   Request request(node({leaf("first")}).with(YFW_OPERATION_DELETE));
   platform.state().whole_subtree = 1;
   EXPECT_EQ(strict_top(platform.ctx(), request.root(), platform.output()), YFW_OK);
@@ -87,7 +87,7 @@ TEST_F(ContainerWalker, DeleteWithSubtreeIsNotRefusedUnderAnExpansionOrForAPendi
   EXPECT_EQ(strict_top(platform.ctx(), request.root(), platform.output()), YFW_OK);
 }
 
-TEST_F(ContainerWalker, EntersTheNodeAndLeavesIt) {
+TEST_F(ContainerWalker, Walk_EntersAndLeavesTheNode) {
   Request request(node({leaf("first")}));
   std::size_t depth = 0;
   platform.before("yfw_map_do_these_match", 1, [&] { depth = platform.seen().hierarchy.size(); });
@@ -99,13 +99,13 @@ TEST_F(ContainerWalker, EntersTheNodeAndLeavesIt) {
   expect_nothing_left(request);
 }
 
-TEST_F(ContainerWalker, LeavesTheNodeBeforeItsEndRecord) {
+TEST_F(ContainerWalker, EndOfWalk_LeavesTheNodeBeforeTheEndRecord) {
   Request request(node());
   walk(request);
   EXPECT_LT(position("yfw_map_remove_from_node_hierarchy"), position("_lstrace", "End"));
 }
 
-TEST_F(ContainerWalker, DoesNotEnterTheNodeUnderAnExpansion) {
+TEST_F(ContainerWalker, WalkInExpansion_DoesNotEnterTheNode) {
   Request request(node());
   platform.state().whole_subtree = 1;
   EXPECT_EQ(walk(request), YFW_OK);
@@ -115,7 +115,7 @@ TEST_F(ContainerWalker, DoesNotEnterTheNodeUnderAnExpansion) {
   EXPECT_EQ(request.root()->hierarchy_flags, 0U);
 }
 
-TEST_F(ContainerWalker, EnteringInAReadKeepsEveryFourthFilterBit) {
+TEST_F(ContainerWalker, EnteringInRead_KeepsEveryFourthFilterBit) {
   for (const std::uint32_t operation : {0U, 10U}) {
     log = {};
     Request request(node({leaf("first")}));
@@ -126,7 +126,7 @@ TEST_F(ContainerWalker, EnteringInAReadKeepsEveryFourthFilterBit) {
   }
 }
 
-TEST_F(ContainerWalker, EnteringInAnEditLeavesTheFilterBitsAlone) {
+TEST_F(ContainerWalker, EnteringInEdit_LeavesFilterBitsUnchanged) {
   Request request(node({leaf("first")}));
   platform.state().filter_bits = 0xFFFFFFFF;
   walk(request, YFW_REQUEST_EDIT);
@@ -134,7 +134,7 @@ TEST_F(ContainerWalker, EnteringInAnEditLeavesTheFilterBitsAlone) {
   EXPECT_EQ(log.visits[0].marks.filter_bits, 0xFFFFFFFFU);
 }
 
-TEST_F(ContainerWalker, FilterBitsAreLeftAloneUnderAnExpansionUntilTheContainerIsExpanded) {
+TEST_F(ContainerWalker, ReadInExpansion_LeavesFilterBitsUnchangedForTheHandler) {
   Request request(node());
   platform.state().whole_subtree = 1;
   platform.state().filter_bits = 0xF;
@@ -143,13 +143,13 @@ TEST_F(ContainerWalker, FilterBitsAreLeftAloneUnderAnExpansionUntilTheContainerI
   EXPECT_EQ(log.visits[0].marks.filter_bits, 0xFU);
 }
 
-TEST_F(ContainerWalker, HandlerGetsTheNumberOfChildren) {
+TEST_F(ContainerWalker, Handler_GetsTheNumberOfChildren) {
   Request request(node({leaf("first"), leaf("second")}));
   walk(request);
   EXPECT_EQ(log.visits.at(0).child_count, 2U);
 }
 
-TEST_F(ContainerWalker, HandlerGetsNoChildrenWhileAnotherContainerIsExpandedForItsContentMatches) {
+TEST_F(ContainerWalker, OuterContentMatchExpansion_HidesChildrenFromTheHandler) {
   Request request(node({leaf("first", "value")}));
   platform.state().whole_subtree = 1;
   platform.state().filter_bits = YFW_FILTER_EXPAND;
@@ -158,7 +158,7 @@ TEST_F(ContainerWalker, HandlerGetsNoChildrenWhileAnotherContainerIsExpandedForI
   EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments")) << "the node is expanded too";
 }
 
-TEST_F(ContainerWalker, SkipEndsTheWalkWithoutEndRecordAndWithoutError) {
+TEST_F(ContainerWalker, SkipFromHandler_SucceedsWithoutEndRecord) {
   Request request(node({leaf("first")}));
   log.answers["handler"] = {YFW_SKIP_SUBTREE};
   EXPECT_EQ(walk(request), YFW_OK);
@@ -168,7 +168,7 @@ TEST_F(ContainerWalker, SkipEndsTheWalkWithoutEndRecordAndWithoutError) {
   expect_nothing_left(request);
 }
 
-TEST_F(ContainerWalker, SkipUnderAnExpansionDoesNotTouchTheHierarchy) {
+TEST_F(ContainerWalker, SkipInExpansion_LeavesTheHierarchyUnchanged) {
   Request request(node());
   platform.state().whole_subtree = 1;
   log.answers["handler"] = {YFW_SKIP_SUBTREE};
@@ -178,7 +178,7 @@ TEST_F(ContainerWalker, SkipUnderAnExpansionDoesNotTouchTheHierarchy) {
   EXPECT_EQ(platform.traced("top", "End"), 0U);
 }
 
-TEST_F(ContainerWalker, HandlersErrorEndsTheWalk) {
+TEST_F(ContainerWalker, ErrorFromHandler_EndsTheWalk) {
   Request request(node({leaf("first")}));
   log.answers["handler"] = {0x55};
   EXPECT_EQ(walk(request), 0x55U);
@@ -187,7 +187,7 @@ TEST_F(ContainerWalker, HandlersErrorEndsTheWalk) {
   expect_nothing_left(request);
 }
 
-TEST_F(ContainerWalker, WalksTheChildrenInTheOrderOfTheRequest) {
+TEST_F(ContainerWalker, Children_AreWalkedInRequestOrder) {
   Request request(node({leaf("second"), leaf("first"), leaf("second")}));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "second", "first", "second"));
@@ -195,14 +195,14 @@ TEST_F(ContainerWalker, WalksTheChildrenInTheOrderOfTheRequest) {
   EXPECT_EQ(log.visits[3].node, &request.root()->children[2]);
 }
 
-TEST_F(ContainerWalker, TestsTagsInTheOrderOfTheTable) {
+TEST_F(ContainerWalker, Tags_AreTestedInTableOrder) {
   Request request(node({leaf("second")}));
   walk(request);
   EXPECT_LT(position("yfw_map_do_these_match", "\"second\" \"first\""),
             position("yfw_map_do_these_match", "\"second\" \"second\""));
 }
 
-TEST_F(ContainerWalker, ChildWithoutTagStopsTheWalk) {
+TEST_F(ContainerWalker, ChildWithoutTag_EndsTheWalkAsMalformed) {
   Node untagged;
   Request request(node({leaf("first"), untagged, leaf("second")}));
   EXPECT_EQ(walk(request), YFW_MALFORMED_TREE);
@@ -214,7 +214,7 @@ TEST_F(ContainerWalker, ChildWithoutTagStopsTheWalk) {
   expect_nothing_left(request);
 }
 
-TEST_F(ContainerWalker, OperationalStateIsWalkedInItsReadOnly) {
+TEST_F(ContainerWalker, OperationalState_IsWalkedInStateReadsOnly) {
   Request request(node({leaf("status")}));
   EXPECT_EQ(walk(request, YFW_REQUEST_READ_STATE), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "status"));
@@ -226,7 +226,7 @@ TEST_F(ContainerWalker, OperationalStateIsWalkedInItsReadOnly) {
   EXPECT_THAT(visited(), ElementsAre("handler"));
 }
 
-TEST_F(ContainerWalker, UnknownTagOfTheModuleIsAnErrorInAnEdit) {
+TEST_F(ContainerWalker, UnknownTagInEdit_IsAnError) {
   Request request(node({leaf("unheard-of"), leaf("first")}));
   EXPECT_EQ(walk(request), YFW_UNSUPPORTED_NODE);
   EXPECT_THAT(visited(), ElementsAre("handler"));
@@ -236,7 +236,7 @@ TEST_F(ContainerWalker, UnknownTagOfTheModuleIsAnErrorInAnEdit) {
   expect_nothing_left(request);
 }
 
-TEST_F(ContainerWalker, UnknownTagIsRecordedThenStoredThenMarked) {
+TEST_F(ContainerWalker, UnknownTag_IsRecordedThenStoredThenMarked) {
   Request request(node({leaf("unheard-of")}));
   walk(request);
   const std::size_t recorded = position("_lstrace", "Unsupported tag is specified in the request.");
@@ -245,7 +245,7 @@ TEST_F(ContainerWalker, UnknownTagIsRecordedThenStoredThenMarked) {
   EXPECT_LT(stored, position("yfw_oc_error_path"));
 }
 
-TEST_F(ContainerWalker, UnknownTagReplacesTheErrorTag) {
+TEST_F(ContainerWalker, UnknownTag_ReplacesTheErrorTag) {
   Request request(node({leaf("unheard-of")}));
   platform.state().error_tag = yfw_strdup("earlier", YFW_ALLOCATION_TAG);
   walk(request);
@@ -253,7 +253,7 @@ TEST_F(ContainerWalker, UnknownTagReplacesTheErrorTag) {
   EXPECT_EQ(platform.seen().copies.size(), 1U) << "the earlier tag is not freed";
 }
 
-TEST_F(ContainerWalker, UnknownTagOfTheModuleIsPassedOverInReads) {
+TEST_F(ContainerWalker, UnknownTagInRead_IsSkipped) {
   for (const std::uint32_t operation : {0U, 10U}) {
     log = {};
     Request request(node({leaf("unheard-of"), leaf("first")}));
@@ -265,20 +265,20 @@ TEST_F(ContainerWalker, UnknownTagOfTheModuleIsPassedOverInReads) {
   EXPECT_EQ(platform.error_tag(), "");
 }
 
-TEST_F(ContainerWalker, ForeignChildGoesToTheAugmentParser) {
+TEST_F(ContainerWalker, ForeignChild_GoesToTheAugmentParser) {
   Request request(node({leaf("other").in("urn:other"), leaf("first")}));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "augments", "first"));
   EXPECT_EQ(log.visits[1].node, &request.root()->children[0]);
 }
 
-TEST_F(ContainerWalker, ChildIsMatchedByItsTagWhateverItsNamespace) {
+TEST_F(ContainerWalker, KnownTagOfOtherNamespace_IsWalked) {
   Request request(node({leaf("first").in("urn:other")}));
   walk(request);
   EXPECT_THAT(visited(), ElementsAre("handler", "first"));
 }
 
-TEST_F(ContainerWalker, FirstErrorOfAChildStopsTheDispatchAndIsReturned) {
+TEST_F(ContainerWalker, ErrorFromChild_EndsTheWalkWithItsCode) {
   Request request(node({leaf("first"), leaf("second")}));
   log.answers["first"] = {0x66};
   EXPECT_EQ(walk(request), 0x66U);
@@ -287,7 +287,7 @@ TEST_F(ContainerWalker, FirstErrorOfAChildStopsTheDispatchAndIsReturned) {
   expect_nothing_left(request);
 }
 
-TEST_F(ContainerWalker, AugmentParsersErrorIsReturned) {
+TEST_F(ContainerWalker, ErrorFromAugmentParser_IsReturned) {
   Request request(node({leaf("other").in("urn:other"), leaf("first")}));
   log.answers["augments"] = {YFW_UNKNOWN_AUGMENT};
   EXPECT_EQ(walk(request), YFW_UNKNOWN_AUGMENT);
@@ -303,7 +303,7 @@ void select_leaf(yfw_map_ctx ctx) {
   ctx->request->filter_bits |= YFW_FILTER_SELECTION;
 }
 
-TEST_F(ContainerWalker, ContainerOfContentMatchesOnlyIsExpanded) {
+TEST_F(ContainerWalker, ContentMatchesOnly_ExpandTheContainer) {
   Request request(node({leaf("first", "value")}));
   log.actions["first"] = match_content;
   EXPECT_EQ(walk(request, YFW_REQUEST_READ_CONFIG), YFW_OK);
@@ -313,7 +313,7 @@ TEST_F(ContainerWalker, ContainerOfContentMatchesOnlyIsExpanded) {
   expect_nothing_left(request);
 }
 
-TEST_F(ContainerWalker, ExpansionForContentMatchesIsMarkedInTheFilterBits) {
+TEST_F(ContainerWalker, ExpansionForContentMatches_IsMarkedInFilterBits) {
   Request request(node({leaf("first", "value")}));
   log.actions["first"] = match_content;
   walk(request, YFW_REQUEST_READ_CONFIG);
@@ -322,14 +322,14 @@ TEST_F(ContainerWalker, ExpansionForContentMatchesIsMarkedInTheFilterBits) {
       << "the content match became an expansion";
 }
 
-TEST_F(ContainerWalker, ExpansionClearsTheFilterBitsAndKeepsThatTheRequestMatches) {
+TEST_F(ContainerWalker, ExpansionForContentMatches_KeepsOnlyTheRequestMatchBit) {
   Request request(node({leaf("first", "value")}));
   log.actions["first"] = match_content;
   walk(request, YFW_REQUEST_READ_CONFIG);
   EXPECT_EQ(platform.state().filter_bits, std::uint32_t{YFW_FILTER_REQUEST_MATCH});
 }
 
-TEST_F(ContainerWalker, ContentMatchBesideASelectionExpandsNothing) {
+TEST_F(ContainerWalker, ContentMatchBesideSelection_IsNotExpanded) {
   Request request(node({leaf("first", "value"), leaf("second")}));
   log.actions["first"] = match_content;
   log.actions["second"] = select_leaf;
@@ -339,14 +339,14 @@ TEST_F(ContainerWalker, ContentMatchBesideASelectionExpandsNothing) {
             std::uint32_t{YFW_FILTER_CONTENT_MATCH | YFW_FILTER_SELECTION | YFW_FILTER_REQUEST_MATCH});
 }
 
-TEST_F(ContainerWalker, SelectionExpandsNothing) {
+TEST_F(ContainerWalker, SelectionOnly_IsNotExpanded) {
   Request request(node({leaf("second")}));
   log.actions["second"] = select_leaf;
   walk(request, YFW_REQUEST_READ_CONFIG);
   EXPECT_THAT(visited(), ElementsAre("handler", "second"));
 }
 
-TEST_F(ContainerWalker, ChildsErrorDoesNotKeepContentMatchesFromBeingExpanded) {
+TEST_F(ContainerWalker, ContentMatchBesideFailedChild_IsExpanded) {
   Request request(node({leaf("first", "value"), leaf("second", "value")}));
   log.actions["first"] = match_content;
   log.answers["second"] = {0x66};
@@ -356,7 +356,7 @@ TEST_F(ContainerWalker, ChildsErrorDoesNotKeepContentMatchesFromBeingExpanded) {
 
 // ---- Whole containers
 
-TEST_F(ContainerWalker, ReadOfAContainerByNameExpandsIntoEveryChildInTheOrderOfTheTable) {
+TEST_F(ContainerWalker, ReadOfWholeContainer_VisitsEveryChildInTableOrder) {
   Request request(node());
   EXPECT_EQ(walk(request, YFW_REQUEST_READ_STATE), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "first", "status", "second", "augments"));
@@ -364,14 +364,14 @@ TEST_F(ContainerWalker, ReadOfAContainerByNameExpandsIntoEveryChildInTheOrderOfT
   expect_nothing_left(request);
 }
 
-TEST_F(ContainerWalker, ExpansionInAnOrderOfItsOwn_CallsTheChildrenInThatOrder) {
+TEST_F(ContainerWalker, ExpansionWithOwnOrder_VisitsChildrenInThatOrder) {
   Request request(node());
   platform.set_operation(YFW_REQUEST_READ_STATE);
   EXPECT_EQ(top_expanded_in_order(platform.ctx(), request.root(), platform.output()), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "second", "first", "status", "augments"));
 }
 
-TEST_F(ContainerWalker, ExpansionInAnOrderOfItsOwn_DoesNotChangeTheOrderOfTheTests) {
+TEST_F(ContainerWalker, ExpansionWithOwnOrder_TestsTagsInTableOrder) {
   Request request(node({leaf("status")}));
   platform.set_operation(YFW_REQUEST_READ_STATE);
   EXPECT_EQ(top_expanded_in_order(platform.ctx(), request.root(), platform.output()), YFW_OK);
@@ -380,13 +380,13 @@ TEST_F(ContainerWalker, ExpansionInAnOrderOfItsOwn_DoesNotChangeTheOrderOfTheTes
   EXPECT_EQ(platform.count("yfw_map_do_these_match", "\"status\" \"second\""), 0U);
 }
 
-TEST_F(ContainerWalker, ExpansionLeavesOperationalStateOutOfAReadOfConfiguration) {
+TEST_F(ContainerWalker, ConfigReadOfWholeContainer_SkipsOperationalState) {
   Request request(node());
   walk(request, YFW_REQUEST_READ_CONFIG);
   EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments"));
 }
 
-TEST_F(ContainerWalker, ExpansionIsMarkedWhileItRuns) {
+TEST_F(ContainerWalker, Expansion_IsMarkedWhileItRuns) {
   Request request(node());
   walk(request, YFW_REQUEST_READ_CONFIG);
   EXPECT_EQ(log.visits.at(0).marks.whole_subtree, 0U);
@@ -394,7 +394,7 @@ TEST_F(ContainerWalker, ExpansionIsMarkedWhileItRuns) {
   EXPECT_EQ(platform.state().whole_subtree, 0U);
 }
 
-TEST_F(ContainerWalker, InnerExpansionDoesNotClearTheMarkOfTheOuter) {
+TEST_F(ContainerWalker, InnerExpansion_KeepsTheMarkOfTheOuter) {
   Request request(node());
   platform.state().whole_subtree = 1;
   walk(request, YFW_REQUEST_READ_CONFIG);
@@ -402,7 +402,7 @@ TEST_F(ContainerWalker, InnerExpansionDoesNotClearTheMarkOfTheOuter) {
   EXPECT_EQ(platform.state().whole_subtree, 1U);
 }
 
-TEST_F(ContainerWalker, ExpansionIgnoresWhatTheChildrenAnswer) {
+TEST_F(ContainerWalker, ErrorFromChildInExpansion_IsIgnored) {
   Request request(node());
   log.answers["first"] = {0x66};
   log.answers["second"] = {YFW_SKIP_SUBTREE};
@@ -411,20 +411,20 @@ TEST_F(ContainerWalker, ExpansionIgnoresWhatTheChildrenAnswer) {
   EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments"));
 }
 
-TEST_F(ContainerWalker, ExpansionClearsTheFilterBits) {
+TEST_F(ContainerWalker, Expansion_KeepsEveryFourthFilterBit) {
   Request request(node());
   log.actions["second"] = [](yfw_map_ctx ctx) { ctx->request->filter_bits = 0xFFFFFFFF; };
   walk(request, YFW_REQUEST_READ_CONFIG);
   EXPECT_EQ(platform.state().filter_bits, 0x11111110U);
 }
 
-TEST_F(ContainerWalker, EditOfAContainerByNameExpandsNothing) {
+TEST_F(ContainerWalker, EditOfWholeContainer_IsNotExpanded) {
   Request request(node());
   EXPECT_EQ(walk(request, YFW_REQUEST_EDIT), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler"));
 }
 
-TEST_F(ContainerWalker, DeleteOfAContainerByNameExpandsWithTheWorkingOperation) {
+TEST_F(ContainerWalker, DeleteOfWholeContainer_ExpandsWithTheWorkingOperation) {
   Request request(node().with(YFW_OPERATION_DELETE));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments"));
@@ -436,21 +436,21 @@ TEST_F(ContainerWalker, DeleteOfAContainerByNameExpandsWithTheWorkingOperation) 
   expect_nothing_left(request);
 }
 
-TEST_F(ContainerWalker, RemoveOfAContainerByNameExpands) {
+TEST_F(ContainerWalker, RemoveOfWholeContainer_IsExpanded) {
   Request request(node().with(YFW_OPERATION_REMOVE));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments"));
   expect_nothing_left(request);
 }
 
-TEST_F(ContainerWalker, DeleteIsExpandedWhenAnAncestorDeletes) {
+TEST_F(ContainerWalker, ContainerUnderDeletedAncestor_IsExpanded) {
   Request request(container("outer", {container("top")}).in(model::kNs).with(YFW_OPERATION_DELETE));
   EXPECT_EQ(top(platform.ctx(), request.find("top"), platform.output()), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments"));
   EXPECT_EQ(log.visits[1].operation, std::uint32_t{YFW_OPERATION_NONE});
 }
 
-TEST_F(ContainerWalker, OperationIsPutBackWhenAHandlerChangedItInAnExpansion) {
+TEST_F(ContainerWalker, OperationChangedByHandlerInExpansion_IsRestored) {
   Request request(node().with(YFW_OPERATION_DELETE));
   static yfw_datatree* changed = nullptr;
   changed = request.root();

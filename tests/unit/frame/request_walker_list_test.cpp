@@ -26,14 +26,14 @@ class ListWalker : public model::WalkerTest {
   }
 };
 
-TEST_F(ListWalker, NullArgumentsAreInvalid) {
+TEST_F(ListWalker, NullArgument_IsInvalid) {
   Request request(node());
   EXPECT_EQ(entry(platform.ctx(), nullptr, platform.output()), YFW_INVALID_ARGUMENTS);
   EXPECT_EQ(entry(platform.ctx(), request.root(), nullptr), YFW_INVALID_ARGUMENTS);
   EXPECT_THAT(visited(), IsEmpty());
 }
 
-TEST_F(ListWalker, ChildrenThatAreAnnouncedAndMissingMakeTheTreeMalformed) {
+TEST_F(ListWalker, MissingChildArray_IsMalformed) {
   Request request(node({leaf("id", "a")}));
   request.root()->children = nullptr;
   EXPECT_EQ(walk(request), YFW_MALFORMED_TREE);
@@ -41,7 +41,7 @@ TEST_F(ListWalker, ChildrenThatAreAnnouncedAndMissingMakeTheTreeMalformed) {
               ElementsAre("TRC entry: Start", "ERR entry: Failed to get subtrees!", "TRC entry: End"));
 }
 
-TEST_F(ListWalker, EntryWithoutChildrenIsRefusedWhereKeysAreChecked) {
+TEST_F(ListWalker, EntryWithoutChildren_IsRefusedWhereKeysAreChecked) {
   for (std::uint32_t operation = 0; operation < 17; ++operation) {
     SCOPED_TRACE(operation);
     Request request(node());
@@ -52,7 +52,7 @@ TEST_F(ListWalker, EntryWithoutChildrenIsRefusedWhereKeysAreChecked) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(ListWalker, EntryWithoutChildrenIsRefusedBeforeItIsEntered) {
+TEST_F(ListWalker, EntryWithoutChildrenInEdit_IsRefusedBeforeEntering) {
   Request request(node());
   walk(request, YFW_REQUEST_EDIT);
   EXPECT_EQ(platform.count("yfw_map_add_to_node_hierarchy"), 0U);
@@ -60,7 +60,7 @@ TEST_F(ListWalker, EntryWithoutChildrenIsRefusedBeforeItIsEntered) {
   EXPECT_THAT(visited(), IsEmpty());
 }
 
-TEST_F(ListWalker, EntryWithoutChildrenIsWalkedUnderAnExpansionAndForAPendingKey) {
+TEST_F(ListWalker, EntryWithoutChildrenInExpansionOrWithPendingKey_IsWalked) {
   Request request(node());
   platform.state().whole_subtree = 1;
   EXPECT_EQ(walk(request), YFW_OK);
@@ -69,7 +69,7 @@ TEST_F(ListWalker, EntryWithoutChildrenIsWalkedUnderAnExpansionAndForAPendingKey
   EXPECT_EQ(walk(request), YFW_OK);
 }
 
-TEST_F(ListWalker, EntersTheEntryAndLeavesIt) {
+TEST_F(ListWalker, Walk_EntersAndLeavesTheEntry) {
   Request request(node({leaf("id", "a"), leaf("first")}));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_EQ(platform.count("yfw_map_add_to_node_hierarchy", "entry list"), 1U);
@@ -80,7 +80,7 @@ TEST_F(ListWalker, EntersTheEntryAndLeavesIt) {
   expect_nothing_left(request);
 }
 
-TEST_F(ListWalker, UnderAnExpansionOnlyTellsTheListPath) {
+TEST_F(ListWalker, WalkInExpansion_SetsTheListPathWithoutEntering) {
   Request request(node());
   platform.state().whole_subtree = 1;
   EXPECT_EQ(walk(request), YFW_OK);
@@ -89,7 +89,7 @@ TEST_F(ListWalker, UnderAnExpansionOnlyTellsTheListPath) {
   EXPECT_EQ(request.root()->node_kind, 0U);
 }
 
-TEST_F(ListWalker, ListPathThatIsRefusedEndsTheWalk) {
+TEST_F(ListWalker, RefusedListPath_EndsTheWalk) {
   Request request(node({leaf("id", "a"), leaf("first")}));
   platform.script("yfw_map_update_current_list_node", 0, 0x44);
   EXPECT_EQ(walk(request), 0x44U);
@@ -98,7 +98,7 @@ TEST_F(ListWalker, ListPathThatIsRefusedEndsTheWalk) {
   expect_nothing_left(request);
 }
 
-TEST_F(ListWalker, EnteringInAReadKeepsEveryFourthFilterBit) {
+TEST_F(ListWalker, EnteringInRead_KeepsEveryFourthFilterBit) {
   Request request(node({leaf("id", "a"), leaf("first")}));
   platform.state().filter_bits = 0xFFFFFFFF;
   walk(request, YFW_REQUEST_READ_CONFIG);
@@ -107,7 +107,7 @@ TEST_F(ListWalker, EnteringInAReadKeepsEveryFourthFilterBit) {
 
 // ---- Keys
 
-TEST_F(ListWalker, MarksEveryKeyLeafAsKeyAndNoOtherChild) {
+TEST_F(ListWalker, Walk_MarksTheKeyLeafOnlyAsKey) {
   Request request(node({leaf("first"), leaf("id", "a")}));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_EQ(request.find("id")->key_mark, 1);
@@ -116,7 +116,7 @@ TEST_F(ListWalker, MarksEveryKeyLeafAsKeyAndNoOtherChild) {
   EXPECT_EQ(request.find("first")->flags & YFW_FLAG_LIST_KEY, 0U);
 }
 
-TEST_F(ListWalker, ChecksTheLeafrefOfTheKeyWhereKeysAreChecked) {
+TEST_F(ListWalker, Leafref_IsCheckedWhereKeysAreChecked) {
   for (std::uint32_t operation = 0; operation < 17; ++operation) {
     const unsigned before = platform.count("yfw_map_check_oc_leafref");
     Request request(node({leaf("id", "a")}));
@@ -127,7 +127,7 @@ TEST_F(ListWalker, ChecksTheLeafrefOfTheKeyWhereKeysAreChecked) {
   EXPECT_EQ(platform.count("yfw_map_check_oc_leafref", "\"/top/entry\" \"config\" \"id\" entry"), 3U);
 }
 
-TEST_F(ListWalker, FailedLeafrefCheckEndsTheWalkWithItsCode) {
+TEST_F(ListWalker, FailedLeafrefCheck_EndsTheWalkWithItsCode) {
   Request request(node({leaf("id", "a"), leaf("first")}));
   platform.script("yfw_map_check_oc_leafref", 0, 0x45);
   EXPECT_EQ(walk(request), 0x45U);
@@ -156,7 +156,7 @@ std::vector<KeyCase> key_cases() {
   };
 }
 
-TEST_F(ListWalker, AcceptsTheKeysThatTheOperationAllows) {
+TEST_F(ListWalker, Keys_AreAcceptedAsTheOperationAllows) {
   for (const KeyCase& one : key_cases()) {
     for (const std::uint32_t operation : {0U, 1U, 2U, 8U, 10U, 15U}) {
       SCOPED_TRACE(std::string(one.what) + ", operation " + std::to_string(operation));
@@ -169,7 +169,7 @@ TEST_F(ListWalker, AcceptsTheKeysThatTheOperationAllows) {
   }
 }
 
-TEST_F(ListWalker, KeyErrorNamesTheKeyAndMarksTheErrorPath) {
+TEST_F(ListWalker, KeyError_StoresTheKeyAndMarksTheErrorPath) {
   Request request(node({leaf("id", "a"), leaf("id", "b")}));
   EXPECT_EQ(walk(request), YFW_BAD_LIST_KEY);
   EXPECT_EQ(platform.traced("entry", "List key node error."), 1U);
@@ -181,7 +181,7 @@ TEST_F(ListWalker, KeyErrorNamesTheKeyAndMarksTheErrorPath) {
   expect_nothing_left(request);
 }
 
-TEST_F(ListWalker, KeysAreNotJudgedUnderAnExpansionOrForAPendingKey) {
+TEST_F(ListWalker, KeysInExpansionOrWithPendingKey_AreNotChecked) {
   Request request(node({leaf("id", "a"), leaf("id", "b")}));
   platform.state().whole_subtree = 1;
   EXPECT_EQ(walk(request), YFW_OK);
@@ -190,7 +190,7 @@ TEST_F(ListWalker, KeysAreNotJudgedUnderAnExpansionOrForAPendingKey) {
   EXPECT_EQ(walk(request), YFW_OK);
 }
 
-TEST_F(ListWalker, ValueOfAKeyIsJudgedByItsFlag) {
+TEST_F(ListWalker, KeyValue_IsDecidedByItsFlag) {
   Request request(node({leaf("id", "a")}));
   request.find("id")->flags = 0;
   EXPECT_EQ(walk(request), YFW_BAD_LIST_KEY) << "a text without the flag is no value";
@@ -201,7 +201,7 @@ TEST_F(ListWalker, ValueOfAKeyIsJudgedByItsFlag) {
 
 // ---- The list-key handler
 
-TEST_F(ListWalker, HandlerRunsBeforeTheChildren) {
+TEST_F(ListWalker, Handler_RunsBeforeTheChildren) {
   Request request(node({leaf("first"), leaf("id", "a")}));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "first", "key"));
@@ -209,19 +209,19 @@ TEST_F(ListWalker, HandlerRunsBeforeTheChildren) {
   EXPECT_EQ(log.visits[2].node, request.find("id"));
 }
 
-TEST_F(ListWalker, KeyIsNotPendingInAnOrdinaryEntry) {
+TEST_F(ListWalker, EditOfEntryByKey_HasNoPendingKey) {
   Request merging(node({leaf("id", "a")}));
   walk(merging);
   EXPECT_EQ(log.visits.at(0).marks.key_pending, std::uint32_t{YFW_KEY_PENDING_NONE});
 }
 
-TEST_F(ListWalker, KeyIsNotPendingInADeleteThatNamesMoreThanTheKey) {
+TEST_F(ListWalker, DeleteOfMoreThanTheKey_HasNoPendingKey) {
   Request request(node({leaf("id", "a"), leaf("first")}).with(YFW_OPERATION_DELETE));
   walk(request);
   EXPECT_EQ(log.visits.at(0).marks.key_pending, std::uint32_t{YFW_KEY_PENDING_NONE});
 }
 
-TEST_F(ListWalker, KeyIsPendingWhileTheHandlerRunsForADeleteThatNamesOnlyTheKey) {
+TEST_F(ListWalker, DeleteOfEntryByKey_HasAPendingKeyDuringTheHandler) {
   Request request(node({leaf("id", "a")}).with(YFW_OPERATION_DELETE));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_EQ(log.visits.at(0).name, "handler");
@@ -230,7 +230,7 @@ TEST_F(ListWalker, KeyIsPendingWhileTheHandlerRunsForADeleteThatNamesOnlyTheKey)
   expect_nothing_left(request);
 }
 
-TEST_F(ListWalker, KeyIsPendingOtherwiseForADeleteWithoutChildrenUnderAnExpansion) {
+TEST_F(ListWalker, DeleteWithoutChildrenInExpansion_HasAnExpandedPendingKey) {
   Request request(node().with(YFW_OPERATION_DELETE));
   platform.state().whole_subtree = 1;
   EXPECT_EQ(walk(request), YFW_OK);
@@ -238,7 +238,7 @@ TEST_F(ListWalker, KeyIsPendingOtherwiseForADeleteWithoutChildrenUnderAnExpansio
   EXPECT_EQ(platform.state().key_pending, std::uint32_t{YFW_KEY_PENDING_NONE});
 }
 
-TEST_F(ListWalker, SkipEndsTheWalkWithoutEndRecordAndWithoutError) {
+TEST_F(ListWalker, SkipFromHandler_SucceedsWithoutEndRecord) {
   Request request(node({leaf("id", "a"), leaf("first")}));
   log.answers["handler"] = {YFW_SKIP_SUBTREE};
   EXPECT_EQ(walk(request), YFW_OK);
@@ -248,14 +248,14 @@ TEST_F(ListWalker, SkipEndsTheWalkWithoutEndRecordAndWithoutError) {
   expect_nothing_left(request);
 }
 
-TEST_F(ListWalker, SkippedEntryIsNotExpanded) {
+TEST_F(ListWalker, SkippedEntry_IsNotExpanded) {
   Request request(node({leaf("id", "a")}).with(YFW_OPERATION_DELETE));
   log.answers["handler"] = {YFW_SKIP_SUBTREE};
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler"));
 }
 
-TEST_F(ListWalker, HandlersErrorEndsTheWalk) {
+TEST_F(ListWalker, ErrorFromHandler_EndsTheWalk) {
   Request request(node({leaf("id", "a")}));
   log.answers["handler"] = {0x55};
   EXPECT_EQ(walk(request, YFW_REQUEST_READ_CONFIG), 0x55U);
@@ -266,7 +266,7 @@ TEST_F(ListWalker, HandlersErrorEndsTheWalk) {
 
 // ---- Children
 
-TEST_F(ListWalker, KeyThatDeletesByItselfIsRefused) {
+TEST_F(ListWalker, DeletedKey_IsRefused) {
   for (const std::uint32_t operation : {std::uint32_t{YFW_OPERATION_DELETE}, std::uint32_t{YFW_OPERATION_REMOVE}}) {
     log = {};
     Request request(node({leaf("id", "a").with(operation), leaf("first")}));
@@ -279,13 +279,13 @@ TEST_F(ListWalker, KeyThatDeletesByItselfIsRefused) {
   EXPECT_EQ(platform.traced("entry", "End"), 2U);
 }
 
-TEST_F(ListWalker, KeyUnderADeletedEntryIsNotRefused) {
+TEST_F(ListWalker, KeyOfDeletedEntry_IsWalked) {
   Request request(node({leaf("id", "a")}).with(YFW_OPERATION_REMOVE));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first", "second", "augments"));
 }
 
-TEST_F(ListWalker, KeyWithoutValueIsRefusedWhereKeysAreChecked) {
+TEST_F(ListWalker, KeyWithoutValueInEdit_IsRefused) {
   platform.state().key_pending = YFW_KEY_PENDING_EXPANDED;  // so that the scan of the keys lets it pass
   Request request(node({leaf("id"), leaf("first")}));
   EXPECT_EQ(walk(request, YFW_REQUEST_EDIT), YFW_BAD_LIST_KEY);
@@ -296,13 +296,13 @@ TEST_F(ListWalker, KeyWithoutValueIsRefusedWhereKeysAreChecked) {
   EXPECT_EQ(platform.traced("entry", "End"), 1U);
 }
 
-TEST_F(ListWalker, KeyWithoutValueIsWalkedWhereKeysAreNotChecked) {
+TEST_F(ListWalker, KeyWithoutValueInRead_IsWalked) {
   Request request(node({leaf("id"), leaf("first")}));
   EXPECT_EQ(walk(request, YFW_REQUEST_READ_CONFIG), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first"));
 }
 
-TEST_F(ListWalker, ChildWithoutTagStopsTheWalk) {
+TEST_F(ListWalker, ChildWithoutTag_EndsTheWalkAsMalformed) {
   Node untagged;
   Request request(node({leaf("id", "a"), untagged, leaf("first")}));
   EXPECT_EQ(walk(request), YFW_MALFORMED_TREE);
@@ -311,7 +311,7 @@ TEST_F(ListWalker, ChildWithoutTagStopsTheWalk) {
   expect_nothing_left(request);
 }
 
-TEST_F(ListWalker, OperationalStateIsWalkedInItsReadOnly) {
+TEST_F(ListWalker, OperationalState_IsWalkedInStateReadsOnly) {
   Request request(node({leaf("id", "a"), leaf("status")}));
   EXPECT_EQ(walk(request, YFW_REQUEST_READ_STATE), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "status"));
@@ -323,7 +323,7 @@ TEST_F(ListWalker, OperationalStateIsWalkedInItsReadOnly) {
   EXPECT_EQ(platform.error_tag(), "status");
 }
 
-TEST_F(ListWalker, UnknownTagOfTheModuleIsAnErrorInAnEditAndPassedOverInARead) {
+TEST_F(ListWalker, UnknownTag_IsAnErrorInEditsAndSkippedInReads) {
   Request request(node({leaf("id", "a"), leaf("unheard-of"), leaf("first")}));
   EXPECT_EQ(walk(request, YFW_REQUEST_EDIT), YFW_UNSUPPORTED_NODE);
   EXPECT_THAT(visited(), ElementsAre("handler", "key"));
@@ -333,13 +333,13 @@ TEST_F(ListWalker, UnknownTagOfTheModuleIsAnErrorInAnEditAndPassedOverInARead) {
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first"));
 }
 
-TEST_F(ListWalker, ForeignChildGoesToTheAugmentParser) {
+TEST_F(ListWalker, ForeignChild_GoesToTheAugmentParser) {
   Request request(node({leaf("id", "a"), leaf("other").in("urn:other"), leaf("first")}));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "augments", "first"));
 }
 
-TEST_F(ListWalker, FirstErrorOfAChildStopsTheWalkAndIsReturned) {
+TEST_F(ListWalker, ErrorFromChild_EndsTheWalkWithItsCode) {
   Request request(node({leaf("id", "a"), leaf("first"), leaf("second")}));
   log.answers["first"] = {0x66};
   EXPECT_EQ(walk(request), 0x66U);
@@ -348,7 +348,7 @@ TEST_F(ListWalker, FirstErrorOfAChildStopsTheWalkAndIsReturned) {
   expect_nothing_left(request);
 }
 
-TEST_F(ListWalker, ErrorOfTheKeyLeafStopsTheWalkAndExpandsNothing) {
+TEST_F(ListWalker, ErrorFromKeyLeaf_EndsTheWalkWithoutExpansion) {
   Request request(node({leaf("id", "a")}));
   log.answers["key"] = {0x66};
   EXPECT_EQ(walk(request, YFW_REQUEST_READ_CONFIG), 0x66U);
@@ -357,20 +357,20 @@ TEST_F(ListWalker, ErrorOfTheKeyLeafStopsTheWalkAndExpandsNothing) {
 
 // ---- Entries that name only their key
 
-TEST_F(ListWalker, ReadOfAnEntryByItsKeyExpandsIntoEveryChildInTheOrderOfTheTable) {
+TEST_F(ListWalker, ReadOfEntryByKey_VisitsEveryChildInTableOrder) {
   Request request(node({leaf("id", "a")}));
   EXPECT_EQ(walk(request, YFW_REQUEST_READ_STATE), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first", "status", "second", "augments"));
   expect_nothing_left(request);
 }
 
-TEST_F(ListWalker, ExpansionLeavesOperationalStateOutOfAReadOfConfiguration) {
+TEST_F(ListWalker, ConfigReadOfEntryByKey_SkipsOperationalState) {
   Request request(node({leaf("id", "a")}));
   walk(request, YFW_REQUEST_READ_CONFIG);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first", "second", "augments"));
 }
 
-TEST_F(ListWalker, ExpansionHidesTheChildrenAndKeepsThemOnTheItreeStack) {
+TEST_F(ListWalker, Expansion_KeepsTheHiddenChildrenOnTheItreeStack) {
   Request request(node({leaf("id", "a")}));
   yfw_datatree* const children = request.root()->children;
   static std::vector<yfw_itree_entry> stack;
@@ -389,7 +389,7 @@ TEST_F(ListWalker, ExpansionHidesTheChildrenAndKeepsThemOnTheItreeStack) {
   expect_nothing_left(request);
 }
 
-TEST_F(ListWalker, ExpansionIsMarkedBeforeTheChildrenAreKeptAndUntilTheyAreTakenBack) {
+TEST_F(ListWalker, Expansion_IsMarkedFromStackPushToPop) {
   Request request(node({leaf("id", "a")}));
   yfw_datatree* const children = request.root()->children;
   std::vector<std::uint32_t> marks;
@@ -403,7 +403,7 @@ TEST_F(ListWalker, ExpansionIsMarkedBeforeTheChildrenAreKeptAndUntilTheyAreTaken
   EXPECT_THAT(marks, ElementsAre(1, 1));
 }
 
-TEST_F(ListWalker, ExpansionIgnoresWhatTheChildrenAnswer) {
+TEST_F(ListWalker, ErrorFromChildInExpansion_IsIgnored) {
   Request request(node({leaf("id", "a")}));
   log.answers["first"] = {0x66};
   log.answers["augments"] = {0x67};
@@ -411,7 +411,7 @@ TEST_F(ListWalker, ExpansionIgnoresWhatTheChildrenAnswer) {
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first", "second", "augments"));
 }
 
-TEST_F(ListWalker, DeleteOfAnEntryByItsKeyExpandsWithTheOperationAsItIs) {
+TEST_F(ListWalker, DeleteOfEntryByKey_ExpandsWithTheOperationUnchanged) {
   Request request(node({leaf("id", "a")}).with(YFW_OPERATION_DELETE));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first", "second", "augments"));
@@ -419,31 +419,31 @@ TEST_F(ListWalker, DeleteOfAnEntryByItsKeyExpandsWithTheOperationAsItIs) {
   expect_nothing_left(request);
 }
 
-TEST_F(ListWalker, MergeOfAnEntryByItsKeyExpandsNothing) {
+TEST_F(ListWalker, MergeOfEntryByKey_IsNotExpanded) {
   Request request(node({leaf("id", "a")}));
   EXPECT_EQ(walk(request, YFW_REQUEST_EDIT), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "key"));
 }
 
-TEST_F(ListWalker, EntryThatNamesMoreThanItsKeyIsNotExpanded) {
+TEST_F(ListWalker, ReadOfMoreThanTheKey_IsNotExpanded) {
   Request request(node({leaf("id", "a"), leaf("first")}));
   walk(request, YFW_REQUEST_READ_CONFIG);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first"));
 }
 
-TEST_F(ListWalker, EntryWhoseKeyHasNoValueIsNotExpanded) {
+TEST_F(ListWalker, ReadOfEntryByKeyWithoutValue_IsNotExpanded) {
   Request request(node({leaf("id")}));
   walk(request, YFW_REQUEST_READ_CONFIG);
   EXPECT_THAT(visited(), ElementsAre("handler", "key"));
 }
 
-TEST_F(ListWalker, EntryWithoutKeyIsNotExpanded) {
+TEST_F(ListWalker, ReadOfEntryWithoutKey_IsNotExpanded) {
   Request request(node());
   walk(request, YFW_REQUEST_READ_CONFIG);
   EXPECT_THAT(visited(), ElementsAre("handler"));
 }
 
-TEST_F(ListWalker, EntryWithoutChildrenIsExpandedUnderAnOuterExpansion) {
+TEST_F(ListWalker, EntryWithoutChildrenInExpansion_IsExpanded) {
   Request request(node());
   platform.state().whole_subtree = 1;
   EXPECT_EQ(walk(request, YFW_REQUEST_READ_CONFIG), YFW_OK);
@@ -453,7 +453,7 @@ TEST_F(ListWalker, EntryWithoutChildrenIsExpandedUnderAnOuterExpansion) {
   EXPECT_THAT(platform.seen().itree_stack, IsEmpty());
 }
 
-TEST_F(ListWalker, EntryIsExpandedWhileAContainerIsExpandedForItsContentMatches) {
+TEST_F(ListWalker, EntryInExpansionForContentMatches_IsExpanded) {
   Request request(node({leaf("id", "a"), leaf("first")}));
   platform.state().whole_subtree = 1;
   platform.state().filter_bits = YFW_FILTER_EXPAND;
@@ -485,7 +485,7 @@ class FurtherEntries : public ListWalker {
                       .in(model::kNs)};
 };
 
-TEST_F(FurtherEntries, AreWalkedAfterTheFirst) {
+TEST_F(FurtherEntries, PushedByHandler_AreWalkedAfterTheFirst) {
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first", "further", "key", "second", "further", "key"));
   EXPECT_EQ(log.visits.at(3).node, &further.root()->children[0]);
@@ -493,7 +493,7 @@ TEST_F(FurtherEntries, AreWalkedAfterTheFirst) {
   expect_nothing_left(request);
 }
 
-TEST_F(FurtherEntries, AreEnteredOneAfterTheOther) {
+TEST_F(FurtherEntries, SeveralEntries_AreEnteredOneAfterTheOther) {
   walk(request);
   EXPECT_EQ(platform.count("yfw_map_add_to_node_hierarchy", "second-entry list"), 1U);
   EXPECT_EQ(platform.count("yfw_map_add_to_node_hierarchy", "third-entry list"), 1U);
@@ -502,35 +502,35 @@ TEST_F(FurtherEntries, AreEnteredOneAfterTheOther) {
             position("yfw_map_add_to_node_hierarchy", "third-entry"));
 }
 
-TEST_F(FurtherEntries, StopAtTheFirstError) {
+TEST_F(FurtherEntries, ErrorInFurtherEntry_EndsTheWalk) {
   log.answers["further"] = {0x71};
   EXPECT_EQ(walk(request), 0x71U);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first", "further"));
   expect_nothing_left(request);
 }
 
-TEST_F(FurtherEntries, AreSkippedOneByOne) {
+TEST_F(FurtherEntries, Skip_EndsOneEntryOnly) {
   log.answers["further"] = {YFW_SKIP_SUBTREE};
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first", "further", "further", "key"));
   expect_nothing_left(request);
 }
 
-TEST_F(FurtherEntries, AreNotWalkedAfterAnErrorInTheFirst) {
+TEST_F(FurtherEntries, ErrorInFirstEntry_EndsTheWalk) {
   log.answers["first"] = {0x66};
   EXPECT_EQ(walk(request), 0x66U);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first"));
   expect_nothing_left(request);
 }
 
-TEST_F(FurtherEntries, OfAMalformedTreeStopTheWalk) {
+TEST_F(FurtherEntries, MissingChildArray_EndsTheWalkAsMalformed) {
   further.root()->children[0].children = nullptr;
   EXPECT_EQ(walk(request), YFW_MALFORMED_TREE);
   EXPECT_EQ(platform.traced("entry", "Failed to get subtrees!"), 1U);
   expect_nothing_left(request);
 }
 
-TEST_F(FurtherEntries, OfAMalformedTree_AreRecordedAtAnotherPlaceThanTheFirst) {
+TEST_F(FurtherEntries, MissingChildArray_IsRecordedAtAnotherPlaceThanInTheFirst) {
   further.root()->children[0].children = nullptr;
   EXPECT_EQ(walk(request), YFW_MALFORMED_TREE);
   const support::Place of_further = support::place_of(platform, "Failed to get subtrees!");
@@ -539,7 +539,7 @@ TEST_F(FurtherEntries, OfAMalformedTree_AreRecordedAtAnotherPlaceThanTheFirst) {
   support::expect_two_places(of_further, support::place_of(platform, "Failed to get subtrees!"));
 }
 
-TEST_F(FurtherEntries, StopWhenTheListPathIsRefused) {
+TEST_F(FurtherEntries, RefusedListPath_EndsTheWalk) {
   platform.script("yfw_map_update_current_list_node", 2, 0x44);
   EXPECT_EQ(walk(request), 0x44U);
   EXPECT_THAT(visited(), ElementsAre("handler", "key", "first"));

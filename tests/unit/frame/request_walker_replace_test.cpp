@@ -24,14 +24,14 @@ class Replace : public model::WalkerTest {
   Request list_request{container("entry", {leaf("id", "a"), leaf("first")}).in(model::kNs).with(YFW_OPERATION_REPLACE)};
 };
 
-TEST_F(Replace, CallsTheHandlerInBothPassesAndDispatchesInTheSecond) {
+TEST_F(Replace, Container_IsExpandedInFirstPassAndWalkedInSecond) {
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments", "handler", "first", "second"))
       << "the first pass expands the container, the second walks what is named";
   expect_nothing_left(request);
 }
 
-TEST_F(Replace, FirstPassDeletesWithTheChildrenHidden) {
+TEST_F(Replace, FirstPass_RemovesWithTheChildrenHidden) {
   walk(request);
   for (std::size_t i = 0; i < 4; ++i) {
     const Visit& visit = log.visits.at(i);
@@ -45,7 +45,7 @@ TEST_F(Replace, FirstPassDeletesWithTheChildrenHidden) {
   }
 }
 
-TEST_F(Replace, SecondPassMergesWithTheChildrenRestored) {
+TEST_F(Replace, SecondPass_MergesWithTheChildrenRestored) {
   walk(request);
   const Visit& handler = log.visits.at(4);
   EXPECT_EQ(handler.child_count, 2U);
@@ -57,20 +57,20 @@ TEST_F(Replace, SecondPassMergesWithTheChildrenRestored) {
   EXPECT_EQ(log.visits.at(5).node, &request.root()->children[0]);
 }
 
-TEST_F(Replace, IsOneEntryOnTheHierarchy) {
+TEST_F(Replace, Container_IsEnteredOnce) {
   walk(request);
   EXPECT_EQ(platform.count("yfw_map_add_to_node_hierarchy"), 1U);
   EXPECT_EQ(platform.traced("top", "Start"), 1U);
   EXPECT_EQ(platform.traced("top", "End"), 1U);
 }
 
-TEST_F(Replace, OperationIsReplaceAgainAfterwards) {
+TEST_F(Replace, EndOfWalk_RestoresTheOperation) {
   walk(request);
   EXPECT_EQ(request.root()->operation, std::uint32_t{YFW_OPERATION_REPLACE});
   EXPECT_EQ(request.root()->flags, std::uint32_t{YFW_FLAG_SUBTREE});
 }
 
-TEST_F(Replace, NodeWithoutSubtreeFlagDoesNotEndUpWithOne) {
+TEST_F(Replace, ContainerWithoutSubtreeFlag_GetsNone) {
   Request bare(container("top").in(model::kNs).with(YFW_OPERATION_REPLACE));
   EXPECT_EQ(walk(bare), YFW_OK);
   EXPECT_EQ(bare.root()->flags, 0U);
@@ -78,7 +78,7 @@ TEST_F(Replace, NodeWithoutSubtreeFlagDoesNotEndUpWithOne) {
   expect_nothing_left(bare);
 }
 
-TEST_F(Replace, SkipInTheFirstPassGoesOnWithTheSecond) {
+TEST_F(Replace, SkipInFirstPass_ContinuesWithTheSecond) {
   log.answers["handler"] = {YFW_SKIP_SUBTREE};
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "handler", "first", "second"));
@@ -86,7 +86,7 @@ TEST_F(Replace, SkipInTheFirstPassGoesOnWithTheSecond) {
   expect_nothing_left(request);
 }
 
-TEST_F(Replace, SkipInTheSecondPassIsNoErrorAndHasAnEndRecord) {
+TEST_F(Replace, SkipInSecondPass_SucceedsWithEndRecord) {
   log.answers["handler"] = {YFW_OK, YFW_SKIP_SUBTREE};
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "first", "second", "augments", "handler"));
@@ -94,7 +94,7 @@ TEST_F(Replace, SkipInTheSecondPassIsNoErrorAndHasAnEndRecord) {
   expect_nothing_left(request);
 }
 
-TEST_F(Replace, SkipUnderAReplaceOfAnOuterNodeHasAnEndRecord) {
+TEST_F(Replace, SkipInOuterReplace_HasAnEndRecord) {
   Request plain(container("top", {leaf("first")}).in(model::kNs));
   platform.state().replace_flags = YFW_REPLACE_SECOND_PASS;
   log.answers["handler"] = {YFW_SKIP_SUBTREE};
@@ -102,7 +102,7 @@ TEST_F(Replace, SkipUnderAReplaceOfAnOuterNodeHasAnEndRecord) {
   EXPECT_EQ(platform.traced("top", "End"), 1U) << "the request's flags say whether a replace is running";
 }
 
-TEST_F(Replace, ErrorInTheFirstPassEndsTheWalkAndPutsEverythingBack) {
+TEST_F(Replace, ErrorInFirstPass_EndsTheWalkAndRestoresEverything) {
   log.answers["handler"] = {0x55};
   EXPECT_EQ(walk(request), 0x55U);
   EXPECT_THAT(visited(), ElementsAre("handler"));
@@ -110,13 +110,13 @@ TEST_F(Replace, ErrorInTheFirstPassEndsTheWalkAndPutsEverythingBack) {
   expect_nothing_left(request);
 }
 
-TEST_F(Replace, ErrorInTheSecondPassPutsEverythingBack) {
+TEST_F(Replace, ErrorInSecondPass_RestoresEverything) {
   log.answers["second"] = {YFW_OK, 0x66};
   EXPECT_EQ(walk(request), 0x66U);
   expect_nothing_left(request);
 }
 
-TEST_F(Replace, InsideAnotherReplaceGivesTheOuterItsMarksBack) {
+TEST_F(Replace, InnerReplace_RestoresTheMarksOfTheOuter) {
   platform.state().replace_flags = YFW_REPLACE_SECOND_PASS;
   platform.state().replace_restore = 1;
   EXPECT_EQ(walk(request), YFW_OK);
@@ -125,7 +125,7 @@ TEST_F(Replace, InsideAnotherReplaceGivesTheOuterItsMarksBack) {
   EXPECT_EQ(request.fields(), request.fields_as_built());
 }
 
-TEST_F(Replace, OfAListEntryChecksTheKeysOnceAndCallsTheHandlerTwice) {
+TEST_F(Replace, ListEntry_ChecksKeysOnceAndRunsTheHandlerTwice) {
   EXPECT_EQ(walk_entry(list_request), YFW_OK);
   EXPECT_EQ(platform.count("yfw_map_check_oc_leafref"), 1U);
   EXPECT_EQ(platform.count("yfw_map_update_current_list_node"), 1U);
@@ -133,7 +133,7 @@ TEST_F(Replace, OfAListEntryChecksTheKeysOnceAndCallsTheHandlerTwice) {
   expect_nothing_left(list_request);
 }
 
-TEST_F(Replace, FirstPassOfAListEntryDeletesWithTheChildrenHidden) {
+TEST_F(Replace, FirstPassOfListEntry_RemovesWithTheChildrenHidden) {
   walk_entry(list_request);
   const Visit& first = log.visits.at(0);
   EXPECT_EQ(first.operation, std::uint32_t{YFW_OPERATION_REMOVE});
@@ -146,7 +146,7 @@ TEST_F(Replace, FirstPassOfAListEntryDeletesWithTheChildrenHidden) {
   EXPECT_EQ(second.marks.replace_flags, std::uint32_t{YFW_REPLACE_SECOND_PASS});
 }
 
-TEST_F(Replace, SkipInTheFirstPassOfAListEntryGoesOnWithTheSecond) {
+TEST_F(Replace, SkipInFirstPassOfListEntry_ContinuesWithTheSecond) {
   log.answers["handler"] = {YFW_SKIP_SUBTREE};
   EXPECT_EQ(walk_entry(list_request), YFW_OK);
   EXPECT_THAT(visited(), ElementsAre("handler", "handler", "key", "first"));
@@ -154,7 +154,7 @@ TEST_F(Replace, SkipInTheFirstPassOfAListEntryGoesOnWithTheSecond) {
   expect_nothing_left(list_request);
 }
 
-TEST_F(Replace, ErrorInTheFirstPassOfAListEntryEndsTheWalk) {
+TEST_F(Replace, ErrorInFirstPassOfListEntry_EndsTheWalk) {
   log.answers["handler"] = {0x55};
   EXPECT_EQ(walk_entry(list_request), 0x55U);
   EXPECT_THAT(visited(), ElementsAre("handler"));

@@ -98,11 +98,11 @@ void expect_layout(std::uint64_t number, std::uint64_t size, const std::uint64_t
   EXPECT_THAT(std::span(offsets, wanted.offsets.size()), testing::ElementsAreArray(wanted.offsets));
 }
 
-TEST(Bags, AccessorsAnswerTheExportedObjects) {
+TEST(Bags, Accessor_ReturnsTheExportedObject) {
   for (const Expected& bag : expected()) EXPECT_EQ(bag.accessor(), bag.object) << bag.name;
 }
 
-TEST(Bags, CarryTheirNamesAndTheSameVersionFormatAndOwner) {
+TEST(Bags, EveryBag_HasItsNameAndTheSameVersionFormatAndOwner) {
   for (const Expected& bag : expected()) {
     EXPECT_EQ(bag.object->name, bag.name);
     EXPECT_EQ(bag.object->version, 1U) << bag.name;
@@ -111,7 +111,7 @@ TEST(Bags, CarryTheirNamesAndTheSameVersionFormatAndOwner) {
   }
 }
 
-TEST(Bags, LayoutTablesHaveTheStatedTypesAndSizes) {
+TEST(Bags, LayoutTable_HasTheExpectedTypesAndSizes) {
   for (const Expected& bag : expected()) {
     Sizes sizes;
     std::vector<std::uint64_t> order;
@@ -125,7 +125,7 @@ TEST(Bags, LayoutTablesHaveTheStatedTypesAndSizes) {
   }
 }
 
-TEST(Bags, SchemasDefineTheTopRecordAndThenTheFurtherTypesInAscendingNumber) {
+TEST(Bags, Schema_DefinesTheTopRecordThenFurtherTypesInOrder) {
   for (const Expected& bag : expected()) {
     std::vector<std::uint64_t> wanted{bag.top};
     for (const auto& [number, size] : bag.further) wanted.push_back(number);
@@ -133,7 +133,7 @@ TEST(Bags, SchemasDefineTheTopRecordAndThenTheFurtherTypesInAscendingNumber) {
   }
 }
 
-TEST(Bags, LayoutTablesAgreeWithTheCompactSchemas) {
+TEST(Bags, LayoutTable_AgreesWithTheCompactSchema) {
   for (const Expected& bag : expected()) {
     SCOPED_TRACE(bag.name);
     const CompactSchema schema(bag.object->compact_schema);
@@ -145,7 +145,7 @@ TEST(Bags, LayoutTablesAgreeWithTheCompactSchemas) {
   }
 }
 
-TEST(Bags, CompactSchemasAreTheFullOnesWithoutNames) {
+TEST(Bags, CompactSchema_IsTheFullOneWithoutNames) {
   static const std::regex kNames(R"(\{[^}]*\}|\[[^\]]*\]|<[^>]*>)");
   static const std::regex kRecord(R"((\$\d+)(?![\d=]))");
   static const std::regex kReferredRecord(R"(([pa]\(\$\d+)\.)");
@@ -156,7 +156,7 @@ TEST(Bags, CompactSchemasAreTheFullOnesWithoutNames) {
   }
 }
 
-TEST(Bags, OneNumberIsOneLayoutInEveryBag) {
+TEST(Bags, TypeNumber_HasOneLayoutInEveryBag) {
   std::map<std::string, std::set<std::string>> bodies;
   static const std::regex kDefinition(R"((\$\d+)=([^;]*);)");
   for (const Expected& bag : expected()) {
@@ -169,14 +169,14 @@ TEST(Bags, OneNumberIsOneLayoutInEveryBag) {
   for (const auto& [number, variants] : bodies) EXPECT_EQ(variants.size(), 1U) << number;
 }
 
-TEST(Bags, SystemIdIsStoredToTheLetter) {
+TEST(Bags, SystemId_HasTheExpectedSchemas) {
   EXPECT_STREQ(lacp_system_id_bag.full_schema,
                "$126={SystemID}$91{ICCPGroupID}D{SystemPriority}I{SystemMACAddress}6x%m;$43={macaddr}6x;"
                "$91={SystemPrio}I{SystemMacAddr}$43;");
   EXPECT_STREQ(lacp_system_id_bag.compact_schema, "$126=$91.DI6x%m;$43=6x;$91=I$43.;");
 }
 
-TEST(Bags, SystemIdIsLaidOutAsStated) {
+TEST(Bags, SystemId_HasTheExpectedLayout) {
   const bag_layout& layout = *lacp_system_id_bag.layout;
   ASSERT_EQ(layout.further_count, 2U);
   EXPECT_THAT(std::span(layout.offsets, 4), testing::ElementsAre(0, 8, 12, 14));
@@ -186,20 +186,20 @@ TEST(Bags, SystemIdIsLaidOutAsStated) {
   EXPECT_THAT(std::span(further(layout)[1].offsets, 2), testing::ElementsAre(0, 2));
 }
 
-TEST(Bags, CompactSchemaOfBundleDataIsStoredToTheLetter) {
+TEST(Bags, BundleData_HasTheExpectedCompactSchema) {
   EXPECT_STREQ(bm_bundle_data_bag.compact_schema,
                "$152=D%hp($128)HHHCCeHD%ha($139)eIIIeD%hCCeeeeesIIIICCDIIeDHeIC;$128=6x%m;$136=16x%s;"
                "$138=?(,1136568623:N,1136568624:$136.);$139=eDDIDDC$138.D;");
 }
 
-TEST(Bags, FullSchemaOfAUnionNamesItsDiscriminatorInAngleBrackets) {
+TEST(Bags, FullSchemaOfUnion_NamesItsDiscriminatorInAngleBrackets) {
   EXPECT_THAT(bm_bundle_data_bag.full_schema,
               testing::HasSubstr("$138=?(<AF,bm_af_id_enum>,1136568623:{IPV4}N,1136568624:{IPV6}$136);"));
   EXPECT_THAT(lacp_mbr_data_bag.full_schema,
               testing::HasSubstr("$166=?(<MbrType,bmd_member_type_enum>,0:{Local}$162,1:{Foreign}$164);"));
 }
 
-TEST(Bags, ActivityDataIsPackedIntoTwentyBytes) {
+TEST(Bags, ActivityData_HasTwentyBytes) {
   const bag_layout& layout = *bmd_bag_mlacp_act_data_bag.layout;
   EXPECT_STREQ(bmd_bag_mlacp_act_data_bag.compact_schema, "$179=DeeIIN;");
   EXPECT_THAT(std::span(layout.offsets, 6), testing::ElementsAre(0, 4, 8, 12, 14, 16));
@@ -232,18 +232,18 @@ class BagRegistration : public support::ModuleTest {
   }
 };
 
-TEST_F(BagRegistration, OffersAllInOrderInOneTransaction) {
+TEST_F(BagRegistration, Success_OffersAllInOrderInOneTransaction) {
   EXPECT_EQ(bag_register_all_bundlemgr_distrib_bags(), YFW_OK);
   EXPECT_EQ(calls(), calls_offering(20, "bag_register_end"));
 }
 
-TEST_F(BagRegistration, FailedStartIsReturnedAtOnce) {
+TEST_F(BagRegistration, FailedStart_IsReturnedAtOnce) {
   platform.script("bag_register_start", 1, kRefusal);
   EXPECT_EQ(bag_register_all_bundlemgr_distrib_bags(), kRefusal);
   EXPECT_EQ(calls(), std::vector<std::string>{"bag_register_start"});
 }
 
-TEST_F(BagRegistration, FailedEndIsReturned) {
+TEST_F(BagRegistration, FailedEnd_IsReturned) {
   platform.script("bag_register_end", 1, kRefusal);
   EXPECT_EQ(bag_register_all_bundlemgr_distrib_bags(), kRefusal);
   EXPECT_EQ(calls(), calls_offering(20, "bag_register_end"));
@@ -251,7 +251,7 @@ TEST_F(BagRegistration, FailedEndIsReturned) {
 
 class RefusedBag : public BagRegistration, public testing::WithParamInterface<unsigned> {};
 
-TEST_P(RefusedBag, EndsTheTransactionWithAnAbortAndItsCode) {
+TEST_P(RefusedBag, AnyPosition_AbortsTheTransactionWithItsCode) {
   platform.script("bag_register", GetParam(), kRefusal);
   EXPECT_EQ(bag_register_all_bundlemgr_distrib_bags(), kRefusal);
   EXPECT_EQ(calls(), calls_offering(GetParam(), "bag_register_abort"));

@@ -13,7 +13,7 @@ class ExportedFunctions : public nodes::FunctionTest {};
 
 using ExportedFunctionsDeathTest = ExportedFunctions;
 
-TEST_F(ExportedFunctionsDeathTest, EndTheProcessOnANullContextUnderTheirOwnPrototype) {
+TEST_F(ExportedFunctionsDeathTest, NullContext_AbortsWithTheFunctionsPrototype) {
   for (const Named<NodeFunction>& one : nodes::openconfig().functions) {
     EXPECT_DEATH(one.function(nullptr, request.root(), platform.output()),
                  std::string("mapping/oc-lacp/src/ymap_oclacp_openconfig_lacp_[a-z_]+\\.[a-z]+:[0-9]+: cerrno ") +
@@ -29,15 +29,15 @@ TEST_F(ExportedFunctionsDeathTest, EndTheProcessOnANullContextUnderTheirOwnProto
   }
 }
 
-TEST_F(ExportedFunctions, RefuseANullInputUnderTheirOwnName) {
+TEST_F(ExportedFunctions, NullInput_IsRefusedUnderTheFunctionsName) {
   expect_refusals_of_null_input(nodes::openconfig().functions, nodes::openconfig().container_functions);
 }
 
-TEST_F(ExportedFunctions, RefuseANullOutputUnderTheirOwnName) {
+TEST_F(ExportedFunctions, NullOutput_IsRefusedUnderTheFunctionsName) {
   expect_refusals_of_null_output(nodes::openconfig().functions, nodes::openconfig().container_functions);
 }
 
-TEST_F(ExportedFunctions, HaveCallSiteIdsOfTheirOwn) {
+TEST_F(ExportedFunctions, CallSiteIds_AreTheFunctionsOwn) {
   expect_own_call_site_ids(nodes::openconfig().functions);
 }
 

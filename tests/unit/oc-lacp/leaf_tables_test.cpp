@@ -47,20 +47,20 @@ std::vector<std::string> lines_of(const nodes::Side& side) {
   return lines;
 }
 
-TEST(LeafTables, OfOpenconfig_AreThatOfTheModel) {
+TEST(LeafTables, Openconfig_HoldsTheLeavesOfTheModel) {
   std::vector<std::string> exported;
   add(oclacp_openconfig_leaves(), exported);
   EXPECT_THAT(exported, UnorderedElementsAreArray(lines_of(nodes::openconfig())));
 }
 
-TEST(LeafTables, OfTheNativeSide_AreThoseOfTheModels) {
+TEST(LeafTables, NativeSide_HoldsTheLeavesOfTheModels) {
   std::vector<std::string> exported;
   add(oclacp_native_configuration_leaves(), exported);
   add(oclacp_native_operational_leaves(), exported);
   EXPECT_THAT(exported, UnorderedElementsAreArray(lines_of(nodes::native())));
 }
 
-TEST(LeafTables, HoldTheFunctionsThatTheyName) {
+TEST(LeafTables, Handlers_AreTheNamedFunctions) {
   for (const nodes::Side* const side : {&nodes::openconfig(), &nodes::native()}) {
     for (const oclacp_leaf_table& table :
          {oclacp_openconfig_leaves(), oclacp_native_configuration_leaves(), oclacp_native_operational_leaves()}) {
@@ -74,7 +74,7 @@ TEST(LeafTables, HoldTheFunctionsThatTheyName) {
 }
 
 // Only walkers of native nodes may be known to their parents alone.
-TEST(Nodes, NameFunctionsOfTheModule) {
+TEST(Nodes, Functions_AreDefinedByTheModule) {
   for (const nodes::Side* const side : {&nodes::openconfig(), &nodes::native()}) {
     for (const auto* const functions : {&side->functions, &side->unchecked_functions}) {
       for (const auto& one : *functions) EXPECT_NE(one.function, nullptr) << one.name;

@@ -7,9 +7,9 @@
 
 namespace {
 
-class Shown : public support::ModuleTest {};
+class IsMapped : public support::ModuleTest {};
 
-TEST_F(Shown, AreInterfacesWithLacpThatAreNoSubInterfaces) {
+TEST_F(IsMapped, InterfaceName_IsMappedWithLacpUnlessASubInterface) {
   platform.lacp_interfaces = {"Bundle-Ether1", "Bundle-Ether1.100", "GigabitEthernet0/0/0/0"};
   EXPECT_TRUE(oclacp::is_mapped("Bundle-Ether1"));
   EXPECT_TRUE(oclacp::is_mapped("GigabitEthernet0/0/0/0"));
@@ -18,14 +18,14 @@ TEST_F(Shown, AreInterfacesWithLacpThatAreNoSubInterfaces) {
   EXPECT_FALSE(oclacp::is_mapped(nullptr));
 }
 
-TEST_F(Shown, AsksThePlatformWithTheNameAsItIsAndForNoSubInterface) {
+TEST_F(IsMapped, InterfaceName_IsLookedUpUnlessASubInterface) {
   EXPECT_FALSE(oclacp::is_mapped("GigabitEthernet0/0/0/0"));
   EXPECT_FALSE(oclacp::is_mapped("Bundle-Ether1.100"));
   EXPECT_EQ(platform.count("get_intf_type_if_lacp_configured"), 1U);
   EXPECT_EQ(platform.count("get_intf_type_if_lacp_configured", "\"GigabitEthernet0/0/0/0\""), 1U);
 }
 
-TEST_F(Shown, TakesAnyAnswerButZeroForYes) {
+TEST_F(IsMapped, NonZeroAnswer_IsYes) {
   platform.script("get_intf_type_if_lacp_configured", 0, 0x80000000);
   EXPECT_TRUE(oclacp::is_mapped("Bundle-Ether1"));
 }
@@ -59,7 +59,7 @@ bool suppresses(std::size_t offset, unsigned bit, std::uint32_t mode) {
   return oclacp::options_suppress(descriptor);
 }
 
-TEST(Options, EachTestedBitSuppressesUnderModeTwoAndNoOtherBitDoes) {
+TEST(Options, ModeTwo_SuppressesForTheTestedBitsOnly) {
   for (std::size_t offset = 0; offset < sizeof(yfw_request_descriptor); ++offset) {
     if (offset >= kModeOffset && offset < kModeOffset + sizeof(std::uint32_t)) continue;
     for (unsigned bit = 0; bit < 8; ++bit) {
@@ -69,7 +69,7 @@ TEST(Options, EachTestedBitSuppressesUnderModeTwoAndNoOtherBitDoes) {
   }
 }
 
-TEST(Options, SuppressNothingUnderAnyOtherMode) {
+TEST(Options, OtherMode_SuppressesNothing) {
   for (const Tested& tested : tested_bytes()) {
     for (const std::uint32_t mode : {0U, 1U, 3U, 4U, 0x102U, 0x80000002U}) {
       EXPECT_FALSE(suppresses(tested.offset, 0, mode)) << "byte 0x" << std::hex << tested.offset << ", mode " << mode;
@@ -77,13 +77,13 @@ TEST(Options, SuppressNothingUnderAnyOtherMode) {
   }
 }
 
-TEST(Options, ModeTwoAloneSuppressesNothing) {
+TEST(Options, ModeTwoWithoutBits_SuppressesNothing) {
   yfw_request_descriptor descriptor{};
   descriptor.option_mode = YFW_OPTION_MODE_SUPPRESS;
   EXPECT_FALSE(oclacp::options_suppress(descriptor));
 }
 
-TEST(Options, SlotIsTheAddressOfTheCurrentListEntry) {
+TEST(ListSlot, Always_IsTheAddressOfTheCurrentListNode) {
   support::Platform platform;
   EXPECT_EQ(oclacp::list_slot(platform.ctx()), reinterpret_cast<std::uintptr_t>(&platform.state().current_list_node));
 }

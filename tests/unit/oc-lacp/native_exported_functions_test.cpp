@@ -14,7 +14,7 @@ class NativeFunctions : public nodes::FunctionTest {};
 
 using NativeFunctionsDeathTest = NativeFunctions;
 
-TEST_F(NativeFunctionsDeathTest, EndTheProcessOnANullContextUnderTheirOwnPrototype) {
+TEST_F(NativeFunctionsDeathTest, NullContext_AbortsWithTheFunctionsPrototype) {
   std::vector<Named<NodeFunction>> functions = nodes::native().functions;
   const auto& unchecked = nodes::native().unchecked_functions;
   functions.insert(functions.end(), unchecked.begin(), unchecked.end());
@@ -33,15 +33,15 @@ TEST_F(NativeFunctionsDeathTest, EndTheProcessOnANullContextUnderTheirOwnPrototy
   }
 }
 
-TEST_F(NativeFunctions, RefuseANullInputUnderTheirOwnName) {
+TEST_F(NativeFunctions, NullInput_IsRefusedUnderTheFunctionsName) {
   expect_refusals_of_null_input(nodes::native().functions, nodes::native().container_functions);
 }
 
-TEST_F(NativeFunctions, RefuseANullOutputUnderTheirOwnName) {
+TEST_F(NativeFunctions, NullOutput_IsRefusedUnderTheFunctionsName) {
   expect_refusals_of_null_output(nodes::native().functions, nodes::native().container_functions);
 }
 
-TEST_F(NativeFunctions, DefaultListAndLeafHandlersOfConfigurationDoNotLookAtTheirArguments) {
+TEST_F(NativeFunctions, DefaultConfigurationHandlers_IgnoreTheirArguments) {
   for (const Named<NodeFunction>& one : nodes::native().unchecked_functions) {
     SCOPED_TRACE(one.name);
     EXPECT_EQ(one.function(platform.ctx(), nullptr, nullptr), YFW_OK);
@@ -50,7 +50,7 @@ TEST_F(NativeFunctions, DefaultListAndLeafHandlersOfConfigurationDoNotLookAtThei
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(NativeFunctions, OfContainersAcceptEveryRequestAndReportNothing) {
+TEST_F(NativeFunctions, ContainerHandlers_AcceptEveryRequestAndReportNothing) {
   for (const Named<ContainerFunction>& one : nodes::native().container_functions) {
     SCOPED_TRACE(one.name);
     for (const std::uint32_t operation : {0U, 1U, 10U}) {
@@ -62,7 +62,7 @@ TEST_F(NativeFunctions, OfContainersAcceptEveryRequestAndReportNothing) {
   EXPECT_TRUE(platform.additions().empty());
 }
 
-TEST_F(NativeFunctions, DefaultHandlersOfOperationalDataAndOfItsUnreachedTreeReportNothing) {
+TEST_F(NativeFunctions, DefaultAndUnreachedHandlers_ReportNothing) {
   const Named<NodeFunction> functions[] = {
       NODES_NAMED(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_list),
       NODES_NAMED(ymap_qo_oclacp_talvobrinqdbundlemgroper_duck_map_leaf),
@@ -79,7 +79,7 @@ TEST_F(NativeFunctions, DefaultHandlersOfOperationalDataAndOfItsUnreachedTreeRep
   EXPECT_TRUE(platform.additions().empty());
 }
 
-TEST_F(NativeFunctions, HooksOfConfigurationIgnoreWhatIsAdded) {
+TEST_F(NativeFunctions, ConfigurationHooks_IgnoreForeignNodes) {
   for (const nodes::Inner& inner : nodes::native().inner) {
     // The hook of an interface's configuration hands on what augments it.
     if (inner.ns == support::kBundlemgrOper || nodes::tag_of(inner.path) == "interface-configuration") continue;
@@ -100,7 +100,7 @@ TEST_F(NativeFunctions, HooksOfConfigurationIgnoreWhatIsAdded) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(NativeFunctions, HooksOfOperationalDataRefuseWhatIsAddedAndIgnoreTheRest) {
+TEST_F(NativeFunctions, OperationalHooks_RefuseAddedForeignNodesOnly) {
   unsigned refused = 0;
   for (const nodes::Inner& inner : nodes::native().inner) {
     if (inner.ns != support::kBundlemgrOper) continue;
@@ -121,7 +121,7 @@ TEST_F(NativeFunctions, HooksOfOperationalDataRefuseWhatIsAddedAndIgnoreTheRest)
   EXPECT_EQ(refused, 15U);
 }
 
-TEST_F(NativeFunctions, HaveCallSiteIdsOfTheirOwn) {
+TEST_F(NativeFunctions, CallSiteIds_AreTheFunctionsOwn) {
   expect_own_call_site_ids(nodes::native().functions);
 }
 

@@ -67,13 +67,13 @@ Node lacp() {
                              leaf("system-mac", "00:11:22:33:44:55")});
 }
 
-TEST_F(InterfaceConfiguration, OfPreConfigurationYieldsNothingAndTheNextEntryIsWalked) {
+TEST_F(InterfaceConfiguration, PreConfiguration_ReportsNothingAndTheNextEntryIsWalked) {
   EXPECT_EQ(walk_interfaces({entry("pre", "Bundle-Ether1", {lacp()}), entry("act", "Bundle-Ether2")}), YFW_OK);
   EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface", "/lacp/interfaces/interface/name=Bundle-Ether2"));
   EXPECT_EQ(platform.traced("qd2oc_cfglacpmode", "Start"), 0U) << "no child of it is looked at";
 }
 
-TEST_F(InterfaceConfiguration, WithoutLacpYieldsNothingWhateverItCarries) {
+TEST_F(InterfaceConfiguration, InterfaceWithoutLacp_ReportsNothing) {
   EXPECT_EQ(walk_interfaces({entry("act", "MgmtEth0/0/0/0",
                                    {container("dampening"), container("mtus", {container("mtu", {leaf("owner", "a")})}),
                                     container("encapsulation"), lacp()})}),
@@ -81,12 +81,12 @@ TEST_F(InterfaceConfiguration, WithoutLacpYieldsNothingWhateverItCarries) {
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(InterfaceConfiguration, OfASubInterfaceYieldsNothing) {
+TEST_F(InterfaceConfiguration, SubInterface_ReportsNothing) {
   EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1.100", {lacp()})}, YFW_REQUEST_READ_STATE), YFW_OK);
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(InterfaceConfiguration, YieldsTheNameAsStateInAReadOfOperationalStateAlone) {
+TEST_F(InterfaceConfiguration, StateRead_ReportsTheNameAsState) {
   for (const std::uint32_t operation : {0U, 1U, 8U, 15U, 10U}) {
     EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1")}, operation), YFW_OK);
     EXPECT_EQ(added().back(), operation == YFW_REQUEST_READ_STATE
@@ -96,7 +96,7 @@ TEST_F(InterfaceConfiguration, YieldsTheNameAsStateInAReadOfOperationalStateAlon
   }
 }
 
-TEST_F(InterfaceConfiguration, ThatIsDeletedYieldsTheListPathMarkedForDeletion) {
+TEST_F(InterfaceConfiguration, DeletedEntry_ReportsTheListPathMarkedForDeletion) {
   EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1").with(YFW_OPERATION_DELETE)}, YFW_REQUEST_EDIT), YFW_OK);
   ASSERT_FALSE(platform.additions().empty());
   EXPECT_EQ(platform.additions()[0].path, "/lacp/interfaces/interface");
@@ -105,7 +105,7 @@ TEST_F(InterfaceConfiguration, ThatIsDeletedYieldsTheListPathMarkedForDeletion) 
   EXPECT_EQ(platform.count("yfw_map_search_or_add_list"), 0U);
 }
 
-TEST_F(InterfaceConfiguration, BfdAndMlacpAreHandedOnAndPassedOver) {
+TEST_F(InterfaceConfiguration, BfdAndMlacp_AreDispatchedAndIgnored) {
   EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1",
                                    {of_bundles("bfd", {container("address-family")}), of_bundles("mlacp", {})})}),
             YFW_OK);
@@ -116,14 +116,14 @@ TEST_F(InterfaceConfiguration, BfdAndMlacpAreHandedOnAndPassedOver) {
   EXPECT_EQ(platform.additions().size(), 2U) << "the entry and its name";
 }
 
-TEST_F(InterfaceConfiguration, UnknownAndForeignChildrenArePassedOver) {
+TEST_F(InterfaceConfiguration, UnknownAndForeignChildren_AreSkipped) {
   EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1",
                                    {leaf("description", "core"), leaf("other", "1").in("urn:other"), lacp()})}),
             YFW_OK);
   EXPECT_EQ(platform.additions().size(), 6U);
 }
 
-TEST_F(InterfaceConfiguration, WithAllFourLeavesYieldsFourLeaves) {
+TEST_F(InterfaceConfiguration, AllFourLacpLeaves_AreReported) {
   EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1", {lacp()})}), YFW_OK);
   EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface", "/lacp/interfaces/interface/name=Bundle-Ether1",
                                    "/lacp/interfaces/interface/config/lacp-mode=ACTIVE",
@@ -132,13 +132,13 @@ TEST_F(InterfaceConfiguration, WithAllFourLeavesYieldsFourLeaves) {
                                    "/lacp/interfaces/interface/config/system-id-mac=00:11:22:33:44:55"));
 }
 
-TEST_F(InterfaceConfiguration, WithoutModeYieldsNoMode) {
+TEST_F(InterfaceConfiguration, LacpWithoutMode_ReportsNoMode) {
   EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1", {of_bundles("lacp", {leaf("period", "30000")})})}), YFW_OK);
   EXPECT_THAT(added(), Not(Contains(HasSubstr("lacp-mode"))));
   EXPECT_EQ(platform.traced("qd2oc_cfglacpmode", "Start"), 0U);
 }
 
-TEST_F(InterfaceConfiguration, OfABundleAndOfAMemberYieldsNothingBeyondTheEntry) {
+TEST_F(InterfaceConfiguration, BundleAndMemberSettings_ReportTheEntryOnly) {
   EXPECT_EQ(walk_interfaces({entry(
                 "act", "Bundle-Ether1",
                 {of_bundles("bundle", {leaf("lacp-delay", "1"), container("minimum-active", {container("bandwidth")}),
@@ -154,7 +154,7 @@ TEST_F(InterfaceConfiguration, OfABundleAndOfAMemberYieldsNothingBeyondTheEntry)
       << "the port activity's handler is never called";
 }
 
-TEST_F(InterfaceConfiguration, UnsupportedPeriodEndsTheWalkOfAllInterfaces) {
+TEST_F(InterfaceConfiguration, UnsupportedPeriod_EndsTheWalkOfAllInterfaces) {
   EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1",
                                    {of_bundles("lacp", {leaf("period", "200"), leaf("system-priority", "100")})}),
                              entry("act", "Bundle-Ether2")}),
@@ -164,7 +164,7 @@ TEST_F(InterfaceConfiguration, UnsupportedPeriodEndsTheWalkOfAllInterfaces) {
   EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface", "/lacp/interfaces/interface/name=Bundle-Ether1"));
 }
 
-TEST_F(InterfaceConfiguration, WithoutNameEndsTheWalk) {
+TEST_F(InterfaceConfiguration, EntryWithoutName_EndsTheWalk) {
   EXPECT_EQ(walk_interfaces({container("interface-configuration", {leaf("active", "act")}), entry("act", "a")}),
             YFW_UNSUPPORTED_NODE);
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
@@ -173,7 +173,7 @@ TEST_F(InterfaceConfiguration, WithoutNameEndsTheWalk) {
             1U);
 }
 
-TEST_F(InterfaceConfiguration, NameLongerThanTheScratchBuffer_IsTheWholeKeyOfItsEntry) {
+TEST_F(InterfaceConfiguration, TooLongNameForScratchBuffer_IsTheWholeKey) {
   const std::string name(300, 'x');
   platform.lacp_interfaces = {name};
   EXPECT_EQ(walk_interfaces({entry("act", name)}), YFW_OK);
@@ -181,7 +181,7 @@ TEST_F(InterfaceConfiguration, NameLongerThanTheScratchBuffer_IsTheWholeKeyOfIts
   EXPECT_EQ(platform.additions()[1].value, name);
 }
 
-TEST_F(InterfaceConfiguration, SkipFromALeafBelowAContainer_EndsItsEntryAndTheNextIsWalked) {
+TEST_F(InterfaceConfiguration, SkipFromLeafBelowContainer_ContinuesWithTheNextEntry) {
   platform.script("yfw_map_datatree_add_path_flagged", 1, YFW_SKIP_SUBTREE, "/config/lacp-mode\"");
   EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1", {lacp(), container("dampening")}),
                              entry("act", "Bundle-Ether2", {lacp()})}),
@@ -193,7 +193,7 @@ TEST_F(InterfaceConfiguration, SkipFromALeafBelowAContainer_EndsItsEntryAndTheNe
             0U);
 }
 
-TEST_F(InterfaceConfiguration, SkipFromAnMtuEntry_EndsTheInterfacesEntryToo) {
+TEST_F(InterfaceConfiguration, SkipFromMtuEntry_EndsTheInterfaceEntryToo) {
   platform.script("yfw_map_update_current_list_node", 1, YFW_SKIP_SUBTREE, "/mtus/mtu\"");
   EXPECT_EQ(
       walk_interfaces(
@@ -206,7 +206,7 @@ TEST_F(InterfaceConfiguration, SkipFromAnMtuEntry_EndsTheInterfacesEntryToo) {
   EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/config/interval=FAST").Times(1));
 }
 
-TEST_F(InterfaceConfiguration, AfterItsEntry_SlotIsAsItWasFoundAndTheNameIsZero) {
+TEST_F(InterfaceConfiguration, EndOfEntry_RestoresTheSlotAndClearsTheName) {
   yfw_datatree found{};
   platform.state().current_list_node = &found;
   std::ranges::fill(platform.state().interface_name, 'x');
@@ -221,7 +221,7 @@ TEST_F(InterfaceConfiguration, AfterItsEntry_SlotIsAsItWasFoundAndTheNameIsZero)
   EXPECT_TRUE(std::ranges::all_of(platform.state().interface_name, [](char c) { return c == '\0'; }));
 }
 
-TEST_F(InterfaceConfiguration, OfAnMtu_LeavesTheScratchOfItsInterface) {
+TEST_F(InterfaceConfiguration, MtuEntry_LeavesTheScratchOfItsInterface) {
   platform.before("yfw_map_datatree_add_path_flagged", 2, [this] {
     EXPECT_NE(platform.state().current_list_node, nullptr);
     EXPECT_STREQ(platform.state().interface_name, "Bundle-Ether1");
@@ -232,7 +232,7 @@ TEST_F(InterfaceConfiguration, OfAnMtu_LeavesTheScratchOfItsInterface) {
   EXPECT_EQ(platform.count("yfw_map_datatree_add_path_flagged"), 5U);
 }
 
-TEST_F(InterfaceConfiguration, OptionsKeepModeAndIntervalBackAlone) {
+TEST_F(InterfaceConfiguration, SuppressingOptions_SuppressModeAndIntervalOnly) {
   platform.descriptor().options_638 = 0x06;
   platform.descriptor().option_mode = YFW_OPTION_MODE_SUPPRESS;
   EXPECT_EQ(walk_interfaces({entry("act", "Bundle-Ether1", {lacp()})}), YFW_OK);
@@ -241,7 +241,7 @@ TEST_F(InterfaceConfiguration, OptionsKeepModeAndIntervalBackAlone) {
                                    "/lacp/interfaces/interface/config/system-id-mac=00:11:22:33:44:55"));
 }
 
-TEST_F(GlobalLacp, PriorityIsReportedUnlessOptionsKeepItBack) {
+TEST_F(GlobalLacp, Priority_IsReportedUnlessSuppressedByOptions) {
   const auto run = [this] {
     return walk(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp,
                 container("lacp", {leaf("system-priority", "100")}).in(support::kBundlemgrCfg),
@@ -257,7 +257,7 @@ TEST_F(GlobalLacp, PriorityIsReportedUnlessOptionsKeepItBack) {
   EXPECT_EQ(platform.additions().size(), 2U);
 }
 
-TEST_F(GlobalLacp, SkipFromItsLeaf_IsTheStatusOfTheWalk) {
+TEST_F(GlobalLacp, SkipFromLeaf_IsTheStatusOfTheWalk) {
   platform.script("yfw_map_datatree_add_path_flagged", 1, YFW_SKIP_SUBTREE);
   EXPECT_EQ(walk(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp,
                  container("lacp", {leaf("system-priority", "100"), leaf("system-priority", "200")})
@@ -267,7 +267,7 @@ TEST_F(GlobalLacp, SkipFromItsLeaf_IsTheStatusOfTheWalk) {
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(GlobalLacp, ContainersOwnTagIsNotLookedAt) {
+TEST_F(GlobalLacp, OtherContainerTag_IsWalked) {
   EXPECT_EQ(
       walk(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_lvla_lacp,
            container("whatever", {leaf("system-priority", "100")}).in(support::kBundlemgrCfg), YFW_REQUEST_READ_CONFIG),
@@ -288,7 +288,7 @@ Node bundle(const std::string& name) {
                                                                          leaf("last-change", "1700000000")})})})});
 }
 
-TEST_F(Bundles, OfASubInterfaceHaveNoEntryAndNoStateOfTheirOwnButTheirOtherLeaves) {
+TEST_F(Bundles, SubInterface_ReportsLeavesWithoutEntryAndLacpState) {
   EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1.100")}), YFW_OK);
   EXPECT_EQ(platform.count("yfw_map_search_or_add_list"), 0U);
   EXPECT_THAT(added(), Not(Contains(HasSubstr("/state/lacp-mode"))));
@@ -298,7 +298,7 @@ TEST_F(Bundles, OfASubInterfaceHaveNoEntryAndNoStateOfTheirOwnButTheirOtherLeave
   EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/members/member/interface=GigabitEthernet0/0/0/0"));
 }
 
-TEST_F(Bundles, IllegalPacketsFeedTwoCountersAndUnknownCountersNone) {
+TEST_F(Bundles, IllegalPackets_FeedTwoErrorCountersOnly) {
   EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1")}), YFW_OK);
   const std::string counters = "/lacp/interfaces/interface/members/member/state/counters/";
   EXPECT_THAT(added(), Contains(counters + "lacp-errors=7"));
@@ -306,25 +306,25 @@ TEST_F(Bundles, IllegalPacketsFeedTwoCountersAndUnknownCountersNone) {
   EXPECT_THAT(added(), Not(Contains(HasSubstr("lacp-tx-errors"))));
 }
 
-TEST_F(Bundles, LastChangeIsCopiedVerbatimAsStateAndNotAsCounter) {
+TEST_F(Bundles, LastChange_IsCopiedVerbatimAsState) {
   EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1")}), YFW_OK);
   EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/members/member/state/last-change=1700000000"));
 }
 
-TEST_F(Bundles, YieldNothingInOtherRequests) {
+TEST_F(Bundles, OtherRequests_ReportNothing) {
   for (const std::uint32_t operation : {0U, 1U, 8U, 15U}) {
     EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1")}, operation), YFW_OK) << "operation " << operation;
   }
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(Bundles, WithoutNameEndTheWalkWithTheStatusOfTheLookUp) {
+TEST_F(Bundles, BundleWithoutName_EndsTheWalkWithTheLookUpStatus) {
   EXPECT_EQ(walk_bundles({container("bundle", {container("members")}), bundle("Bundle-Ether1")}),
             support::kNodeUnknown);
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(Bundles, ModeIsThatOfTheBundleThatIsWalked) {
+TEST_F(Bundles, Mode_IsThatOfTheCurrentBundle) {
   Node passive = bundle("Bundle-Ether2");
   passive.children[1].children[1].value = "bmd-mode-passive";
   EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1"), passive}), YFW_OK);
@@ -332,7 +332,7 @@ TEST_F(Bundles, ModeIsThatOfTheBundleThatIsWalked) {
   EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/state/lacp-mode=PASSIVE").Times(1));
 }
 
-TEST_F(Bundles, SlotIsThatOfTheBundleThatIsWalked) {
+TEST_F(Bundles, ListSlot_IsThatOfTheCurrentBundle) {
   yfw_datatree found{};
   platform.state().current_list_node = &found;
   platform.set_operation(YFW_REQUEST_READ_STATE);
@@ -350,7 +350,7 @@ TEST_F(Bundles, SlotIsThatOfTheBundleThatIsWalked) {
   EXPECT_EQ(platform.state().current_list_node, &found);
 }
 
-TEST_F(Bundles, InterfaceNameIsNoneOfTheirs) {
+TEST_F(Bundles, InterfaceNameBuffer_IsUnchanged) {
   std::ranges::fill(platform.state().interface_name, 'x');
   platform.set_operation(YFW_REQUEST_READ_STATE);
   Request request(
@@ -360,7 +360,7 @@ TEST_F(Bundles, InterfaceNameIsNoneOfTheirs) {
   EXPECT_EQ(platform.state().interface_name[0], 'x');
 }
 
-TEST_F(Bundles, SkipFromALeafBelowAContainer_EndsItsBundleAndTheNextIsWalked) {
+TEST_F(Bundles, SkipFromLeafBelowContainer_ContinuesWithTheNextBundle) {
   platform.script("yfw_map_datatree_add_path_flagged", 1, YFW_SKIP_SUBTREE, "/state/system-priority\"");
   EXPECT_EQ(walk_bundles({bundle("Bundle-Ether1"), bundle("Bundle-Ether2")}), YFW_OK);
   EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/state/lacp-mode=ACTIVE").Times(1));
@@ -368,7 +368,7 @@ TEST_F(Bundles, SkipFromALeafBelowAContainer_EndsItsBundleAndTheNextIsWalked) {
   EXPECT_THAT(added(), Contains("/lacp/interfaces/interface/state/name=Bundle-Ether2"));
 }
 
-TEST_F(Bundles, SkipFromALeafBelowAMember_EndsThatMemberAlone) {
+TEST_F(Bundles, SkipFromLeafBelowMember_EndsThatMemberOnly) {
   Node one = bundle("Bundle-Ether1");
   one.children[2].children.push_back(one.children[2].children[0]);
   platform.script("yfw_map_datatree_add_path_flagged", 1, YFW_SKIP_SUBTREE, "/lacp-unknown-errors\"");
@@ -377,7 +377,7 @@ TEST_F(Bundles, SkipFromALeafBelowAMember_EndsThatMemberAlone) {
   EXPECT_THAT(added(), Contains(HasSubstr("/last-change=")).Times(1)) << "that of the second member";
 }
 
-TEST_F(DeviceIdentity, SkipFromItsLeaf_IsTheStatusOfTheWalk) {
+TEST_F(DeviceIdentity, SkipFromLeaf_IsTheStatusOfTheWalk) {
   platform.script("yfw_map_datatree_add_path_flagged", 1, YFW_SKIP_SUBTREE);
   EXPECT_EQ(walk_data(container(
                 "global",
@@ -387,7 +387,7 @@ TEST_F(DeviceIdentity, SkipFromItsLeaf_IsTheStatusOfTheWalk) {
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(DeviceIdentity, PriorityIsReportedAndTheAddressIsNot) {
+TEST_F(DeviceIdentity, Identity_IsReportedAsPriorityWithoutAddress) {
   EXPECT_EQ(walk_data(container(
                 "global",
                 {container("system-id", {container("system-id", {container("system-mac-addr", {leaf("macaddr", "m")}),
@@ -398,7 +398,7 @@ TEST_F(DeviceIdentity, PriorityIsReportedAndTheAddressIsNot) {
       << "there are no lists here";
 }
 
-TEST_F(DeviceIdentity, PriorityInTheOuterIdentifierIsIgnored) {
+TEST_F(DeviceIdentity, PriorityInOuterSystemId_IsIgnored) {
   EXPECT_EQ(walk_data(container("global", {container("system-id", {leaf("system-prio", "1")})})), YFW_OK);
   EXPECT_THAT(added(), IsEmpty());
   EXPECT_EQ(platform.traced("ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata_global_systemid",
@@ -406,7 +406,7 @@ TEST_F(DeviceIdentity, PriorityInTheOuterIdentifierIsIgnored) {
             1U);
 }
 
-TEST_F(DeviceIdentity, IsReportedInItsReadOnly) {
+TEST_F(DeviceIdentity, OtherRequests_ReportNothing) {
   for (const std::uint32_t operation : {0U, 1U, 8U, 15U}) {
     EXPECT_EQ(
         walk_data(container("global", {container("system-id", {container("system-id", {leaf("system-prio", "1")})})}),
@@ -416,7 +416,7 @@ TEST_F(DeviceIdentity, IsReportedInItsReadOnly) {
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(DeviceIdentity, ForeignChildGoesToTheAugmentWalkerWhateverTheOperation) {
+TEST_F(DeviceIdentity, ForeignChild_GoesToTheAugmentParserInAnyRequest) {
   for (const std::uint32_t operation : {0U, 10U}) {
     EXPECT_EQ(walk(ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata,
                    container("lacp-data", {leaf("global").in("urn:other"), leaf("other").in("urn:other")})

@@ -62,7 +62,7 @@ std::string body_of(const Fields& parts) {
   return parts.front().front() == '<' ? "?(" + joined(parts, ",") + ")" : joined(parts, "");
 }
 
-TEST(RecordTypes, OfEveryDescriptorHaveTheListedFieldsInTheListedOrder) {
+TEST(RecordTypes, EveryDescriptor_HasTheListedFieldsInOrder) {
   const std::map<std::uint64_t, Fields> types = listed_types();
   for (const bag_descriptor* bag : kBags) {
     for (const auto& [number, body] : bodies(*bag)) {
@@ -75,7 +75,7 @@ TEST(RecordTypes, OfEveryDescriptorHaveTheListedFieldsInTheListedOrder) {
   }
 }
 
-TEST(RecordTypes, AreEachDefinedByADescriptor) {
+TEST(RecordTypes, ListedType_IsDefinedByADescriptor) {
   std::set<std::uint64_t> listed;
   for (const auto& [number, fields] : listed_types()) listed.insert(number);
   std::set<std::uint64_t> defined;

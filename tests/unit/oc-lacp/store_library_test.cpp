@@ -15,7 +15,7 @@ class StoreLibrary : public support::ModuleTest {
   Request request{container("lacp").with(YFW_OPERATION_REMOVE)};
 };
 
-TEST_F(StoreLibrary, IsAskedForUntilItIsFoundAndNeverAgain) {
+TEST_F(StoreLibrary, Presence_IsTestedUntilFoundAndThenRemembered) {
   constexpr char kMissing[] = "Unable to bind to Sysdb: path:/cfg/if/act/, error:status 0x8081c200";
   platform.store_library_present = false;
   run();

@@ -44,7 +44,7 @@ class Registration : public Lifecycle {};
 constexpr char kProbe[] = "access \"/pkg/lib/libsysdb.so\" -> 0";
 constexpr char kFailedProbe[] = "access \"/pkg/lib/libsysdb.so\" -> -1";
 
-TEST_F(Initialisation, BindsTheSharedConnectionAndThenItsOwn) {
+TEST_F(Initialisation, FirstCall_BindsTheSharedConnectionThenItsOwn) {
   EXPECT_EQ(connection(), nullptr);
   EXPECT_EQ(init(), YFW_OK);
   EXPECT_THAT(calls(), ElementsAre(kProbe, "_sysdb_bind \"/oper/intf_mgbl/gl/\" flags=0", "imc_db_bind"));
@@ -53,14 +53,14 @@ TEST_F(Initialisation, BindsTheSharedConnectionAndThenItsOwn) {
   EXPECT_NE(connection(), yfw_ocifmgr_im_conn) << "the helpers' connection is another one";
 }
 
-TEST_F(Initialisation, BindsNothingAgain) {
+TEST_F(Initialisation, SecondCall_BindsNothing) {
   EXPECT_EQ(init(), YFW_OK);
   const std::size_t before = platform.calls().size();
   EXPECT_EQ(init(), YFW_OK);
   EXPECT_EQ(platform.calls().size(), before);
 }
 
-TEST_F(Initialisation, LeavesASharedConnectionThatIsBoundAloneAndDoesNotProbe) {
+TEST_F(Initialisation, BoundSharedConnection_IsKeptWithoutProbing) {
   char bound = 0;
   yfw_intf_mgbl_connid = reinterpret_cast<sysdb_handle>(&bound);
   EXPECT_EQ(init(), YFW_OK);
@@ -68,7 +68,7 @@ TEST_F(Initialisation, LeavesASharedConnectionThatIsBoundAloneAndDoesNotProbe) {
   EXPECT_EQ(yfw_intf_mgbl_connid, reinterpret_cast<sysdb_handle>(&bound));
 }
 
-TEST_F(Initialisation, LeavesAConnectionOfItsOwnThatIsBoundAlone) {
+TEST_F(Initialisation, BoundOwnConnection_IsKept) {
   char bound = 0;
   connection() = reinterpret_cast<imc_handle>(&bound);
   EXPECT_EQ(init(), YFW_OK);
@@ -76,7 +76,7 @@ TEST_F(Initialisation, LeavesAConnectionOfItsOwnThatIsBoundAlone) {
   EXPECT_EQ(connection(), reinterpret_cast<imc_handle>(&bound));
 }
 
-TEST_F(Initialisation, ProbesAgainUntilTheLibraryIsFound) {
+TEST_F(Initialisation, MissingLibrary_IsProbedAgain) {
   platform.store_library_present = false;
   EXPECT_EQ(init(), SYSDB_LIBRARY_MISSING);
   EXPECT_EQ(init(), SYSDB_LIBRARY_MISSING);
@@ -86,7 +86,7 @@ TEST_F(Initialisation, ProbesAgainUntilTheLibraryIsFound) {
   EXPECT_EQ(platform.count("access"), 3U);
 }
 
-TEST_F(Initialisation, RemembersThatTheLibraryWasFound) {
+TEST_F(Initialisation, FoundLibrary_IsRemembered) {
   platform.script("_sysdb_bind", 1, 0x77);
   EXPECT_EQ(init(), 0x77U);
   platform.store_library_present = false;
@@ -95,7 +95,7 @@ TEST_F(Initialisation, RemembersThatTheLibraryWasFound) {
   EXPECT_EQ(platform.count("_sysdb_bind"), 2U);
 }
 
-TEST_F(Initialisation, ReturnsTheCodeOfTheBindThatFailed) {
+TEST_F(Initialisation, FailedBind_ReturnsItsCode) {
   platform.script("_sysdb_bind", 1, 0x77);
   platform.script("imc_db_bind", 1, 0x78);
   EXPECT_EQ(init(), 0x77U);
@@ -106,7 +106,7 @@ TEST_F(Initialisation, ReturnsTheCodeOfTheBindThatFailed) {
   EXPECT_EQ(platform.count("_sysdb_bind"), 2U) << "what is bound is not bound again";
 }
 
-TEST_F(Cleanup, UnbindsBothAndKeepsTheHandles) {
+TEST_F(Cleanup, BothBound_UnbindsBothAndKeepsTheHandles) {
   EXPECT_EQ(init(), YFW_OK);
   const auto* const shared = yfw_intf_mgbl_connid;
   const auto* const own = connection();
@@ -119,12 +119,12 @@ TEST_F(Cleanup, UnbindsBothAndKeepsTheHandles) {
   EXPECT_THAT(platform.seen().connections, IsEmpty());
 }
 
-TEST_F(Cleanup, UnbindsNothingThatIsNotBound) {
+TEST_F(Cleanup, NothingBound_UnbindsNothing) {
   cleanup();
   EXPECT_THAT(calls(), IsEmpty());
 }
 
-TEST_F(Cleanup, ProbesForTheLibraryWhenItIsNotKnown) {
+TEST_F(Cleanup, LibraryNotKnown_IsProbed) {
   EXPECT_EQ(_sysdb_bind(&yfw_intf_mgbl_connid, SYSDB_INTERFACE_GLOBALS, SYSDB_GLOBALS_BIND_FLAGS), YFW_OK);
   platform.store_library_present = false;
   cleanup();
@@ -137,7 +137,7 @@ TEST_F(Cleanup, ProbesForTheLibraryWhenItIsNotKnown) {
   EXPECT_EQ(platform.count("imc_db_unbind"), 0U);
 }
 
-TEST_F(Cleanup, UnbindsItsOwnConnectionWithoutTheSharedOne) {
+TEST_F(Cleanup, OwnConnectionOnly_IsUnbound) {
   char bound = 0;
   yfw_intf_mgbl_connid = reinterpret_cast<sysdb_handle>(&bound);
   EXPECT_EQ(init(), YFW_OK);
@@ -147,14 +147,14 @@ TEST_F(Cleanup, UnbindsItsOwnConnectionWithoutTheSharedOne) {
   EXPECT_EQ(platform.count("access"), 0U);
 }
 
-TEST_F(Cleanup, FailedUnbindOfOneDoesNotKeepTheOtherFromBeingUnbound) {
+TEST_F(Cleanup, FailedUnbind_StillUnbindsTheOther) {
   EXPECT_EQ(init(), YFW_OK);
   platform.script("_sysdb_unbind", 1, 0x77);
   cleanup();
   EXPECT_EQ(platform.count("imc_db_unbind"), 1U);
 }
 
-TEST_F(Capability, IsDisabledOnOtherPlatformsForEveryNamespace) {
+TEST_F(Capability, OtherPlatform_DisablesEveryNamespace) {
   for (const std::uint32_t type : {0U, 1U, 6U, 9U, 17U, 19U, 0xFFFFFFFFU}) {
     platform.router_type = type;
     EXPECT_EQ(disables(support::kOpenconfigLacp), 1U) << "type " << type;
@@ -163,7 +163,7 @@ TEST_F(Capability, IsDisabledOnOtherPlatformsForEveryNamespace) {
   EXPECT_EQ(platform.count("yfw_map_do_these_match"), 0U);
 }
 
-TEST_F(Capability, IsOfferedOnThreePlatformsForOneNamespace) {
+TEST_F(Capability, SupportedPlatform_OffersOneNamespaceOnly) {
   for (const std::uint32_t type : {7U, 8U, 18U}) {
     platform.router_type = type;
     EXPECT_EQ(disables(support::kOpenconfigLacp), 0U) << "type " << type;
@@ -174,7 +174,7 @@ TEST_F(Capability, IsOfferedOnThreePlatformsForOneNamespace) {
   }
 }
 
-TEST_F(Capability, AsksForThePlatformTypeAfreshForEachOfTheThree) {
+TEST_F(Capability, PlatformType_IsQueriedForEachComparison) {
   const std::pair<std::uint32_t, unsigned> asked[] = {{7, 1}, {18, 2}, {8, 3}, {1, 3}};
   unsigned total = 0;
   for (const auto& [type, times] : asked) {
@@ -204,7 +204,7 @@ const Expected kExpected[] = {
      "ymap_qo_oclacp_talvobrinqdbundlemgroper_lvla_lacpdata", 0, nullptr},
 };
 
-TEST_F(Registration, FillsTheRecordAndLeavesTheReservedFieldsAlone) {
+TEST_F(Registration, Record_IsFilledExceptReservedFields) {
   for (const Expected& expected : kExpected) {
     SCOPED_TRACE(expected.function);
     yfw_map_registration filled;
@@ -232,7 +232,7 @@ TEST_F(Registration, FillsTheRecordAndLeavesTheReservedFieldsAlone) {
   }
 }
 
-TEST_F(Registration, CopiesEachTextUnderItsOwnNameInOrder) {
+TEST_F(Registration, Texts_AreCopiedInOrderUnderTheFunctionsName) {
   for (const Expected& expected : kExpected) {
     SCOPED_TRACE(expected.function);
     const std::size_t before = platform.calls().size();
@@ -248,7 +248,7 @@ TEST_F(Registration, CopiesEachTextUnderItsOwnNameInOrder) {
   }
 }
 
-TEST_F(Registration, DoesNotLookAtTheResultsOfItsCopies) {
+TEST_F(Registration, FailedCopies_AreIgnored) {
   platform.script("yfw_strncpy_s", 0, 0x77);
   for (const Expected& expected : kExpected) {
     yfw_map_registration filled{};
@@ -258,7 +258,7 @@ TEST_F(Registration, DoesNotLookAtTheResultsOfItsCopies) {
   EXPECT_EQ(platform.count("yfw_strncpy_s"), 20U);
 }
 
-TEST_F(Registration, NeedsNoInitialisationAndRecordsNothing) {
+TEST_F(Registration, Uninitialised_BindsAndRecordsNothing) {
   yfw_map_registration filled{};
   for (const Expected& expected : kExpected) module_.symbol<void(yfw_map_registration*)>(expected.function)(&filled);
   EXPECT_THAT(platform.seen().records, IsEmpty());

@@ -20,17 +20,17 @@ class EntryForm : public support::ModuleTest {
   char buffer[OCLACP_IFENTRY_CAPACITY + 1] = {};
 };
 
-TEST_F(EntryForm, HasUnderscoresForSlashes) {
+TEST_F(EntryForm, Slashes_BecomeUnderscores) {
   EXPECT_EQ(converted("GigabitEthernet0/0/0/1"), "GigabitEthernet0_0_0_1");
 }
 
-TEST_F(EntryForm, LeavesEverythingElseAsItIs) {
+TEST_F(EntryForm, OtherCharacters_AreUnchanged) {
   EXPECT_EQ(converted("Bundle-Ether10.5"), "Bundle-Ether10.5");
   EXPECT_EQ(converted(""), "");
   EXPECT_EQ(converted("a_b\\c d"), "a_b\\c d");
 }
 
-TEST_F(EntryForm, IsNotMadeWithoutBufferOrName) {
+TEST_F(EntryForm, NullBufferOrName_IsIgnored) {
   buffer[0] = 'x';
   convert_oc_ifname_ifentry(buffer, nullptr, platform.ctx());
   convert_oc_ifname_ifentry(nullptr, "name", platform.ctx());
@@ -38,18 +38,18 @@ TEST_F(EntryForm, IsNotMadeWithoutBufferOrName) {
   EXPECT_THAT(platform.calls(), IsEmpty());
 }
 
-TEST_F(EntryForm, IsCopiedWithRoomForSixtyThreeCharacters) {
+TEST_F(EntryForm, Name_IsCopiedWithRoomForSixtyThreeCharacters) {
   converted("name");
   EXPECT_EQ(platform.count("yfw_strncpy_s", "\"convert_oc_ifname_ifentry\" size=64 \"name\" count=64"), 1U);
 }
 
-TEST_F(EntryForm, OfTheLongestNameIsWhole) {
+TEST_F(EntryForm, LongestName_IsNotCut) {
   const std::string longest(63, 'a');
   EXPECT_EQ(converted(longest.c_str()), longest);
   EXPECT_THAT(platform.trace(), IsEmpty());
 }
 
-TEST_F(EntryForm, OfALongerNameIsTracedTerminatedAndConvertedAllTheSame) {
+TEST_F(EntryForm, TooLongName_IsTracedTerminatedAndConverted) {
   buffer[OCLACP_IFENTRY_LENGTH] = 'x';
   buffer[OCLACP_IFENTRY_LENGTH + 1] = 'y';
   std::string name(70, 'a');
@@ -63,18 +63,18 @@ TEST_F(EntryForm, OfALongerNameIsTracedTerminatedAndConvertedAllTheSame) {
                           "status 0x0b000001\n"));
 }
 
-TEST_F(EntryForm, TerminatorIsSetForShortNamesToo) {
+TEST_F(EntryForm, ShortName_SetsTheTerminator) {
   buffer[OCLACP_IFENTRY_LENGTH] = 'x';
   converted("name");
   EXPECT_EQ(buffer[OCLACP_IFENTRY_LENGTH], '\0');
 }
 
-TEST_F(EntryForm, IsMadeWithoutContext) {
+TEST_F(EntryForm, NullContext_IsAccepted) {
   convert_oc_ifname_ifentry(buffer, "a/b", nullptr);
   EXPECT_STREQ(buffer, "a_b");
 }
 
-TEST_F(EntryForm, FailureIsTracedAtTheTraceLevelInBothSinks) {
+TEST_F(EntryForm, FailedCopy_IsTracedInBothSinks) {
   converted(std::string(64, 'a').c_str());
   ASSERT_EQ(platform.seen().records.size(), 2U);
   EXPECT_EQ(platform.seen().records[0].level, "TRC");
@@ -93,7 +93,7 @@ class VirtualInterface : public support::ModuleTest {
   std::uint32_t looked_up = kUntouched;
 };
 
-TEST_F(VirtualInterface, IsOneThatTheInterfaceManagerMarksSo) {
+TEST_F(VirtualInterface, VirtualAttribute_IsVirtual) {
   set({.attribute = 0x409A0600, .flags = 0x01000000});
   EXPECT_EQ(is_virtual(), 1);
   EXPECT_EQ(looked_up, kUntouched);
@@ -101,14 +101,14 @@ TEST_F(VirtualInterface, IsOneThatTheInterfaceManagerMarksSo) {
   EXPECT_EQ(platform.count("imc_ifname_parse"), 0U);
 }
 
-TEST_F(VirtualInterface, IsLookedUpInEntryForm) {
+TEST_F(VirtualInterface, NameWithSlashes_IsLookedUpInEntryForm) {
   platform.add_virtual("GigabitEthernet0_0_0_1");
   EXPECT_EQ(is_virtual("GigabitEthernet0/0/0/1"), 1);
   EXPECT_EQ(platform.count("yfw_strncpy_s", "\"yfw_lacp_util_is_virtual\" size=64 \"GigabitEthernet0_0_0_1\" count=64"),
             1U);
 }
 
-TEST_F(VirtualInterface, WithAnotherAttributeIsJudgedByFlagsAndName) {
+TEST_F(VirtualInterface, OtherAttribute_IsDecidedByFlagsAndName) {
   set({.handle = 9, .attribute = 0x409A0601, .flags = 0, .name_kind = 1});
   EXPECT_EQ(is_virtual(), 1);
   EXPECT_EQ(looked_up, 1U);
@@ -116,13 +116,13 @@ TEST_F(VirtualInterface, WithAnotherAttributeIsJudgedByFlagsAndName) {
   EXPECT_EQ(platform.count("imc_ifname_parse", "\"Bundle-Ether1\""), 1U);
 }
 
-TEST_F(VirtualInterface, IsNotOneWhoseNameIsThatOfAPhysicalOne) {
+TEST_F(VirtualInterface, PhysicalName_IsNotVirtual) {
   set({.name_kind = 2});
   EXPECT_EQ(is_virtual(), 0);
   EXPECT_EQ(looked_up, 1U);
 }
 
-TEST_F(VirtualInterface, FlagsDecideBeforeTheName) {
+TEST_F(VirtualInterface, Flags_DecideBeforeTheName) {
   struct Case {
     std::uint64_t flags;
     bool leaves_it_to_the_name;
@@ -138,7 +138,7 @@ TEST_F(VirtualInterface, FlagsDecideBeforeTheName) {
   }
 }
 
-TEST_F(VirtualInterface, IsNotOneWhoseFlagsCannotBeRead) {
+TEST_F(VirtualInterface, UnreadableFlags_AreNotVirtual) {
   set({.name_kind = 1});
   platform.script("imc_s_interface_get_flags", 0, 0x51);
   EXPECT_EQ(is_virtual(), 0);
@@ -146,27 +146,27 @@ TEST_F(VirtualInterface, IsNotOneWhoseFlagsCannotBeRead) {
   EXPECT_EQ(platform.count("imc_ifname_parse"), 0U);
 }
 
-TEST_F(VirtualInterface, ThatIsNotFoundIsAskedAboutUnderHandleZero) {
+TEST_F(VirtualInterface, UnknownInterface_IsDecidedUnderHandleZero) {
   platform.interfaces["someone-else"] = {.handle = 0};
   EXPECT_EQ(is_virtual(), 1) << "its flags allow it, and its name is unknown";
   EXPECT_EQ(looked_up, 1U);
   EXPECT_EQ(platform.count("imc_s_interface_get_flags", "handle=0"), 1U);
 }
 
-TEST_F(VirtualInterface, FailedLookUpCountsMoreThanTheAttribute) {
+TEST_F(VirtualInterface, FailedLookUp_IgnoresTheAttribute) {
   set({.attribute = IMC_ATTRIBUTE_VIRTUAL});
   platform.script("imc_interface_find", 0, 0x52);
   platform.script("imc_s_interface_get_flags", 0, 0x53);
   EXPECT_EQ(is_virtual(), 0);
 }
 
-TEST_F(VirtualInterface, NameThatCannotBeParsedIsNoPhysicalOne) {
+TEST_F(VirtualInterface, UnparsableName_IsVirtual) {
   set({.name_kind = 2});
   platform.script("imc_ifname_parse", 0, 0x54);
   EXPECT_EQ(is_virtual(), 1);
 }
 
-TEST_F(VirtualInterface, NameThatCannotBeCopiedIsTracedAndNotVirtual) {
+TEST_F(VirtualInterface, FailedCopyOfName_IsTracedAndNotVirtual) {
   set({.attribute = IMC_ATTRIBUTE_VIRTUAL});
   platform.script("yfw_strncpy_s", 2, 0x55);
   EXPECT_EQ(is_virtual(), 0);
@@ -177,47 +177,47 @@ TEST_F(VirtualInterface, NameThatCannotBeCopiedIsTracedAndNotVirtual) {
                           "status 0x00000055\n"));
 }
 
-TEST_F(VirtualInterface, NameThatIsTooLongIsNotVirtual) {
+TEST_F(VirtualInterface, TooLongName_IsNotVirtual) {
   EXPECT_EQ(is_virtual(std::string(300, 'a').c_str()), 0);
   EXPECT_EQ(platform.count("yfw_strncpy_s"), 2U);
   EXPECT_EQ(looked_up, kUntouched);
 }
 
-TEST_F(VirtualInterface, ReportsNothingToTheFramework) {
+TEST_F(VirtualInterface, UnknownInterface_ReportsNothingToTheFramework) {
   is_virtual();
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
   EXPECT_THAT(platform.trace(), IsEmpty());
 }
 
-TEST_F(VirtualInterface, NeedsNoContextUnlessACopyFails) {
+TEST_F(VirtualInterface, NullContext_IsAccepted) {
   platform.add_virtual("Bundle-Ether1");
   EXPECT_EQ(yfw_lacp_util_is_virtual("Bundle-Ether1", &looked_up, nullptr), 1);
 }
 
 using VirtualInterfaceDeathTest = VirtualInterface;
 
-TEST_F(VirtualInterfaceDeathTest, NullContextEndsTheProcessWhenACopyFails) {
+TEST_F(VirtualInterfaceDeathTest, NullContextAndFailedCopy_Abort) {
   platform.script("yfw_strncpy_s", 0, 0x55);
   EXPECT_DEATH(yfw_lacp_util_is_virtual("Bundle-Ether1", &looked_up, nullptr),
                "int yfw_lacp_util_is_virtual\\(const char \\*, uint32_t \\*, yfw_map_ctx\\): "
                "Assertion `\\(\\(void \\*\\)0\\) != ctx' failed");
 }
 
-TEST(InterfaceNames, OfSubinterfacesHaveADot) {
+TEST(InterfaceNames, SubInterface_HasADot) {
   EXPECT_EQ(yfw_is_oc_subinterface("Bundle-Ether1.100"), 1);
   EXPECT_EQ(yfw_is_oc_subinterface("Bundle-Ether1"), 0);
   EXPECT_EQ(yfw_is_oc_subinterface("."), 1);
   EXPECT_EQ(yfw_is_oc_subinterface(""), 0);
 }
 
-TEST(InterfaceNames, OfBundlesSaySo) {
+TEST(InterfaceNames, Bundle_ContainsTheWordBundle) {
   EXPECT_EQ(yfw_is_oc_bundleinterface("Bundle-Ether1"), 1);
   EXPECT_EQ(yfw_is_oc_bundleinterface("My-Bundle"), 1);
   EXPECT_EQ(yfw_is_oc_bundleinterface("bundle-ether1"), 0);
   EXPECT_EQ(yfw_is_oc_bundleinterface("GigabitEthernet0/0/0/1"), 0);
 }
 
-TEST(PortStateGetters, ReadOneBitEach) {
+TEST(PortStateGetters, PortState_IsReadOneBitPerGetter) {
   struct Getter {
     const char* (*text_of)(std::uint8_t);
     unsigned mask;

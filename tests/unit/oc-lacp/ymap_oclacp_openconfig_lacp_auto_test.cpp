@@ -39,7 +39,7 @@ Outcome run(const Leaf& leaf, std::uint32_t operation, std::uint32_t edit_operat
   return {status, platform.additions(), platform.trace(), platform.error_tag()};
 }
 
-TEST(LeafHandlers, RecordUnderTheirOwnNameAndThatOfTheirConverter) {
+TEST(LeafHandlers, ConfigRead_RecordsHandlerAndConverterNames) {
   for (const Leaf& leaf : nodes::openconfig().leaves) {
     SCOPED_TRACE(leaf.path);
     const std::string own = "TRC " + leaf.handler.name;
@@ -52,7 +52,7 @@ TEST(LeafHandlers, RecordUnderTheirOwnNameAndThatOfTheirConverter) {
   }
 }
 
-TEST(LeafHandlers, AskForTheirTargetInAReadWithTheLeafsValueAndWithoutNode) {
+TEST(LeafHandlers, Read_RequestsTheTargetWithValueAndWithoutNode) {
   for (const Leaf& leaf : nodes::openconfig().leaves) {
     if (leaf.targets.empty() || leaf.work == OCLACP_LEAF_HANDWRITTEN) continue;
     SCOPED_TRACE(leaf.path);
@@ -72,7 +72,7 @@ TEST(LeafHandlers, AskForTheirTargetInAReadWithTheLeafsValueAndWithoutNode) {
   }
 }
 
-TEST(LeafHandlers, OfConfigurationAddTheirTargetInAnEdit) {
+TEST(LeafHandlers, ConfigLeafInEdit_AddsItsTarget) {
   for (const Leaf& leaf : nodes::openconfig().leaves) {
     if (!is_config(leaf)) continue;
     SCOPED_TRACE(leaf.path);
@@ -90,7 +90,7 @@ TEST(LeafHandlers, OfConfigurationAddTheirTargetInAnEdit) {
   }
 }
 
-TEST(LeafHandlers, OfConfigurationAddTheirTargetWithoutValueInADelete) {
+TEST(LeafHandlers, ConfigLeafInDelete_AddsItsTargetWithoutValue) {
   for (const Leaf& leaf : nodes::openconfig().leaves) {
     if (!is_config(leaf)) continue;
     SCOPED_TRACE(leaf.path);
@@ -104,7 +104,7 @@ TEST(LeafHandlers, OfConfigurationAddTheirTargetWithoutValueInADelete) {
   }
 }
 
-TEST(LeafHandlers, OfStateAddNothingInAnEdit) {
+TEST(LeafHandlers, StateLeafInEdit_AddsNothing) {
   for (const Leaf& leaf : nodes::openconfig().leaves) {
     if (is_config(leaf) || (leaf.work != OCLACP_LEAF_ASKED_FOR && leaf.work != OCLACP_LEAF_CONVERTED)) continue;
     SCOPED_TRACE(leaf.path);
@@ -116,7 +116,7 @@ TEST(LeafHandlers, OfStateAddNothingInAnEdit) {
   }
 }
 
-TEST(LeafHandlers, OfUnsupportedLeavesRefuseEveryRequest) {
+TEST(LeafHandlers, UnsupportedLeaf_RefusesEveryRequest) {
   std::vector<std::string> unsupported;
   for (const Leaf& leaf : nodes::openconfig().leaves) {
     if (leaf.work != OCLACP_LEAF_REFUSED) continue;
@@ -133,7 +133,7 @@ TEST(LeafHandlers, OfUnsupportedLeavesRefuseEveryRequest) {
                                       "/lacp/interfaces/interface/members/member/state/counters/lacp-tx-errors"}));
 }
 
-TEST(LeafHandlers, ReturnTheStatusOfTheirAddition) {
+TEST(LeafHandlers, FailedAddition_ReturnsItsStatus) {
   for (const Leaf& leaf : nodes::openconfig().leaves) {
     if (leaf.targets.empty()) continue;
     SCOPED_TRACE(leaf.path);
@@ -145,7 +145,7 @@ TEST(LeafHandlers, ReturnTheStatusOfTheirAddition) {
   }
 }
 
-TEST(LeafHandlers, OfBothUnknownErrorCountersReadIllegalPackets) {
+TEST(LeafHandlers, ErrorCounters_ReadIllegalPackets) {
   for (const char* tag : {"lacp-unknown-errors", "lacp-errors"}) {
     const Leaf* const leaf = nodes::leaf_at(
         nodes::openconfig(), std::string("/lacp/interfaces/interface/members/member/state/counters/") + tag);
@@ -157,7 +157,7 @@ TEST(LeafHandlers, OfBothUnknownErrorCountersReadIllegalPackets) {
   }
 }
 
-TEST(LeafHandlers, OfMembersAndCountersAddNothingInAnEdit) {
+TEST(LeafHandlers, MemberLeafInEdit_AddsNothing) {
   for (const Leaf& leaf : nodes::openconfig().leaves) {
     if (leaf.path.find("/members/") == std::string::npos || leaf.work == OCLACP_LEAF_REFUSED) continue;
     SCOPED_TRACE(leaf.path);
@@ -169,7 +169,7 @@ TEST(LeafHandlers, OfMembersAndCountersAddNothingInAnEdit) {
 
 class ContainerHandlers : public support::ModuleTest {};
 
-TEST_F(ContainerHandlers, AcceptEveryRequestAndAddNothing) {
+TEST_F(ContainerHandlers, AnyRequest_IsAcceptedAndAddsNothing) {
   Request request(support::container("node"));
   for (const auto& one : nodes::openconfig().container_functions) {
     SCOPED_TRACE(one.name);
@@ -188,14 +188,14 @@ class DefaultHandlers : public support::ModuleTest {
   Request request{support::leaf("untranslated", "value")};
 };
 
-TEST_F(DefaultHandlers, OfAListDoesNotLookAtItsArguments) {
+TEST_F(DefaultHandlers, List_IgnoresItsArguments) {
   EXPECT_EQ(ymap_oq_oclacp_openconfiglacp_duck_map_list(platform.ctx(), nullptr, nullptr), YFW_OK);
   EXPECT_EQ(platform.trace(), (std::vector<std::string>{"TRC ymap_oq_oclacp_openconfiglacp_duck_map_list: Start",
                                                         "TRC ymap_oq_oclacp_openconfiglacp_duck_map_list: End"}));
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(DefaultHandlers, OfALeafRefusesIt) {
+TEST_F(DefaultHandlers, Leaf_IsRefused) {
   EXPECT_EQ(ymap_oq_oclacp_openconfiglacp_duck_map_leaf(platform.ctx(), request.root(), platform.output()),
             YFW_UNSUPPORTED_NODE);
   EXPECT_EQ(platform.error_tag(), "untranslated");
@@ -204,7 +204,7 @@ TEST_F(DefaultHandlers, OfALeafRefusesIt) {
 
 using DefaultHandlersDeathTest = DefaultHandlers;
 
-TEST_F(DefaultHandlersDeathTest, OfAListEndsTheProcessOnANullContext) {
+TEST_F(DefaultHandlersDeathTest, NullContextOfList_Aborts) {
   EXPECT_DEATH(ymap_oq_oclacp_openconfiglacp_duck_map_list(nullptr, nullptr, nullptr),
                "cerrno ymap_oq_oclacp_openconfiglacp_duck_map_list\\(yfw_map_ctx, const yfw_datatree \\*, "
                "yfw_datatree \\*\\): Assertion `\\(\\(void \\*\\)0\\) != ctx' failed");

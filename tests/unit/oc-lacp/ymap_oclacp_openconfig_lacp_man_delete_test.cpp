@@ -45,20 +45,20 @@ class Deletion : public support::ModuleTest {
 
 // ---- The data store
 
-TEST_F(Deletion, AsksTheDataStoreForTheInterfacesWithLacp) {
+TEST_F(Deletion, Interface_QueriesTheDataStoreForInterfacesWithLacp) {
   run(entry);
   EXPECT_EQ(platform.count("_sysdb_bind", "\"/cfg/if/act/\" flags=4"), 1U);
   EXPECT_EQ(platform.count("sysdb_find", "\".*/lacp/\" \"\" flags=4"), 1U);
 }
 
-TEST_F(Deletion, ReleasesTheListBeforeTheConnection) {
+TEST_F(Deletion, EndOfDeletion_ReleasesTheListBeforeTheConnection) {
   run(entry);
   EXPECT_LT(position("sysdb_list_free"), position("_sysdb_unbind"));
   EXPECT_LT(position("_sysdb_unbind"), position("_lstrace", "End"));
   EXPECT_THAT(support::left_behind(platform, entry), IsEmpty());
 }
 
-TEST_F(Deletion, FailedBindIsRecordedWithPathAndError) {
+TEST_F(Deletion, FailedBind_IsRecordedWithPathAndError) {
   platform.script("_sysdb_bind", 0, kFailure);
   EXPECT_EQ(run(entry), YFW_NOTHING_TO_DELETE);
   EXPECT_EQ(platform.traced(kDeletion, "Unable to bind to Sysdb: path:/cfg/if/act/, error:status 0x00000061"), 1U);
@@ -67,7 +67,7 @@ TEST_F(Deletion, FailedBindIsRecordedWithPathAndError) {
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(Deletion, FailedFindIsRecordedWithTheBoundPathAndUnbinds) {
+TEST_F(Deletion, FailedFind_IsRecordedWithTheBoundPathAndUnbinds) {
   platform.script("sysdb_find", 0, kFailure);
   EXPECT_EQ(run(entry), YFW_NOTHING_TO_DELETE);
   EXPECT_EQ(platform.traced(kDeletion, "Unable to find items in Sysdb: path:/cfg/if/act/, error:status 0x00000061"),
@@ -76,7 +76,7 @@ TEST_F(Deletion, FailedFindIsRecordedWithTheBoundPathAndUnbinds) {
   EXPECT_EQ(platform.count("_sysdb_unbind"), 1U);
 }
 
-TEST_F(Deletion, FailedIterationIsRecordedAndReleasesEverything) {
+TEST_F(Deletion, FailedIteration_IsRecordedAndReleasesEverything) {
   platform.script("sysdb_list_next", 2, kFailure);
   EXPECT_EQ(run(entry), YFW_NOTHING_TO_DELETE);
   EXPECT_EQ(platform.traced(kDeletion, "Unable to iterate the sysdb list: error:status 0x00000061"), 1U);
@@ -84,19 +84,19 @@ TEST_F(Deletion, FailedIterationIsRecordedAndReleasesEverything) {
   EXPECT_THAT(support::left_behind(platform, entry), IsEmpty());
 }
 
-TEST_F(Deletion, FailedIterationAfterSomeInterfacesStillSkipsAllOfLacp) {
+TEST_F(Deletion, FailedIterationForAllOfLacp_SkipsTheSubtree) {
   platform.script("sysdb_list_next", 2, kFailure);
   EXPECT_EQ(run(all), YFW_SKIP_SUBTREE);
   EXPECT_EQ(added(), deletion_of("Bundle-Ether1"));
 }
 
-TEST_F(Deletion, FailedReleaseChangesNothing) {
+TEST_F(Deletion, FailedRelease_IsIgnored) {
   platform.script("sysdb_list_free", 0, kFailure);
   platform.script("_sysdb_unbind", 0, kFailure);
   EXPECT_EQ(run(entry), YFW_SKIP_SUBTREE);
 }
 
-TEST_F(Deletion, EmptyDataStoreEmitsNothingAndHasNoListToFree) {
+TEST_F(Deletion, EmptyDataStore_AddsNothingAndFreesNoList) {
   platform.store_items.clear();
   EXPECT_EQ(run(entry), YFW_NOTHING_TO_DELETE);
   EXPECT_EQ(run(all), YFW_SKIP_SUBTREE);
@@ -105,7 +105,7 @@ TEST_F(Deletion, EmptyDataStoreEmitsNothingAndHasNoListToFree) {
   EXPECT_EQ(platform.count("_sysdb_unbind"), 2U);
 }
 
-TEST_F(Deletion, DoneMarkIsSetWhenTheWalkOfTheListEndsWell) {
+TEST_F(Deletion, SuccessfulIteration_SetsTheDoneMark) {
   for (Request* request : {&entry, &unconfigured, &all}) {
     platform.state().deletion_done = 9;
     run(*request);
@@ -117,7 +117,7 @@ TEST_F(Deletion, DoneMarkIsSetWhenTheWalkOfTheListEndsWell) {
   EXPECT_EQ(platform.state().deletion_done, 1U) << "there was nothing to walk";
 }
 
-TEST_F(Deletion, DoneMarkIsClearWhileTheListIsWalked) {
+TEST_F(Deletion, StartOfIteration_ClearsTheDoneMark) {
   platform.state().deletion_done = 9;
   std::uint32_t seen = 9;
   platform.before("sysdb_list_next", 1, [&] { seen = platform.state().deletion_done; });
@@ -125,14 +125,14 @@ TEST_F(Deletion, DoneMarkIsClearWhileTheListIsWalked) {
   EXPECT_EQ(seen, 0U);
 }
 
-TEST_F(Deletion, DoneMarkStaysClearWhenTheWalkFails) {
+TEST_F(Deletion, FailedIteration_LeavesTheDoneMarkClear) {
   platform.state().deletion_done = 9;
   platform.script("sysdb_list_next", 0, kFailure);
   run(entry);
   EXPECT_EQ(platform.state().deletion_done, 0U);
 }
 
-TEST_F(Deletion, DoneMarkIsLeftAloneWhenTheDataStoreDoesNotAnswer) {
+TEST_F(Deletion, FailedFind_LeavesTheDoneMarkUnchanged) {
   platform.state().deletion_done = 9;
   platform.script("sysdb_find", 0, kFailure);
   run(entry);
@@ -141,13 +141,13 @@ TEST_F(Deletion, DoneMarkIsLeftAloneWhenTheDataStoreDoesNotAnswer) {
 
 // ---- One interface
 
-TEST_F(Deletion, OfAnInterfaceDeletesItsLacpContainerAndSkipsTheSubtree) {
+TEST_F(Deletion, Interface_DeletesItsLacpContainerAndSkipsTheSubtree) {
   EXPECT_EQ(run(entry), YFW_SKIP_SUBTREE);
   EXPECT_EQ(added(), deletion_of("Bundle-Ether2"));
   EXPECT_EQ(platform.traced(kDeletion, "End"), 1U);
 }
 
-TEST_F(Deletion, AdditionsHaveTheirNamespacesAndFlags) {
+TEST_F(Deletion, Additions_HaveTheirNamespacesAndFlags) {
   run(entry);
   ASSERT_EQ(platform.additions().size(), 4U);
   struct Expected {
@@ -172,75 +172,75 @@ TEST_F(Deletion, AdditionsHaveTheirNamespacesAndFlags) {
   }
 }
 
-TEST_F(Deletion, LeavesTheWorkingOperationOnATakenEntry) {
+TEST_F(Deletion, MatchedEntry_KeepsTheWorkingOperation) {
   run(entry);
   EXPECT_EQ(entry.root()->operation, std::uint32_t{YFW_OPERATION_REMOVE});
   EXPECT_NE(entry.root()->flags & YFW_FLAG_OPERATION_CHANGED, 0U);
 }
 
-TEST_F(Deletion, LeavesAnEntryThatIsNotFoundAlone) {
+TEST_F(Deletion, UnmatchedEntry_IsUnchanged) {
   EXPECT_EQ(run(unconfigured), YFW_NOTHING_TO_DELETE);
   EXPECT_EQ(unconfigured.fields(), unconfigured.fields_as_built());
 }
 
-TEST_F(Deletion, OfAnInterfaceStopsAtTheFirstMatch) {
+TEST_F(Deletion, Interface_StopsAtTheFirstMatch) {
   platform.store_items = {"Bundle-Ether2/lacp/", "Bundle-Ether2/other/lacp/", "Bundle-Ether3/lacp/"};
   EXPECT_EQ(run(entry), YFW_SKIP_SUBTREE);
   EXPECT_EQ(platform.count("sysdb_list_next"), 1U);
   EXPECT_EQ(added(), deletion_of("Bundle-Ether2"));
 }
 
-TEST_F(Deletion, OfAnInterfaceTakesAnItemWhoseNameOccursInItsOwn) {
+TEST_F(Deletion, ItemNameContainedInTheInterfaceName_Matches) {
   Request request(entry_of("Bundle-Ether10"));
   platform.store_items = {"Bundle-Ether1/lacp/", "Bundle-Ether10/lacp/"};
   EXPECT_EQ(run(request), YFW_SKIP_SUBTREE);
   EXPECT_EQ(added(), deletion_of("Bundle-Ether1"));
 }
 
-TEST_F(Deletion, OfAnInterfaceTakesNoItemWhoseNameIsLonger) {
+TEST_F(Deletion, LongerItemName_DoesNotMatch) {
   Request request(entry_of("Bundle-Ether1"));
   platform.store_items = {"Bundle-Ether10/lacp/"};
   EXPECT_EQ(run(request), YFW_NOTHING_TO_DELETE);
 }
 
-TEST_F(Deletion, MatchIsCaseSensitive) {
+TEST_F(Deletion, NameInOtherCase_DoesNotMatch) {
   Request request(entry_of("bundle-ether1"));
   EXPECT_EQ(run(request), YFW_NOTHING_TO_DELETE);
 }
 
-TEST_F(Deletion, DisplayNameIsThatOfTheInterfaceManager) {
+TEST_F(Deletion, DisplayName_IsThatOfTheInterfaceManager) {
   platform.display_names["Bundle-Ether2"] = "BE2";
   run(entry);
   EXPECT_EQ(platform.count("imc_display_namestring", "\"Bundle-Ether2\" size=64"), 1U);
   EXPECT_EQ(added(), deletion_of("BE2"));
 }
 
-TEST_F(Deletion, DisplayNameThatCannotBeHadIsNoError) {
+TEST_F(Deletion, FailedDisplayName_IsNotAnError) {
   platform.script("imc_display_namestring", 0, kFailure);
   EXPECT_EQ(run(entry), YFW_SKIP_SUBTREE);
   EXPECT_EQ(added(), deletion_of(""));
 }
 
-TEST_F(Deletion, PlainDeleteOfAnInterfaceWithoutLacpIsRefused) {
+TEST_F(Deletion, DeleteOfInterfaceWithoutLacp_IsRefused) {
   EXPECT_EQ(run(unconfigured), YFW_NOTHING_TO_DELETE);
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 1U);
   EXPECT_EQ(platform.error_tag(), "");
   EXPECT_EQ(platform.traced(kDeletion, "End"), 1U);
 }
 
-TEST_F(Deletion, RemoveOfAnInterfaceWithoutLacpIsNoError) {
+TEST_F(Deletion, RemoveOfInterfaceWithoutLacp_IsNotAnError) {
   Request request(entry_of("Bundle-Ether7", YFW_OPERATION_REMOVE));
   EXPECT_EQ(run(request), YFW_OK);
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(Deletion, RemoveIsNoErrorWhenTheDataStoreDoesNotAnswer) {
+TEST_F(Deletion, RemoveWithFailedBind_IsNotAnError) {
   Request request(entry_of("Bundle-Ether2", YFW_OPERATION_REMOVE));
   platform.script("_sysdb_bind", 0, kFailure);
   EXPECT_EQ(run(request), YFW_OK);
 }
 
-TEST_F(Deletion, WithoutAnOperationOfItsOwnAnEntryReturnsTheLastStatus) {
+TEST_F(Deletion, EntryWithoutOperation_ReturnsTheLastStatus) {
   Request request(interface_entry("Bundle-Ether7"));
   EXPECT_EQ(run(request), YFW_OK);
   platform.script("sysdb_find", 0, kFailure);
@@ -248,13 +248,13 @@ TEST_F(Deletion, WithoutAnOperationOfItsOwnAnEntryReturnsTheLastStatus) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(Deletion, InAReplaceAnInterfaceThatIsNotFoundIsSkipped) {
+TEST_F(Deletion, UnmatchedEntryInReplace_IsSkipped) {
   platform.state().replace_restore = 1;
   EXPECT_EQ(run(unconfigured), YFW_SKIP_SUBTREE);
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(Deletion, EntryWithoutChildrenMatchesNothing) {
+TEST_F(Deletion, EntryWithoutChildren_MatchesNothing) {
   Request hidden(entry_of("Bundle-Ether2"));
   hidden.root()->children = nullptr;
   hidden.root()->child_count = 0;
@@ -262,19 +262,19 @@ TEST_F(Deletion, EntryWithoutChildrenMatchesNothing) {
   EXPECT_EQ(run(hidden), YFW_NOTHING_TO_DELETE);
 }
 
-TEST_F(Deletion, EntryWhoseFirstChildHasNoValueMatchesNothing) {
+TEST_F(Deletion, FirstChildWithoutValue_MatchesNothing) {
   Request request(container("interface", {leaf("name")}).with(YFW_OPERATION_DELETE));
   EXPECT_EQ(run(request), YFW_NOTHING_TO_DELETE);
 }
 
-TEST_F(Deletion, NameOfAnEntryIsTheValueOfItsFirstChild) {
+TEST_F(Deletion, NameOfEntry_IsTheValueOfItsFirstChild) {
   Request request(container("interface", {leaf("other", "Bundle-Ether1"), leaf("name", "Bundle-Ether2")})
                       .with(YFW_OPERATION_DELETE));
   EXPECT_EQ(run(request), YFW_SKIP_SUBTREE);
   EXPECT_EQ(added(), deletion_of("Bundle-Ether1"));
 }
 
-TEST_F(Deletion, ItemWithoutANameIsPassedOver) {
+TEST_F(Deletion, ItemWithoutName_IsSkipped) {
   platform.store_items = {"/", "Bundle-Ether2/lacp/"};
   EXPECT_EQ(run(entry), YFW_SKIP_SUBTREE);
   EXPECT_EQ(added(), deletion_of("Bundle-Ether2"));
@@ -282,7 +282,7 @@ TEST_F(Deletion, ItemWithoutANameIsPassedOver) {
 
 // ---- Additions that fail
 
-TEST_F(Deletion, FailedAdditionReturnsItsCodeAndLeavesTheDataStoreOpen) {
+TEST_F(Deletion, FailedAddition_ReturnsItsCodeAndLeavesTheDataStoreOpen) {
   for (unsigned nth = 1; nth <= 4; ++nth) {
     SCOPED_TRACE(nth);
     support::Platform own;
@@ -302,7 +302,7 @@ TEST_F(Deletion, FailedAdditionReturnsItsCodeAndLeavesTheDataStoreOpen) {
   }
 }
 
-TEST_F(Deletion, EndOfAFailedAddition_IsRecordedAtAnotherPlaceThanTheOrdinaryEnd) {
+TEST_F(Deletion, FailedAddition_RecordsItsEndAtAnotherPlace) {
   Request request(entry_of("Bundle-Ether2"));
   EXPECT_EQ(run(request), YFW_SKIP_SUBTREE);
   const support::Place ordinary = support::place_of(platform, "End");
@@ -313,7 +313,7 @@ TEST_F(Deletion, EndOfAFailedAddition_IsRecordedAtAnotherPlaceThanTheOrdinaryEnd
 
 // ---- All of LACP
 
-TEST_F(Deletion, OfAllTakesEveryItemAndSkips) {
+TEST_F(Deletion, AllOfLacp_DeletesEveryItemAndSkipsTheSubtree) {
   platform.store_items.emplace_back("GigabitEthernet0_0_0_1/lacp/");
   EXPECT_EQ(run(all), YFW_SKIP_SUBTREE);
   std::vector<std::string> expected;
@@ -323,13 +323,13 @@ TEST_F(Deletion, OfAllTakesEveryItemAndSkips) {
   EXPECT_EQ(added(), expected);
 }
 
-TEST_F(Deletion, OfAllEmitsAnInterfaceOncePerItem) {
+TEST_F(Deletion, AllOfLacp_DeletesAnInterfaceOncePerItem) {
   platform.store_items = {"Bundle-Ether1/lacp/", "Bundle-Ether1/sub/lacp/"};
   EXPECT_EQ(run(all), YFW_SKIP_SUBTREE);
   EXPECT_EQ(platform.additions().size(), 8U);
 }
 
-TEST_F(Deletion, OfAllSkipsWhateverTheDataStoreSays) {
+TEST_F(Deletion, FailedDataStoreForAllOfLacp_SkipsTheSubtree) {
   for (const char* function : {"_sysdb_bind", "sysdb_find", "sysdb_list_next"}) {
     platform.script(function, 1, kFailure);
     EXPECT_EQ(run(all), YFW_SKIP_SUBTREE) << function;
@@ -337,7 +337,7 @@ TEST_F(Deletion, OfAllSkipsWhateverTheDataStoreSays) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(Deletion, OfAnotherContainerTakesEveryItemToo) {
+TEST_F(Deletion, OtherContainer_DeletesEveryItem) {
   Request interfaces(container("interfaces").with(YFW_OPERATION_REMOVE));
   EXPECT_EQ(run(interfaces), YFW_SKIP_SUBTREE);
   EXPECT_EQ(platform.additions().size(), 8U);
@@ -345,7 +345,7 @@ TEST_F(Deletion, OfAnotherContainerTakesEveryItemToo) {
 
 // ---- The functions around it
 
-TEST_F(Deletion, OfTheGlobalPriorityAddsItWithoutValueAndWithTheNode) {
+TEST_F(Deletion, GlobalPriority_IsAddedWithNodeAndWithoutValue) {
   EXPECT_EQ(delete_global_lacp(platform.ctx(), all.root(), platform.output()), YFW_OK);
   EXPECT_EQ(only_addition().path, kPriority);
   EXPECT_EQ(only_addition().ns, support::kBundlemgrCfg);
@@ -356,37 +356,37 @@ TEST_F(Deletion, OfTheGlobalPriorityAddsItWithoutValueAndWithTheNode) {
   EXPECT_EQ(only_addition().last_flag, 0);
 }
 
-TEST_F(Deletion, OfTheGlobalPriorityReturnsTheStatusOfTheAddition) {
+TEST_F(Deletion, FailedGlobalPriority_ReturnsItsStatus) {
   platform.script("yfw_map_datatree_add_path_flagged", 0, kFailure);
   EXPECT_EQ(delete_global_lacp(platform.ctx(), all.root(), platform.output()), kFailure);
   EXPECT_EQ(platform.traced("delete_global_lacp", "End"), 1U);
 }
 
-TEST_F(Deletion, OfEverythingStartsWithTheGlobalPriority) {
+TEST_F(Deletion, AllConfiguration_StartsWithTheGlobalPriority) {
   EXPECT_EQ(oc_to_qd_all_lacp_cfg_delete(platform.ctx(), all.root(), platform.output()), YFW_SKIP_SUBTREE);
   ASSERT_EQ(platform.additions().size(), 9U);
   EXPECT_EQ(platform.additions()[0].path, kPriority);
 }
 
-TEST_F(Deletion, OfEverythingIgnoresThatTheGlobalPriorityFailed) {
+TEST_F(Deletion, FailedGlobalPriorityOfAllConfiguration_IsIgnored) {
   platform.script("yfw_map_datatree_add_path_flagged", 1, kFailure);
   EXPECT_EQ(oc_to_qd_all_lacp_cfg_delete(platform.ctx(), all.root(), platform.output()), YFW_SKIP_SUBTREE);
   EXPECT_EQ(platform.additions().size(), 8U);
 }
 
-TEST_F(Deletion, OfAnEntryLeavesTheGlobalPriorityAlone) {
+TEST_F(Deletion, Entry_LeavesTheGlobalPriorityUnchanged) {
   EXPECT_EQ(oc_to_qd_all_lacp_cfg_delete(platform.ctx(), entry.root(), platform.output()), YFW_SKIP_SUBTREE);
   EXPECT_EQ(added(), deletion_of("Bundle-Ether2"));
   EXPECT_EQ(platform.traced("delete_global_lacp", "Start"), 0U);
 }
 
-TEST_F(Deletion, OfEverythingReturnsWhatTheInterfacesDeletionAnswers) {
+TEST_F(Deletion, AllConfiguration_ReturnsTheStatusOfTheInterfaces) {
   EXPECT_EQ(oc_to_qd_all_lacp_cfg_delete(platform.ctx(), unconfigured.root(), platform.output()),
             YFW_NOTHING_TO_DELETE);
   EXPECT_EQ(platform.traced("oc_to_qd_all_lacp_cfg_delete", "End"), 1U);
 }
 
-TEST_F(Deletion, OfLacpInARequestDeletesEveryInterfaceAndTheGlobalPriority) {
+TEST_F(Deletion, LacpInRequest_DeletesEveryInterfaceAndTheGlobalPriority) {
   Request request(container("lacp").with(YFW_OPERATION_DELETE));
   EXPECT_EQ(ymap_oq_oclacp_openconfiglacp_lvla_lacp(platform.ctx(), request.root(), platform.output()), YFW_OK);
   std::vector<std::string> expected = {kPriority, kPriority};
@@ -397,7 +397,7 @@ TEST_F(Deletion, OfLacpInARequestDeletesEveryInterfaceAndTheGlobalPriority) {
   EXPECT_THAT(support::left_behind(platform, request), IsEmpty());
 }
 
-TEST_F(Deletion, OfAnEntryInARequestWalksNothingBelowIt) {
+TEST_F(Deletion, EntryInRequest_WalksNothingBelowIt) {
   Request request(lacp_with_interfaces({entry_of("Bundle-Ether2")}));
   EXPECT_EQ(ymap_oq_oclacp_openconfiglacp_lvla_lacp(platform.ctx(), request.root(), platform.output()), YFW_OK);
   EXPECT_EQ(added(), deletion_of("Bundle-Ether2"));

@@ -46,7 +46,7 @@ class Converters : public support::ModuleTest {
 
 // ---- lacp-mode
 
-TEST_F(Converters, ModeActiveBecomesActiveAndAnythingElsePassive) {
+TEST_F(Converters, Mode_IsPassiveUnlessActive) {
   EXPECT_EQ(converted(oc2qd_cfglacpmode, "ACTIVE"), "active");
   EXPECT_EQ(converted(oc2qd_cfglacpmode, "PASSIVE"), "passive");
   EXPECT_EQ(converted(oc2qd_cfglacpmode, "active"), "passive") << "case counts";
@@ -54,14 +54,14 @@ TEST_F(Converters, ModeActiveBecomesActiveAndAnythingElsePassive) {
   EXPECT_EQ(converted(oc2qd_cfglacpmode, ""), "passive");
 }
 
-TEST_F(Converters, ModeIsComparedOnce) {
+TEST_F(Converters, Mode_IsComparedOnce) {
   converted(oc2qd_cfglacpmode, "PASSIVE");
   EXPECT_EQ(platform.count("yfw_strcmp_s", "\"oc2qd_cfglacpmode\" \"PASSIVE\" \"ACTIVE\""), 1U);
   EXPECT_EQ(platform.count("yfw_strcmp_s"), 1U);
   EXPECT_EQ(platform.count("yfw_strcpy_s", "\"oc2qd_cfglacpmode\" size=10 \"passive\""), 1U);
 }
 
-TEST_F(Converters, ModeWithoutValueIsAFailedComparison) {
+TEST_F(Converters, ModeWithoutValue_IsAFailedComparison) {
   EXPECT_EQ(run(oc2qd_cfglacpmode, leaf("lacp-mode")), support::kStringRefused);
   EXPECT_THAT(platform.trace(), ElementsAre("TRC oc2qd_cfglacpmode: Start",
                                             std::string("TRC oc2qd_cfglacpmode:  oc2qd_cfglacpmode") + kCompareFailed));
@@ -69,7 +69,7 @@ TEST_F(Converters, ModeWithoutValueIsAFailedComparison) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(Converters, ModeThatCannotBeCopiedIsTracedAndLeavesAtOnce) {
+TEST_F(Converters, FailedCopyOfMode_IsTracedWithoutEndRecord) {
   platform.script("yfw_strcpy_s", 1, 0x21);
   EXPECT_EQ(run(oc2qd_cfglacpmode, leaf("lacp-mode", "ACTIVE")), 0x21U);
   EXPECT_EQ(
@@ -82,12 +82,12 @@ TEST_F(Converters, ModeThatCannotBeCopiedIsTracedAndLeavesAtOnce) {
 
 // ---- interval
 
-TEST_F(Converters, IntervalFastBecomesOneAndSlowThirtyThousand) {
+TEST_F(Converters, Interval_IsOneForFastAndThirtyThousandForSlow) {
   EXPECT_EQ(converted(oc2qd_cfginterval, "FAST"), "1");
   EXPECT_EQ(converted(oc2qd_cfginterval, "SLOW"), "30000");
 }
 
-TEST_F(Converters, OtherIntervalsAreRefused) {
+TEST_F(Converters, OtherInterval_IsRefused) {
   for (const char* value : {"fast", "slow", "MEDIUM", "", "FASTER"}) {
     EXPECT_EQ(run(oc2qd_cfginterval, leaf("interval", value)), YFW_UNSUPPORTED_INTERVAL) << value;
     EXPECT_EQ(platform.error_tag(), "interval");
@@ -102,18 +102,18 @@ TEST_F(Converters, OtherIntervalsAreRefused) {
   EXPECT_EQ(platform.traced("oc2qd_cfginterval", "End"), 5U) << "a refused period is an ordinary end";
 }
 
-TEST_F(Converters, IntervalWithoutValueIsRefusedWithoutAComparison) {
+TEST_F(Converters, IntervalWithoutValue_IsRefusedWithoutComparison) {
   EXPECT_EQ(run(oc2qd_cfginterval, leaf("interval")), YFW_UNSUPPORTED_INTERVAL);
   EXPECT_EQ(platform.count("yfw_strcmp_s"), 0U);
 }
 
-TEST_F(Converters, RefusedIntervalMarksThenStoresThenRecords) {
+TEST_F(Converters, RefusedInterval_MarksThenStoresThenRecords) {
   run(oc2qd_cfginterval, leaf("interval", "MEDIUM"));
   EXPECT_LT(position("yfw_oc_error_path"), position("yfw_strdup", "interval"));
   EXPECT_LT(position("yfw_strdup"), position("_lstrace", "Value of interval"));
 }
 
-TEST_F(Converters, RefusedIntervalOverwritesTheErrorTagAndDoesNotFreeIt) {
+TEST_F(Converters, RefusedInterval_OverwritesTheErrorTagWithoutFreeing) {
   char* const earlier = yfw_strdup("earlier", YFW_ALLOCATION_TAG);
   platform.state().error_tag = earlier;
   run(oc2qd_cfginterval, leaf("interval", "MEDIUM"));
@@ -122,7 +122,7 @@ TEST_F(Converters, RefusedIntervalOverwritesTheErrorTagAndDoesNotFreeIt) {
   named_free(earlier);
 }
 
-TEST_F(Converters, IntervalWhoseFirstComparisonFailsReturnsItsCode) {
+TEST_F(Converters, FailedFirstComparisonOfInterval_ReturnsItsCode) {
   platform.script("yfw_strcmp_s", 1, 0x22);
   EXPECT_EQ(run(oc2qd_cfginterval, leaf("interval", "SLOW")), 0x22U);
   EXPECT_EQ(
@@ -132,14 +132,14 @@ TEST_F(Converters, IntervalWhoseFirstComparisonFailsReturnsItsCode) {
   EXPECT_EQ(platform.error_tag(), "");
 }
 
-TEST_F(Converters, IntervalWhoseSecondComparisonFailsIsRefused) {
+TEST_F(Converters, FailedSecondComparisonOfInterval_IsRefused) {
   platform.script("yfw_strcmp_s", 2, 0x22);
   EXPECT_EQ(run(oc2qd_cfginterval, leaf("interval", "SLOW")), YFW_UNSUPPORTED_INTERVAL);
   EXPECT_EQ(platform.error_tag(), "interval");
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(Converters, PeriodThatCannotBeCopiedIsTracedWithTwoBlanks) {
+TEST_F(Converters, FailedCopyOfPeriod_IsTracedWithTwoBlanks) {
   for (const char* value : {"FAST", "SLOW"}) {
     platform.script("yfw_strcpy_s", 0, 0x23);
     EXPECT_EQ(run(oc2qd_cfginterval, leaf("interval", value)), 0x23U);
@@ -153,14 +153,14 @@ TEST_F(Converters, PeriodThatCannotBeCopiedIsTracedWithTwoBlanks) {
 
 // ---- Deletes, reads, copies
 
-TEST_F(Converters, DeleteLooksAtNoValue) {
+TEST_F(Converters, Delete_IgnoresTheValue) {
   EXPECT_EQ(run(oc2qd_cfginterval, leaf("interval", "MEDIUM").with(YFW_OPERATION_DELETE)), YFW_OK);
   EXPECT_EQ(run(oc2qd_cfglacpmode, leaf("lacp-mode").with(YFW_OPERATION_DELETE)), YFW_OK);
   EXPECT_THAT(added(), ElementsAre(kPeriod, kMode));
   EXPECT_EQ(platform.count("yfw_strcmp_s"), 0U);
 }
 
-TEST_F(Converters, ReadCopiesTheValueAsItIs) {
+TEST_F(Converters, Read_CopiesTheValueUnchanged) {
   for (const std::uint32_t operation : {0U, 10U}) {
     EXPECT_EQ(run(oc2qd_cfginterval, leaf("interval", "FAST"), operation), YFW_OK);
     EXPECT_EQ(run(oc2qd_cfglacpmode, leaf("lacp-mode", "whatever"), operation), YFW_OK);
@@ -170,23 +170,23 @@ TEST_F(Converters, ReadCopiesTheValueAsItIs) {
   for (const support::Addition& addition : platform.additions()) EXPECT_EQ(addition.source, nullptr);
 }
 
-TEST_F(Converters, SystemIdMacIsCopiedCharacterForCharacter) {
+TEST_F(Converters, SystemIdMac_IsCopiedUnchanged) {
   EXPECT_EQ(converted(oc2qd_cfgsystemidmac, "00:11:22:33:44:55"), "00:11:22:33:44:55");
   EXPECT_EQ(only_addition().path, kMac);
   EXPECT_EQ(only_addition().last_flag, 1);
 }
 
-TEST_F(Converters, SystemPriorityIsCopiedCharacterForCharacter) {
+TEST_F(Converters, SystemPriority_IsCopiedUnchanged) {
   EXPECT_EQ(converted(oc2qd_intfcfgsystempriority, "065535"), "065535");
   EXPECT_EQ(only_addition().path, "/interface-configurations/interface-configuration/lacp/system-priority");
 }
 
-TEST_F(Converters, EditedNodeGivesItsOperationToTheNativeOne) {
+TEST_F(Converters, Edit_CarriesItsOperation) {
   run(oc2qd_cfglacpmode, leaf("lacp-mode", "ACTIVE").with(YFW_OPERATION_CREATE));
   EXPECT_EQ(only_addition().operation, std::uint32_t{YFW_OPERATION_CREATE});
 }
 
-TEST_F(Converters, StatusOfTheAdditionIsReturnedAfterEnd) {
+TEST_F(Converters, FailedAddition_ReturnsItsStatusAfterEndRecord) {
   platform.script("yfw_map_datatree_add_path_flagged", 0, 0x24);
   for (const Function converter :
        {oc2qd_cfglacpmode, oc2qd_cfgsystemidmac, oc2qd_intfcfgsystempriority, oc2qd_cfginterval}) {
@@ -195,7 +195,7 @@ TEST_F(Converters, StatusOfTheAdditionIsReturnedAfterEnd) {
   EXPECT_EQ(platform.traced("oc2qd_cfglacpmode", "End"), 1U);
 }
 
-TEST_F(Converters, ConfiguredNameIsIgnoredButAskedWhetherItIsDeleted) {
+TEST_F(Converters, ConfiguredName_IsIgnoredAfterAskingForDelete) {
   EXPECT_EQ(run(oc2qd_config_name_ignore, leaf("name", "a")), YFW_OK);
   EXPECT_EQ(run(oc2qd_config_name_ignore, leaf("name", "a").with(YFW_OPERATION_DELETE)), YFW_OK);
   EXPECT_EQ(platform.count("yfw_map_is_request_delete", "name"), 2U);
@@ -206,7 +206,7 @@ TEST_F(Converters, ConfiguredNameIsIgnoredButAskedWhetherItIsDeleted) {
 
 // ---- Paths of operational state
 
-TEST_F(Converters, OnlyTheAppliedModeHasTheLastFlag) {
+TEST_F(Converters, LastFlag_IsSetForTheAppliedModeOnly) {
   EXPECT_EQ(run(oc2qd_appliedlacpmode, leaf("lacp-mode"), YFW_REQUEST_READ_STATE), YFW_OK);
   EXPECT_EQ(run(oc2qd_statesystemidmac, leaf("system-id-mac"), YFW_REQUEST_READ_STATE), YFW_OK);
   EXPECT_EQ(run(oc2qd_intfstatesystempriority, leaf("system-priority"), YFW_REQUEST_READ_STATE), YFW_OK);
@@ -220,7 +220,7 @@ TEST_F(Converters, OnlyTheAppliedModeHasTheLastFlag) {
   for (const support::Addition& addition : platform.additions()) EXPECT_EQ(addition.ns, support::kBundlemgrOper);
 }
 
-TEST_F(Converters, OfStateChangeNothingInAnEdit) {
+TEST_F(Converters, StateInEdit_AddsNothing) {
   for (const Function converter :
        {oc2qd_appliedlacpmode, oc2qd_statesystemidmac, oc2qd_intfstatesystempriority, oc2qd_actorportstate}) {
     EXPECT_EQ(run(converter, leaf("leaf", "value")), YFW_OK);
@@ -228,7 +228,7 @@ TEST_F(Converters, OfStateChangeNothingInAnEdit) {
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(Converters, OnlyTheAppliedModeAsksWhetherAnEditDeletes) {
+TEST_F(Converters, StateInEdit_AsksForDeleteForTheAppliedModeOnly) {
   run(oc2qd_statesystemidmac, leaf("leaf"));
   run(oc2qd_intfstatesystempriority, leaf("leaf"));
   run(oc2qd_actorportstate, leaf("leaf"));
@@ -252,7 +252,7 @@ class InterfaceTargets : public support::ModuleTest {
   xpath_list_type_t entries[3];
 };
 
-TEST_F(InterfaceTargets, InterfaceConfigurationIsSelected) {
+TEST_F(InterfaceTargets, InterfaceConfiguration_IsSelected) {
   set_path(0, "/interface-configurations/interface-configuration");
   set_path(1, "/lacp-bundles/bundles/bundle");
   EXPECT_EQ(oc2qd_intf_name(platform.ctx(), 2, entries), YFW_OK);
@@ -261,7 +261,7 @@ TEST_F(InterfaceTargets, InterfaceConfigurationIsSelected) {
   EXPECT_THAT(platform.trace(), ElementsAre("TRC oc2qd_intf_name: Start", "TRC oc2qd_intf_name: End"));
 }
 
-TEST_F(InterfaceTargets, OnlyTheFirstOfSeveralIsSelected) {
+TEST_F(InterfaceTargets, SeveralMatches_SelectTheFirstOnly) {
   set_path(0, "/lacp-bundles/bundles/bundle");
   set_path(1, "/interface-configurations/interface-configuration");
   set_path(2, "/interface-configurations/other");
@@ -271,20 +271,20 @@ TEST_F(InterfaceTargets, OnlyTheFirstOfSeveralIsSelected) {
   EXPECT_EQ(entries[2].selected, 0U);
 }
 
-TEST_F(InterfaceTargets, CountOfZeroChangesNothing) {
+TEST_F(InterfaceTargets, CountOfZero_ChangesNothing) {
   set_path(0, "/interface-configurations/interface-configuration");
   EXPECT_EQ(oc2qd_intf_name(platform.ctx(), 0, entries), YFW_OK);
   EXPECT_EQ(entries[0].selected, 0U);
 }
 
-TEST_F(InterfaceTargets, PathMustLieUnderTheListsContainer) {
+TEST_F(InterfaceTargets, PathOutsideTheContainer_IsNotSelected) {
   set_path(0, "/interface-configurations");
   set_path(1, "/interface-configurationsX/a");
   EXPECT_EQ(oc2qd_intf_name(platform.ctx(), 2, entries), YFW_OK);
   EXPECT_EQ(entries[0].selected + entries[1].selected, 0U);
 }
 
-TEST_F(InterfaceTargets, NothingButTheSelectionIsChanged) {
+TEST_F(InterfaceTargets, Selection_ChangesNothingElse) {
   set_path(0, "/interface-configurations/interface-configuration");
   entries[0].list_entry = 7;
   entries[0].value[0] = 'v';
@@ -294,7 +294,7 @@ TEST_F(InterfaceTargets, NothingButTheSelectionIsChanged) {
   EXPECT_EQ(std::memcmp(&entries[0], &expected, sizeof expected), 0);
 }
 
-TEST_F(InterfaceTargets, RecordHasTheSizesThatItsUsersGoBy) {
+TEST_F(InterfaceTargets, Record_HasItsFixedSizesAndOrder) {
   EXPECT_EQ(sizeof entries[0].path, 250U);
   EXPECT_EQ(sizeof entries[0].ns, 110U);
   EXPECT_EQ(sizeof entries[0].value, 256U);
@@ -305,7 +305,7 @@ TEST_F(InterfaceTargets, RecordHasTheSizesThatItsUsersGoBy) {
 
 using InterfaceTargetsDeathTest = InterfaceTargets;
 
-TEST_F(InterfaceTargetsDeathTest, NullContextEndsTheProcess) {
+TEST_F(InterfaceTargetsDeathTest, NullContext_Aborts) {
   EXPECT_DEATH(oc2qd_intf_name(nullptr, 0, entries),
                "cerrno oc2qd_intf_name\\(yfw_map_ctx, int, xpath_list_type_t \\*\\): "
                "Assertion `\\(\\(void \\*\\)0\\) != ctx' failed");
@@ -327,7 +327,7 @@ class ListKeys : public support::ModuleTest {
   Request entry{interface_entry("Bundle-Ether1")};
 };
 
-TEST_F(ListKeys, OfAnInterfaceAddTheInterfaceConfigurationOnly) {
+TEST_F(ListKeys, InterfaceInEdit_AddsTheInterfaceConfigurationOnly) {
   EXPECT_EQ(interface_key(entry), YFW_OK);
   EXPECT_EQ(only_addition().path, kEntry);
   EXPECT_EQ(only_addition().ns, support::kIfmgrCfg);
@@ -338,7 +338,7 @@ TEST_F(ListKeys, OfAnInterfaceAddTheInterfaceConfigurationOnly) {
   EXPECT_EQ(only_addition().last_flag, 0);
 }
 
-TEST_F(ListKeys, OfAnInterfacePassNoNodeInARead) {
+TEST_F(ListKeys, InterfaceInRead_HasNoNode) {
   for (const std::uint32_t operation : {0U, 10U}) {
     platform.set_operation(operation);
     EXPECT_EQ(interface_key(entry), YFW_OK);
@@ -347,25 +347,25 @@ TEST_F(ListKeys, OfAnInterfacePassNoNodeInARead) {
   }
 }
 
-TEST_F(ListKeys, OfAnInterfaceStartEveryRequestFromAnUnselectedTable) {
+TEST_F(ListKeys, SecondInterface_StartsFromAnUnselectedTable) {
   EXPECT_EQ(interface_key(entry), YFW_OK);
   EXPECT_EQ(interface_key(entry), YFW_OK);
   EXPECT_THAT(added(), ElementsAre(kEntry, kEntry));
 }
 
-TEST_F(ListKeys, OfAnInterfaceCallTheDeletionOnceInADelete) {
+TEST_F(ListKeys, InterfaceInDelete_CallsTheDeletionOnce) {
   Request deleted(interface_entry("Bundle-Ether1").with(YFW_OPERATION_DELETE));
   EXPECT_EQ(interface_key(deleted), YFW_NOTHING_TO_DELETE);
   EXPECT_EQ(platform.traced("oc_to_qd_all_lacp_cfg_delete", "Start"), 1U);
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(ListKeys, OfAnInterfaceReturnTheStatusOfTheAddition) {
+TEST_F(ListKeys, FailedAdditionOfInterface_ReturnsItsStatus) {
   platform.script("yfw_map_datatree_add_path_flagged", 0, 0x31);
   EXPECT_EQ(interface_key(entry), 0x31U);
 }
 
-TEST_F(ListKeys, OfAMemberAddTheMemberList) {
+TEST_F(ListKeys, MemberInEdit_AddsTheMemberList) {
   EXPECT_EQ(member_key(entry), YFW_OK);
   EXPECT_EQ(only_addition().path, "/lacp-bundles/bundles/bundle/members/member");
   EXPECT_EQ(only_addition().ns, support::kBundlemgrOper);
@@ -375,7 +375,7 @@ TEST_F(ListKeys, OfAMemberAddTheMemberList) {
   EXPECT_EQ(only_addition().last_flag, 0);
 }
 
-TEST_F(ListKeys, OfAMemberPassNoNodeInARead) {
+TEST_F(ListKeys, MemberInRead_HasNoNode) {
   platform.set_operation(YFW_REQUEST_READ_STATE);
   EXPECT_EQ(member_key(entry), YFW_OK);
   EXPECT_EQ(only_addition().source, nullptr);
@@ -397,19 +397,19 @@ class InterfaceName : public support::ModuleTest {
   Request bundle{leaf("name", "Bundle-Ether1")};
 };
 
-TEST_F(InterfaceName, OfAVirtualInterfaceAddsNameActiveAndVirtual) {
+TEST_F(InterfaceName, VirtualInterface_AddsNameActiveAndVirtual) {
   platform.add_virtual("Bundle-Ether1");
   EXPECT_EQ(run(bundle), YFW_OK);
   EXPECT_THAT(added(), ElementsAre(named("Bundle-Ether1"), active("act"), kVirtual));
 }
 
-TEST_F(InterfaceName, OfAPhysicalInterfaceAddsNameAndActive) {
+TEST_F(InterfaceName, PhysicalInterface_AddsNameAndActive) {
   platform.add_physical("Bundle-Ether1");
   EXPECT_EQ(run(bundle), YFW_OK);
   EXPECT_THAT(added(), ElementsAre(named("Bundle-Ether1"), active("act")));
 }
 
-TEST_F(InterfaceName, CarriesTheKeyLeafInAnEdit) {
+TEST_F(InterfaceName, Edit_CarriesTheKeyLeaf) {
   platform.add_virtual("Bundle-Ether1");
   run(bundle);
   ASSERT_EQ(platform.additions().size(), 3U);
@@ -421,7 +421,7 @@ TEST_F(InterfaceName, CarriesTheKeyLeafInAnEdit) {
   }
 }
 
-TEST_F(InterfaceName, NameAndActiveAreListKeysAndVirtualIsNot) {
+TEST_F(InterfaceName, Edit_MarksNameAndActiveAsListKeys) {
   platform.add_virtual("Bundle-Ether1");
   run(bundle);
   ASSERT_EQ(platform.additions().size(), 3U);
@@ -430,7 +430,7 @@ TEST_F(InterfaceName, NameAndActiveAreListKeysAndVirtualIsNot) {
   EXPECT_EQ(platform.additions()[2].list_flag, 0);
 }
 
-TEST_F(InterfaceName, ThatDeletesGivesItsValueToActive) {
+TEST_F(InterfaceName, Delete_GivesItsValueToActive) {
   Request deleting(leaf("name", "Bundle-Ether1").with(YFW_OPERATION_REMOVE));
   platform.add_virtual("Bundle-Ether1");
   EXPECT_EQ(run(deleting), YFW_OK);
@@ -438,7 +438,7 @@ TEST_F(InterfaceName, ThatDeletesGivesItsValueToActive) {
   EXPECT_EQ(platform.count("imc_interface_find"), 0U) << "a deleted interface is not looked up";
 }
 
-TEST_F(InterfaceName, InAReadAsksForNameAndActiveWithoutNode) {
+TEST_F(InterfaceName, Read_RequestsNameAndActiveWithoutNode) {
   for (const std::uint32_t operation : {0U, 10U}) {
     const std::size_t before = platform.additions().size();
     EXPECT_EQ(run(bundle, operation), YFW_OK);
@@ -452,7 +452,7 @@ TEST_F(InterfaceName, InAReadAsksForNameAndActiveWithoutNode) {
   EXPECT_EQ(platform.count("imc_interface_find"), 0U);
 }
 
-TEST_F(InterfaceName, InAReadIsLeftOutWhenTheFrameworkSaysSo) {
+TEST_F(InterfaceName, ReadWithClosedKeyGate_RequestsNothing) {
   struct Case {
     std::uint32_t word;
     std::uint8_t level;
@@ -468,14 +468,14 @@ TEST_F(InterfaceName, InAReadIsLeftOutWhenTheFrameworkSaysSo) {
   }
 }
 
-TEST_F(InterfaceName, InAnEditIsAddedWhateverTheFrameworkSaysOfReads) {
+TEST_F(InterfaceName, EditWithClosedKeyGate_AddsTheName) {
   platform.state().key_gate = {.word = 1, .level = 0};
   platform.add_physical("Bundle-Ether1");
   EXPECT_EQ(run(bundle), YFW_OK);
   EXPECT_EQ(platform.additions().size(), 2U);
 }
 
-TEST_F(InterfaceName, ReturnsTheStatusOfTheLastAddition) {
+TEST_F(InterfaceName, FailedAdditions_ReturnTheStatusOfTheLast) {
   platform.add_virtual("Bundle-Ether1");
   platform.script("yfw_map_datatree_add_path_flagged", 1, 0x41, "/interface-name");
   platform.script("yfw_map_datatree_add_path_flagged", 1, 0x42, "/active");
@@ -484,14 +484,14 @@ TEST_F(InterfaceName, ReturnsTheStatusOfTheLastAddition) {
   EXPECT_EQ(run(bundle), 0x43U);
 }
 
-TEST_F(InterfaceName, ReturnsTheStatusOfActiveWhereItIsTheLast) {
+TEST_F(InterfaceName, FailedActiveAsLastAddition_ReturnsItsStatus) {
   platform.add_physical("Bundle-Ether1");
   platform.script("yfw_map_datatree_add_path_flagged", 0, 0x42, "/active");
   EXPECT_EQ(run(bundle), 0x42U);
   EXPECT_EQ(run(bundle, YFW_REQUEST_READ_CONFIG), 0x42U);
 }
 
-TEST_F(InterfaceName, WithSlashesIsLookedUpInEntryFormAndAddedAsItIs) {
+TEST_F(InterfaceName, NameWithSlashes_IsLookedUpInEntryFormAndAddedUnchanged) {
   Request request(leaf("name", "GigabitEthernet0/0/0/1"));
   platform.add_physical("GigabitEthernet0_0_0_1");
   EXPECT_EQ(run(request), YFW_OK);

@@ -55,7 +55,7 @@ cerrno walk(Platform& platform, const Inner& inner, Request& request) {
   return inner.walker.function(platform.ctx(), request.root(), platform.output());
 }
 
-TEST(Walkers, DispatchEachChildToItsWalker) {
+TEST(Walkers, Child_IsDispatchedToItsWalker) {
   for (const Inner& inner : nodes::openconfig().inner) {
     for (const std::string& child : inner.children) {
       const std::string path = inner.path + "/" + child;
@@ -69,7 +69,7 @@ TEST(Walkers, DispatchEachChildToItsWalker) {
   }
 }
 
-TEST(Walkers, TestTheTagsOfTheirChildrenInOrder) {
+TEST(Walkers, Tags_AreTestedInOrder) {
   for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
@@ -93,7 +93,7 @@ std::vector<std::string> expansion_of(const Inner& inner) {
   return inner.children;
 }
 
-TEST(Walkers, ExpandIntoTheirChildrenInOrderAndTheirOwnAugmentParserLast) {
+TEST(Walkers, Expansion_CallsChildrenInOrderThenTheAugmentParser) {
   for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
@@ -116,7 +116,7 @@ TEST(Walkers, ExpandIntoTheirChildrenInOrderAndTheirOwnAugmentParserLast) {
   }
 }
 
-TEST(Walkers, CallTheirOwnContainerHandlerUnlessTheyWalkAList) {
+TEST(Walkers, Container_RunsItsOwnContainerHandler) {
   for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
@@ -129,7 +129,7 @@ TEST(Walkers, CallTheirOwnContainerHandlerUnlessTheyWalkAList) {
   }
 }
 
-TEST(Walkers, WalkOperationalStateInItsReadOnly) {
+TEST(Walkers, OperationalState_IsWalkedInStateReadsOnly) {
   for (const Inner& inner : nodes::openconfig().inner) {
     for (const std::string& child : inner.children) {
       const std::string path = inner.path + "/" + child;
@@ -149,7 +149,7 @@ TEST(Walkers, WalkOperationalStateInItsReadOnly) {
   }
 }
 
-TEST(Walkers, RefuseADeleteWithSubtreeWhereTheTableSaysSo) {
+TEST(Walkers, DeleteWithSubtree_IsRefusedWhereTheTableSaysSo) {
   for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
@@ -161,7 +161,7 @@ TEST(Walkers, RefuseADeleteWithSubtreeWhereTheTableSaysSo) {
   }
 }
 
-TEST(Walkers, GiveAForeignChildToTheirOwnAugmentParser) {
+TEST(Walkers, ForeignChild_GoesToTheWalkersAugmentParser) {
   for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
@@ -173,7 +173,7 @@ TEST(Walkers, GiveAForeignChildToTheirOwnAugmentParser) {
   }
 }
 
-TEST(Walkers, KnowTheirOwnNamespace) {
+TEST(Walkers, UnknownChildOfOwnNamespace_IsUnsupported) {
   for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
@@ -184,7 +184,7 @@ TEST(Walkers, KnowTheirOwnNamespace) {
   }
 }
 
-TEST(Walkers, OfListsTellAndCheckTheirOwnPath) {
+TEST(Walkers, List_SetsAndChecksItsOwnPath) {
   for (const Inner& inner : nodes::openconfig().inner) {
     if (inner.keys.empty()) continue;
     SCOPED_TRACE(inner.path);
@@ -197,7 +197,7 @@ TEST(Walkers, OfListsTellAndCheckTheirOwnPath) {
   }
 }
 
-TEST(LeafWalkers, CallTheirLeafHandler) {
+TEST(LeafWalkers, Leaf_RunsItsLeafHandler) {
   for (const Leaf& one : nodes::openconfig().leaves) {
     SCOPED_TRACE(one.path);
     Platform platform;
@@ -213,7 +213,7 @@ TEST(LeafWalkers, CallTheirLeafHandler) {
   }
 }
 
-TEST(AugmentParsers, RefuseWhatIsAddedAndIgnoreTheRest) {
+TEST(AugmentParsers, ForeignNode_IsRefusedInEditsAndIgnoredInReads) {
   for (const Inner& inner : nodes::openconfig().inner) {
     SCOPED_TRACE(inner.path);
     Platform platform;
@@ -236,14 +236,14 @@ class Requests : public support::ModuleTest {
   }
 };
 
-TEST_F(Requests, DeleteOfLacpWithChildrenIsRefused) {
+TEST_F(Requests, DeleteOfLacpWithChildren_IsRefused) {
   Request request(container("lacp", {container("config")}).with(YFW_OPERATION_DELETE));
   EXPECT_EQ(walk(request), YFW_INVALID_ARGUMENTS);
   EXPECT_EQ(platform.traced(support::kEntryWalker, "Delete request with subtree present"), 1U);
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(Requests, DeleteOfLacpByNameExpandsIntoEveryChildWalker) {
+TEST_F(Requests, DeleteOfWholeLacp_ExpandsIntoEveryChildWalker) {
   Request request(container("lacp").with(YFW_OPERATION_DELETE));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_EQ(platform.traced("ymap_oq_oclacp_openconfiglacp_lvla_lacp_config", "Start"), 1U);
@@ -252,14 +252,14 @@ TEST_F(Requests, DeleteOfLacpByNameExpandsIntoEveryChildWalker) {
   EXPECT_THAT(support::left_behind(platform, request), IsEmpty());
 }
 
-TEST_F(Requests, UnknownTagIsAnErrorInAnEditAndIgnoredInARead) {
+TEST_F(Requests, UnknownTag_IsAnErrorInEditsAndIgnoredInReads) {
   Request request(container("lacp", {leaf("unheard-of")}));
   EXPECT_EQ(walk(request), YFW_UNSUPPORTED_NODE);
   EXPECT_EQ(walk(request, YFW_REQUEST_READ_CONFIG), YFW_OK);
   EXPECT_EQ(walk(request, YFW_REQUEST_READ_STATE), YFW_OK);
 }
 
-TEST_F(Requests, InterfaceWithTwoNamesIsRefused) {
+TEST_F(Requests, InterfaceWithTwoNames_IsRefused) {
   Request request(lacp_with_interfaces({container("interface", {leaf("name", "a"), leaf("name", "b")})}));
   EXPECT_EQ(walk(request), YFW_BAD_LIST_KEY);
   EXPECT_EQ(platform.traced("ymap_oq_oclacp_openconfiglacp_lvla_lacp_interfaces_interface", "List key node error."),
@@ -267,7 +267,7 @@ TEST_F(Requests, InterfaceWithTwoNamesIsRefused) {
   EXPECT_EQ(platform.error_tag(), "name");
 }
 
-TEST_F(Requests, ReplaceOfAContainerRunsItsHandlerTwiceAndEndsAsReplace) {
+TEST_F(Requests, ReplaceOfContainer_RunsItsHandlerTwiceAndRestoresReplace) {
   Request request(container("lacp", {container("config", {leaf("system-priority", "7")}).with(YFW_OPERATION_REPLACE)}));
   EXPECT_EQ(walk(request), YFW_OK);
   EXPECT_EQ(platform.traced("ymap_oq_oclacp_openconfiglacp_cont_lvla_lacp_config", "Start"), 2U);
@@ -278,14 +278,14 @@ TEST_F(Requests, ReplaceOfAContainerRunsItsHandlerTwiceAndEndsAsReplace) {
   EXPECT_THAT(support::left_behind(platform, request), IsEmpty());
 }
 
-TEST_F(Requests, ReadOfTheOperationalIntervalIsRefusedByName) {
+TEST_F(Requests, ReadOfOperationalInterval_IsRefusedByName) {
   Request request(lacp_with_interfaces(
       {container("interface", {leaf("name", "Bundle-Ether1"), container("state", {leaf("interval")})})}));
   EXPECT_EQ(walk(request, YFW_REQUEST_READ_STATE), YFW_UNSUPPORTED_NODE);
   EXPECT_EQ(platform.error_tag(), "interval");
 }
 
-TEST_F(Requests, DeletedKeyOfAnInterfaceIsRefused) {
+TEST_F(Requests, DeletedKeyOfInterface_IsRefused) {
   Request request(lacp_with_interfaces(
       {container("interface", {leaf("name", "Bundle-Ether1").with(YFW_OPERATION_DELETE), container("config")})}));
   EXPECT_EQ(walk(request), YFW_LIST_KEY_DELETED);
@@ -294,7 +294,7 @@ TEST_F(Requests, DeletedKeyOfAnInterfaceIsRefused) {
             1U);
 }
 
-TEST_F(Requests, ReadingActivityAndTimeoutAsksForThePortStateTwice) {
+TEST_F(Requests, ReadOfActivityAndTimeout_RequestsThePortStateTwice) {
   Request request(lacp_with_interfaces({container(
       "interface",
       {leaf("name", "Bundle-Ether1"),
@@ -304,7 +304,7 @@ TEST_F(Requests, ReadingActivityAndTimeoutAsksForThePortStateTwice) {
   EXPECT_EQ(platform.count("yfw_map_datatree_add_path_flagged", "/link-data/actor-port-state\""), 2U);
 }
 
-TEST_F(Requests, EditOfOperationalStateAddsNothing) {
+TEST_F(Requests, EditOfOperationalState_AddsNothing) {
   Request request(
       lacp_with_interfaces({interface_entry("Bundle-Ether1"),
                             container("interface", {leaf("name", "Bundle-Ether2"), container("members")})}));

@@ -39,7 +39,7 @@ Outcome run(const Leaf& leaf, std::uint32_t operation = YFW_REQUEST_READ_STATE, 
   return {status, platform.additions(), platform.trace()};
 }
 
-TEST(NativeLeafHandlers, RecordUnderTheirOwnNameAndThatOfTheirConverter) {
+TEST(NativeLeafHandlers, StateRead_RecordsHandlerAndConverterNames) {
   for (const Leaf& leaf : nodes::native().leaves) {
     SCOPED_TRACE(leaf.path);
     const std::string own = "TRC " + leaf.handler.name;
@@ -52,7 +52,7 @@ TEST(NativeLeafHandlers, RecordUnderTheirOwnNameAndThatOfTheirConverter) {
   }
 }
 
-TEST(NativeLeafHandlers, ReportTheirTargetsInOrderWithTheirFlagsAndWithoutNode) {
+TEST(NativeLeafHandlers, Targets_AreReportedInOrderWithFlagsAndWithoutNode) {
   for (const Leaf& leaf : nodes::native().leaves) {
     SCOPED_TRACE(leaf.path);
     const Outcome outcome = run(leaf);
@@ -71,7 +71,7 @@ TEST(NativeLeafHandlers, ReportTheirTargetsInOrderWithTheirFlagsAndWithoutNode) 
   }
 }
 
-TEST(NativeLeafHandlers, OfOperationalDataCopyTheirValueUnlessTheyConvertIt) {
+TEST(NativeLeafHandlers, UnconvertedLeaf_CopiesItsValue) {
   for (const Leaf& leaf : nodes::native().leaves) {
     const std::string tag = nodes::tag_of(leaf.path);
     if (tag == "applied-lacp-mode" || tag == "actor-port-state" || tag == "mode" || tag == "period") continue;
@@ -79,7 +79,7 @@ TEST(NativeLeafHandlers, OfOperationalDataCopyTheirValueUnlessTheyConvertIt) {
   }
 }
 
-TEST(NativeLeafHandlers, ReturnTheStatusOfTheirLastAdditionButForThePortState) {
+TEST(NativeLeafHandlers, FailedAdditions_ReturnTheirStatusExceptForThePortState) {
   for (const Leaf& leaf : nodes::native().leaves) {
     SCOPED_TRACE(leaf.path);
     const bool heeded = !leaf.targets.empty() && nodes::tag_of(leaf.path) != "actor-port-state";
@@ -87,7 +87,7 @@ TEST(NativeLeafHandlers, ReturnTheStatusOfTheirLastAdditionButForThePortState) {
   }
 }
 
-TEST(NativeLeafHandlers, OfBundlesAndMembersDoNotAskForTheRequestsOperationThemselves) {
+TEST(NativeLeafHandlers, OtherRequests_ReportTheSameTargets) {
   for (const Leaf& leaf : nodes::native().leaves) {
     const std::string tag = nodes::tag_of(leaf.path);
     if (tag == "applied-lacp-mode" || tag == "interface-name") continue;
@@ -97,7 +97,7 @@ TEST(NativeLeafHandlers, OfBundlesAndMembersDoNotAskForTheRequestsOperationThems
   }
 }
 
-TEST(NativeLeafHandlers, NeverReportTransmissionErrors) {
+TEST(NativeLeafHandlers, TransmissionErrors_AreNeverReported) {
   for (const Leaf& leaf : nodes::native().leaves) {
     for (const Addition& addition : run(leaf).additions) {
       EXPECT_EQ(addition.path.find("lacp-tx-errors"), std::string::npos) << leaf.path;

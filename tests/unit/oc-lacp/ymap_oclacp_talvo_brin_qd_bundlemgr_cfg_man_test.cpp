@@ -44,7 +44,7 @@ class ConfiguredMode : public Converter {};
 class ConfiguredPeriod : public Converter {};
 class GlobalPriority : public Converter {};
 
-TEST_F(ConfiguredLeaf, NeedsTheNameOfItsInterface) {
+TEST_F(ConfiguredLeaf, FailedNameLookUp_IsTracedAndReturned) {
   platform.script("yfw_map_get_node_info", 0, 0x77);
   for (const Named<NodeFunction>& one : kConverters) {
     SCOPED_TRACE(one.name);
@@ -58,13 +58,13 @@ TEST_F(ConfiguredLeaf, NeedsTheNameOfItsInterface) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(ConfiguredLeaf, EndsWithTheFailedLookUpOfItsInterfaceAlthoughANameCame) {
+TEST_F(ConfiguredLeaf, FailedLookUpWithName_IsReturned) {
   platform.node_info_failures[kNameOfEntry] = 0x77;
   for (const Named<NodeFunction>& one : kConverters) EXPECT_EQ(run(one.function, "1000"), 0x77U) << one.name;
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(ConfiguredLeaf, IsNotReportedForASubInterfaceOrWithoutLacp) {
+TEST_F(ConfiguredLeaf, SubInterfaceOrNoLacp_IsNotReported) {
   for (const char* name : {"Bundle-Ether1.100", "MgmtEth0/0/0/0"}) {
     platform.node_info[kNameOfEntry] = name;
     for (const Named<NodeFunction>& one : kConverters) EXPECT_EQ(run(one.function, "1000"), YFW_OK) << one.name;
@@ -73,7 +73,7 @@ TEST_F(ConfiguredLeaf, IsNotReportedForASubInterfaceOrWithoutLacp) {
   for (const Named<NodeFunction>& one : kConverters) EXPECT_EQ(platform.traced(one.name, "End"), 2U) << one.name;
 }
 
-TEST_F(ConfiguredLeaf, IsReportedInEveryRequest) {
+TEST_F(ConfiguredLeaf, AnyRequest_ReportsTheLeaf) {
   for (const std::uint32_t operation : {0U, 1U, 8U, 10U, 15U}) {
     platform.set_operation(operation);
     for (const Named<NodeFunction>& one : kConverters) EXPECT_EQ(run(one.function, "1000"), YFW_OK) << one.name;
@@ -88,7 +88,7 @@ TEST_F(ConfiguredLeaf, IsReportedInEveryRequest) {
   }
 }
 
-TEST_F(ConfiguredLeaf, ReturnsTheStatusOfItsAddition) {
+TEST_F(ConfiguredLeaf, FailedAddition_ReturnsItsStatus) {
   platform.script("yfw_map_datatree_add_path_flagged", 0, 0x77);
   for (const Named<NodeFunction>& one : kConverters) {
     EXPECT_EQ(run(one.function, "1000"), 0x77U) << one.name;
@@ -96,14 +96,14 @@ TEST_F(ConfiguredLeaf, ReturnsTheStatusOfItsAddition) {
   }
 }
 
-TEST_F(ConfiguredLeaf, IsCopiedAsItIsWhenItIsPriorityOrMac) {
+TEST_F(ConfiguredLeaf, PriorityOrMac_IsCopiedUnchanged) {
   EXPECT_EQ(run(qd2oc_intfcfgsystempriority, "0100"), YFW_OK);
   EXPECT_EQ(run(qd2oc_cfgsystemidmac, "00-11:22.x"), YFW_OK);
   EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface/config/system-priority=0100",
                                    "/lacp/interfaces/interface/config/system-id-mac=00-11:22.x"));
 }
 
-TEST_F(ConfiguredLeaf, IsSuppressedByOptionsWhenItIsModeOrPeriod) {
+TEST_F(ConfiguredLeaf, SuppressingOptions_SuppressModeAndPeriodOnly) {
   suppress();
   for (const Named<NodeFunction>& one : kConverters) {
     EXPECT_EQ(run(one.function, "1000"), YFW_OK) << one.name;
@@ -113,7 +113,7 @@ TEST_F(ConfiguredLeaf, IsSuppressedByOptionsWhenItIsModeOrPeriod) {
                                    "/lacp/interfaces/interface/config/system-id-mac=1000"));
 }
 
-TEST_F(ConfiguredMode, BecomesActiveOrPassive) {
+TEST_F(ConfiguredMode, Mode_IsPassiveUnlessActive) {
   for (const char* value : {"active", "passive", "ACTIVE", "actively", "", "whatever"}) {
     EXPECT_EQ(run(qd2oc_cfglacpmode, value), YFW_OK);
     EXPECT_EQ(added().back(), std::string("/lacp/interfaces/interface/config/lacp-mode=") +
@@ -122,7 +122,7 @@ TEST_F(ConfiguredMode, BecomesActiveOrPassive) {
   }
 }
 
-TEST_F(ConfiguredMode, OnIsNotReportedAndThatIsTold) {
+TEST_F(ConfiguredMode, ModeOn_IsTracedAndNotReported) {
   EXPECT_EQ(run(qd2oc_cfglacpmode, "on"), YFW_OK);
   EXPECT_THAT(added(), IsEmpty());
   EXPECT_THAT(platform.trace(),
@@ -131,13 +131,13 @@ TEST_F(ConfiguredMode, OnIsNotReportedAndThatIsTold) {
                           "TRC qd2oc_cfglacpmode: End"));
 }
 
-TEST_F(ConfiguredMode, IsConvertedBeforeTheInterfaceIsLookedAt) {
+TEST_F(ConfiguredMode, Mode_IsConvertedBeforeTheInterfaceIsChecked) {
   EXPECT_EQ(run(qd2oc_cfglacpmode, "active"), YFW_OK);
   EXPECT_LT(position("yfw_strcpy_s", "\"qd2oc_cfglacpmode\" size=10 \"ACTIVE\""),
             position("get_intf_type_if_lacp_configured"));
 }
 
-TEST_F(ConfiguredMode, FailedComparisonFailsOnAnInterfaceThatIsNotShownToo) {
+TEST_F(ConfiguredMode, FailedComparisonForUnmappedInterface_IsReturned) {
   platform.node_info[kNameOfEntry] = "Bundle-Ether1.100";
   for (const char* known : {"\"on\"", "\"active\""}) {
     platform.script("yfw_strcmp_s", 1, 0x77, std::string("\"passive\" ") + known);
@@ -150,7 +150,7 @@ TEST_F(ConfiguredMode, FailedComparisonFailsOnAnInterfaceThatIsNotShownToo) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(ConfiguredMode, FailedComparisons_AreRecordedAtAPlaceEach) {
+TEST_F(ConfiguredMode, FailedComparisons_AreRecordedAtDifferentPlaces) {
   const std::string text = " qd2oc_cfglacpmode yfw_strcmp_s failed with error : status 0x00000077\n";
   platform.script("yfw_strcmp_s", 1, 0x77, "\"on\"");
   EXPECT_EQ(run(qd2oc_cfglacpmode, "passive"), 0x77U);
@@ -160,13 +160,13 @@ TEST_F(ConfiguredMode, FailedComparisons_AreRecordedAtAPlaceEach) {
   support::expect_two_places(first, support::place_of(platform, text));
 }
 
-TEST_F(ConfiguredMode, WithoutValueFailsInItsFirstComparison) {
+TEST_F(ConfiguredMode, ModeWithoutValue_FailsInItsFirstComparison) {
   Request request(leaf("mode"));
   EXPECT_EQ(qd2oc_cfglacpmode(platform.ctx(), request.root(), platform.output()), support::kStringRefused);
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(ConfiguredMode, FailedCopyIsToldAndEndsAtOnce) {
+TEST_F(ConfiguredMode, FailedCopy_IsTracedWithoutEndRecord) {
   platform.script("yfw_strcpy_s", 0, 0x77);
   EXPECT_EQ(run(qd2oc_cfglacpmode, "active"), 0x77U);
   EXPECT_THAT(platform.trace(),
@@ -176,7 +176,7 @@ TEST_F(ConfiguredMode, FailedCopyIsToldAndEndsAtOnce) {
   EXPECT_EQ(platform.count("get_intf_type_if_lacp_configured"), 0U);
 }
 
-TEST_F(ConfiguredPeriod, BecomesFastOrSlow) {
+TEST_F(ConfiguredPeriod, SupportedPeriod_BecomesFastOrSlow) {
   for (const char* value : {"true", "1000"}) {
     EXPECT_EQ(run(qd2oc_cfginterval, value), YFW_OK);
     EXPECT_EQ(added().back(), "/lacp/interfaces/interface/config/interval=FAST") << value;
@@ -186,7 +186,7 @@ TEST_F(ConfiguredPeriod, BecomesFastOrSlow) {
   EXPECT_EQ(platform.additions().size(), 3U);
 }
 
-TEST_F(ConfiguredPeriod, OfAnyOtherLengthIsRefused) {
+TEST_F(ConfiguredPeriod, OtherPeriod_IsRefused) {
   unsigned refused = 0;
   for (const char* value : {"200", "1", "false", "TRUE", "01000", "30001", ""}) {
     SCOPED_TRACE(value);
@@ -197,7 +197,7 @@ TEST_F(ConfiguredPeriod, OfAnyOtherLengthIsRefused) {
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(ConfiguredPeriod, RefusalIsToldAndEnds) {
+TEST_F(ConfiguredPeriod, RefusedPeriod_IsRecordedWithEndRecord) {
   EXPECT_EQ(run(qd2oc_cfginterval, "200"), YFW_UNSUPPORTED_INTERVAL);
   EXPECT_THAT(
       platform.trace(),
@@ -206,7 +206,7 @@ TEST_F(ConfiguredPeriod, RefusalIsToldAndEnds) {
                   "TRC qd2oc_cfginterval: End"));
 }
 
-TEST_F(ConfiguredPeriod, RefusalMarksTheErrorPathBeforeItStoresTheTagAndFreesNothing) {
+TEST_F(ConfiguredPeriod, RefusedPeriod_RecordsThenMarksThenStoresWithoutFreeing) {
   char* const held = yfw_strdup("held", YFW_ALLOCATION_TAG);
   platform.state().error_tag = held;
   EXPECT_EQ(run(qd2oc_cfginterval, "200"), YFW_UNSUPPORTED_INTERVAL);
@@ -217,7 +217,7 @@ TEST_F(ConfiguredPeriod, RefusalMarksTheErrorPathBeforeItStoresTheTagAndFreesNot
   EXPECT_EQ(platform.seen().copies.count(held), 1U);
 }
 
-TEST_F(ConfiguredPeriod, ThatIsUnsupportedIsNoErrorOnAnInterfaceThatIsNotShown) {
+TEST_F(ConfiguredPeriod, UnsupportedPeriodOfUnmappedInterface_IsNotAnError) {
   for (const char* name : {"Bundle-Ether1.100", "MgmtEth0/0/0/0"}) {
     platform.node_info[kNameOfEntry] = name;
     EXPECT_EQ(run(qd2oc_cfginterval, "200"), YFW_OK) << name;
@@ -226,7 +226,7 @@ TEST_F(ConfiguredPeriod, ThatIsUnsupportedIsNoErrorOnAnInterfaceThatIsNotShown) 
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(ConfiguredPeriod, FailedComparisonWithTrueFails) {
+TEST_F(ConfiguredPeriod, FailedComparisonWithTrue_ReturnsItsCode) {
   platform.script("yfw_strcmp_s", 0, 0x77, "\"true\"");
   EXPECT_EQ(run(qd2oc_cfginterval, "30000"), 0x77U);
   EXPECT_THAT(platform.trace(),
@@ -236,7 +236,7 @@ TEST_F(ConfiguredPeriod, FailedComparisonWithTrueFails) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(ConfiguredPeriod, FailedComparisonWithMillisecondsRefusesThePeriod) {
+TEST_F(ConfiguredPeriod, FailedComparisonWithMilliseconds_RefusesThePeriod) {
   for (const char* known : {"\"1000\"", "\"30000\""}) {
     SCOPED_TRACE(known);
     platform.script("yfw_strcmp_s", 1, 0x77, std::string("\"30000\" ") + known);
@@ -250,7 +250,7 @@ TEST_F(ConfiguredPeriod, FailedComparisonWithMillisecondsRefusesThePeriod) {
   }
 }
 
-TEST_F(ConfiguredPeriod, FailedCopyIsToldAndEndsAtOnce) {
+TEST_F(ConfiguredPeriod, FailedCopy_IsTracedWithoutEndRecord) {
   platform.script("yfw_strcpy_s", 0, 0x77);
   EXPECT_EQ(run(qd2oc_cfginterval, "30000"), 0x77U);
   EXPECT_THAT(platform.trace(),
@@ -259,12 +259,12 @@ TEST_F(ConfiguredPeriod, FailedCopyIsToldAndEndsAtOnce) {
                           "0x00000077\n"));
 }
 
-TEST_F(ConfiguredPeriod, ThatIsUnsupportedIsRefusedWhateverTheOptions) {
+TEST_F(ConfiguredPeriod, UnsupportedPeriodUnderSuppressingOptions_IsRefused) {
   suppress();
   EXPECT_EQ(run(qd2oc_cfginterval, "200"), YFW_UNSUPPORTED_INTERVAL);
 }
 
-TEST_F(GlobalPriority, IsReportedAsItIsAndAsksForNoInterface) {
+TEST_F(GlobalPriority, Priority_IsReportedUnchangedWithoutInterfaceLookUp) {
   platform.node_info.clear();
   platform.lacp_interfaces.clear();
   for (const std::uint32_t operation : {0U, 1U, 10U}) {
@@ -278,14 +278,14 @@ TEST_F(GlobalPriority, IsReportedAsItIsAndAsksForNoInterface) {
   EXPECT_EQ(platform.count("get_intf_type_if_lacp_configured") + platform.count("yfw_map_get_node_info"), 0U);
 }
 
-TEST_F(GlobalPriority, IsSuppressedByOptionsWithSuccess) {
+TEST_F(GlobalPriority, SuppressingOptions_SuppressWithSuccess) {
   suppress();
   EXPECT_EQ(run(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_lacp_systempriority, "100"), YFW_OK);
   EXPECT_THAT(added(), IsEmpty());
   EXPECT_EQ(platform.traced("ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_lacp_systempriority", "End"), 1U);
 }
 
-TEST_F(GlobalPriority, ReturnsTheStatusOfItsAddition) {
+TEST_F(GlobalPriority, FailedAddition_ReturnsItsStatus) {
   platform.script("yfw_map_datatree_add_path_flagged", 0, 0x77);
   EXPECT_EQ(run(ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_lacp_systempriority, "100"), 0x77U);
 }

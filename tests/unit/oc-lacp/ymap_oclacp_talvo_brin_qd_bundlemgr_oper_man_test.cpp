@@ -39,7 +39,7 @@ class BundleLeaf : public OperationalData {};
 class AppliedMode : public OperationalData {};
 class PortState : public OperationalData {};
 
-TEST_F(BundleEntry, IsFoundOrCreatedByItsName) {
+TEST_F(BundleEntry, NamedBundle_IsFoundOrCreatedByItsName) {
   platform.lacp_interfaces.clear();
   EXPECT_EQ(run(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle), YFW_OK);
   EXPECT_EQ(only_addition().path, "/lacp/interfaces/interface");
@@ -49,13 +49,13 @@ TEST_F(BundleEntry, IsFoundOrCreatedByItsName) {
   EXPECT_EQ(platform.count("get_intf_type_if_lacp_configured"), 0U) << "it needs no LACP configuration";
 }
 
-TEST_F(BundleEntry, OfASubInterfaceIsNotCreated) {
+TEST_F(BundleEntry, SubInterface_IsNotCreated) {
   platform.node_info[kNameOfBundle] = "Bundle-Ether1.100";
   EXPECT_EQ(run(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle), YFW_OK);
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(BundleEntry, WithoutNameIsNotCreatedAndReturnsTheStatusOfTheLookUp) {
+TEST_F(BundleEntry, MissingName_ReturnsTheLookUpStatusWithoutCreating) {
   platform.node_info.erase(kNameOfBundle);
   EXPECT_EQ(run(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle), support::kNodeUnknown);
   platform.script("yfw_map_get_node_info", 0, YFW_OK);
@@ -64,7 +64,7 @@ TEST_F(BundleEntry, WithoutNameIsNotCreatedAndReturnsTheStatusOfTheLookUp) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(BundleEntry, UsesANameThatCameWithAFailedLookUpAndDropsItsStatus) {
+TEST_F(BundleEntry, FailedLookUpWithName_UsesTheName) {
   platform.node_info_failures[kNameOfBundle] = 0x77;
   EXPECT_EQ(run(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle), YFW_OK);
   EXPECT_EQ(only_addition().key, "name=Bundle-Ether1");
@@ -74,12 +74,12 @@ TEST_F(BundleEntry, UsesANameThatCameWithAFailedLookUpAndDropsItsStatus) {
   EXPECT_EQ(platform.additions().size(), 1U);
 }
 
-TEST_F(BundleEntry, ReturnsTheStatusOfItsCreation) {
+TEST_F(BundleEntry, FailedCreation_ReturnsItsStatus) {
   platform.script("yfw_map_search_or_add_list", 0, 0x77);
   EXPECT_EQ(run(ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_bundles_bundle), 0x77U);
 }
 
-TEST_F(MemberEntry, IsAddedWithoutKeyAndNamesItsNodeWhenItIsDeleted) {
+TEST_F(MemberEntry, Member_IsAddedWithoutKeyAndWithNodeInDeletesOnly) {
   const NodeFunction show = ymap_qo_oclacp_talvobrinqdbundlemgroper_list_lvla_lacpbundles_members_member;
   for (const bool deletes : {false, true}) {
     SCOPED_TRACE(deletes);
@@ -101,7 +101,7 @@ TEST_F(MemberEntry, IsAddedWithoutKeyAndNamesItsNodeWhenItIsDeleted) {
 const Named<NodeFunction> kBundleLeaves[] = {NODES_NAMED(qd2oc_lacpmode), NODES_NAMED(qd2oc_statesystemidmac),
                                              NODES_NAMED(qd2oc_intfstatesystempriority)};
 
-TEST_F(BundleLeaf, NeedsTheNameOfItsBundle) {
+TEST_F(BundleLeaf, FailedNameLookUp_IsTracedAndReturned) {
   platform.script("yfw_map_get_node_info", 0, 0x77, "\"bundle-interface\"");
   for (const Named<NodeFunction>& one : kBundleLeaves) {
     SCOPED_TRACE(one.name);
@@ -115,7 +115,7 @@ TEST_F(BundleLeaf, NeedsTheNameOfItsBundle) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(BundleLeaf, EndsWithTheFailedLookUpOfItsBundleInEveryRequestAlthoughANameCame) {
+TEST_F(BundleLeaf, FailedLookUpWithName_IsReturnedInEveryRequest) {
   platform.node_info_failures[kNameOfBundle] = 0x77;
   for (const std::uint32_t operation : {0U, 1U, 8U, 10U, 15U}) {
     platform.set_operation(operation);
@@ -126,7 +126,7 @@ TEST_F(BundleLeaf, EndsWithTheFailedLookUpOfItsBundleInEveryRequestAlthoughAName
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(BundleLeaf, IsNotReportedForASubInterfaceOrWithoutLacp) {
+TEST_F(BundleLeaf, SubInterfaceOrNoLacp_IsNotReported) {
   for (const char* name : {"Bundle-Ether1.100", "Bundle-Ether2"}) {
     platform.node_info[kNameOfBundle] = name;
     for (const Named<NodeFunction>& one : kBundleLeaves) EXPECT_EQ(run(one.function), YFW_OK) << one.name;
@@ -135,7 +135,7 @@ TEST_F(BundleLeaf, IsNotReportedForASubInterfaceOrWithoutLacp) {
   for (const Named<NodeFunction>& one : kBundleLeaves) EXPECT_EQ(platform.traced(one.name, "End"), 2U) << one.name;
 }
 
-TEST_F(BundleLeaf, IsReportedInEveryRequestWhenItIsMacOrPriority) {
+TEST_F(BundleLeaf, MacOrPriority_IsReportedInEveryRequest) {
   for (const std::uint32_t operation : {0U, 1U, 8U, 10U, 15U}) {
     platform.set_operation(operation);
     EXPECT_EQ(run(qd2oc_statesystemidmac, "00:11:22:33:44:55"), YFW_OK);
@@ -147,12 +147,12 @@ TEST_F(BundleLeaf, IsReportedInEveryRequestWhenItIsMacOrPriority) {
   for (const support::Addition& addition : platform.additions()) EXPECT_EQ(addition.last_flag, 0) << addition.path;
 }
 
-TEST_F(BundleLeaf, ReturnsTheStatusOfItsAddition) {
+TEST_F(BundleLeaf, FailedAddition_ReturnsItsStatus) {
   platform.script("yfw_map_datatree_add_path_flagged", 0, 0x77);
   for (const Named<NodeFunction>& one : kBundleLeaves) EXPECT_EQ(run(one.function), 0x77U) << one.name;
 }
 
-TEST_F(AppliedMode, IsReadFromTheTreeAndNotFromItsNode) {
+TEST_F(AppliedMode, Mode_IsReadFromTheTreeNotFromItsNode) {
   EXPECT_EQ(run(qd2oc_lacpmode, "bmd-mode-passive"), YFW_OK);
   EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface/state/lacp-mode=ACTIVE"));
   EXPECT_EQ(only_addition().ns, support::kOpenconfigLacp);
@@ -163,7 +163,7 @@ TEST_F(AppliedMode, IsReadFromTheTreeAndNotFromItsNode) {
   EXPECT_EQ(added().back(), "/lacp/interfaces/interface/state/lacp-mode=PASSIVE");
 }
 
-TEST_F(AppliedMode, OfAnyOtherKindIsReportedEmpty) {
+TEST_F(AppliedMode, OtherMode_IsReportedEmpty) {
   for (const char* mode : {"bmd-mode-off", "active", "bmd-mode-active ", ""}) {
     platform.node_info[kModeOfBundle] = mode;
     EXPECT_EQ(run(qd2oc_lacpmode), YFW_OK);
@@ -172,19 +172,19 @@ TEST_F(AppliedMode, OfAnyOtherKindIsReportedEmpty) {
   EXPECT_EQ(platform.count("yfw_strcpy_s"), 0U);
 }
 
-TEST_F(AppliedMode, ThatCannotBeReadIsReportedEmpty) {
+TEST_F(AppliedMode, UnreadableMode_IsReportedEmpty) {
   platform.script("yfw_map_get_node_info", 0, 0x77, "\"applied-lacp-mode\"");
   EXPECT_EQ(run(qd2oc_lacpmode), YFW_OK);
   EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface/state/lacp-mode="));
 }
 
-TEST_F(AppliedMode, ThatCameWithAFailedLookUpIsUsed) {
+TEST_F(AppliedMode, FailedLookUpWithMode_UsesTheMode) {
   platform.node_info_failures[kModeOfBundle] = 0x77;
   EXPECT_EQ(run(qd2oc_lacpmode), YFW_OK);
   EXPECT_THAT(added(), ElementsAre("/lacp/interfaces/interface/state/lacp-mode=ACTIVE"));
 }
 
-TEST_F(AppliedMode, IsReportedInAReadOfOperationalStateOnly) {
+TEST_F(AppliedMode, OtherRequests_ReportNothing) {
   for (const std::uint32_t operation : {0U, 1U, 8U, 15U}) {
     platform.set_operation(operation);
     EXPECT_EQ(run(qd2oc_lacpmode), YFW_OK) << "operation " << operation;
@@ -193,7 +193,7 @@ TEST_F(AppliedMode, IsReportedInAReadOfOperationalStateOnly) {
   EXPECT_EQ(platform.traced("qd2oc_lacpmode", "End"), 4U);
 }
 
-TEST_F(AppliedMode, FailedCopyIsToldAndEndsAtOnce) {
+TEST_F(AppliedMode, FailedCopy_IsTracedWithoutEndRecord) {
   platform.script("yfw_strcpy_s", 0, 0x77);
   EXPECT_EQ(run(qd2oc_lacpmode), 0x77U);
   EXPECT_THAT(platform.trace(),
@@ -202,7 +202,7 @@ TEST_F(AppliedMode, FailedCopyIsToldAndEndsAtOnce) {
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(AppliedMode, IsCopiedIntoTenBytes) {
+TEST_F(AppliedMode, Mode_IsCopiedIntoTenBytes) {
   EXPECT_EQ(run(qd2oc_lacpmode), YFW_OK);
   EXPECT_EQ(platform.count("yfw_strcpy_s", "\"qd2oc_lacpmode\" size=10 \"ACTIVE\""), 1U);
 }
@@ -235,7 +235,7 @@ class PortStateText : public support::ModuleTest {
   }
 };
 
-TEST_F(PortStateText, IsReportedBitByBitForEveryOctet) {
+TEST_F(PortStateText, Octet_IsReportedBitByBit) {
   for (const NodeFunction handler : kPortStateHandlers) {
     for (unsigned state = 0; state < 256; ++state) {
       const Request value(leaf("actor-port-state", std::to_string(state)));
@@ -244,7 +244,7 @@ TEST_F(PortStateText, IsReportedBitByBitForEveryOctet) {
   }
 }
 
-TEST_F(PortStateText, CountsWithItsLowEightBits) {
+TEST_F(PortStateText, NumberBeyondOneOctet_CountsWithItsLowEightBits) {
   for (const NodeFunction handler : kPortStateHandlers) {
     const std::pair<const char*, unsigned> values[] = {{"258", 2},  {"261", 5},          {"256", 0},    {"-1", 255},
                                                        {"-3", 253}, {"4294967295", 255}, {"65535", 255}};
@@ -255,7 +255,7 @@ TEST_F(PortStateText, CountsWithItsLowEightBits) {
   }
 }
 
-TEST_F(PortStateText, ThatIsNoNumberReadsAsZeroOrAsTheNumberItBeginsWith) {
+TEST_F(PortStateText, OtherText_ReadsAsItsLeadingNumberOrZero) {
   for (const NodeFunction handler : kPortStateHandlers) {
     for (const char* value : {"", "down", "x61", "0x3d", "-", "+"}) {
       const Request request(leaf("actor-port-state", value));
@@ -270,7 +270,7 @@ TEST_F(PortStateText, ThatIsNoNumberReadsAsZeroOrAsTheNumberItBeginsWith) {
   }
 }
 
-TEST_F(PortState, IsReportedWithTheLastFlag) {
+TEST_F(PortState, Leaves_AreReportedWithTheLastFlag) {
   EXPECT_EQ(run(qd2oc_actorportstate, "61"), YFW_OK);
   EXPECT_EQ(platform.additions().size(), 6U);
   for (const support::Addition& addition : platform.additions()) {
@@ -282,13 +282,13 @@ TEST_F(PortState, IsReportedWithTheLastFlag) {
   }
 }
 
-TEST_F(PortState, IgnoresTheResultsOfItsAdditions) {
+TEST_F(PortState, FailedAdditions_AreIgnored) {
   platform.script("yfw_map_datatree_add_path_flagged", 0, 0x77);
   for (const NodeFunction handler : kPortStateHandlers) EXPECT_EQ(run(handler, "61"), YFW_OK);
   EXPECT_EQ(platform.count("yfw_map_datatree_add_path_flagged"), 12U) << "all six are tried";
 }
 
-TEST_F(BundleLeaf, NameOfItsBundleIsTheKeyOfTheEntryThatIsWalked) {
+TEST_F(BundleLeaf, BundleName_IsTheKeyOfTheCurrentEntry) {
   const char* name = nullptr;
   EXPECT_EQ(get_bundle_name_from_oper_tree(platform.ctx(), &name), YFW_OK);
   EXPECT_STREQ(name, "Bundle-Ether1");

@@ -38,7 +38,7 @@ static_assert(std::size(kHandlers) == 59);
 class WhenHandlers : public support::ModuleTest {};
 using WhenHandlersDeathTest = WhenHandlers;
 
-TEST_F(WhenHandlers, AcceptAnyNodeWhateverItIs) {
+TEST_F(WhenHandlers, AnyNode_IsAccepted) {
   Request container(support::container("bundle-information", {support::leaf("type", "member")}));
   Request leaf(support::leaf("other", "value").in("urn:other").with(YFW_OPERATION_DELETE));
   Request tagless(support::Node{.tag = std::nullopt, .value = std::nullopt, .ns = "", .children = {}});
@@ -56,7 +56,7 @@ TEST_F(WhenHandlers, AcceptAnyNodeWhateverItIs) {
   EXPECT_THAT(support::left_behind(platform, container), IsEmpty());
 }
 
-TEST_F(WhenHandlers, TellAMissingNodeAndAnswerOne) {
+TEST_F(WhenHandlers, NullNode_IsTracedAndReturnsOne) {
   std::size_t looked_at = 0;
   for (const WhenHandler& handler : kHandlers) {
     SCOPED_TRACE(handler.name);
@@ -74,12 +74,12 @@ TEST_F(WhenHandlers, TellAMissingNodeAndAnswerOne) {
       << "the debug log has it too";
 }
 
-TEST_F(WhenHandlers, NeedNoRequestState) {
+TEST_F(WhenHandlers, MissingRequestState_IsAccepted) {
   platform.take_request_state_away();
   for (const WhenHandler& handler : kHandlers) EXPECT_EQ(handler.function(platform.ctx(), nullptr), 1U);
 }
 
-TEST_F(WhenHandlersDeathTest, EndTheProcessOnANullContextUnderTheirOwnPrototype) {
+TEST_F(WhenHandlersDeathTest, NullContext_AbortsWithTheFunctionsPrototype) {
   Request request(support::container("node"));
   for (const WhenHandler& handler : kHandlers) {
     EXPECT_DEATH(handler.function(nullptr, request.root()),

@@ -39,7 +39,7 @@ class InterfaceEntry : public support::ModuleTest {
   }
 };
 
-TEST_F(InterfaceEntry, IsFoundOrCreatedByItsNativeName) {
+TEST_F(InterfaceEntry, ActiveEntry_IsFoundOrCreatedByItsNativeName) {
   Request request(entry("act"));
   EXPECT_EQ(show(request), YFW_OK);
   EXPECT_EQ(only_addition().path, "/lacp/interfaces/interface");
@@ -50,7 +50,7 @@ TEST_F(InterfaceEntry, IsFoundOrCreatedByItsNativeName) {
   EXPECT_EQ(platform.traced(kEntryHandler, "End"), 1U);
 }
 
-TEST_F(InterfaceEntry, LooksForItsNameOnTheHierarchyAndNotInItsOwnChildren) {
+TEST_F(InterfaceEntry, Name_IsLookedUpOnTheHierarchy) {
   Request request(entry("act"));
   EXPECT_EQ(show(request), YFW_OK);
   EXPECT_EQ(platform.count("yfw_map_get_node_info",
@@ -58,7 +58,7 @@ TEST_F(InterfaceEntry, LooksForItsNameOnTheHierarchyAndNotInItsOwnChildren) {
             1U);
 }
 
-TEST_F(InterfaceEntry, OfPreConfigurationIsSkippedBeforeItsNameIsLookedFor) {
+TEST_F(InterfaceEntry, PreConfiguration_IsSkippedBeforeTheNameLookUp) {
   Request request(entry("pre"));
   EXPECT_EQ(show(request), YFW_SKIP_SUBTREE);
   EXPECT_EQ(platform.count("yfw_map_get_node_info"), 0U);
@@ -66,14 +66,14 @@ TEST_F(InterfaceEntry, OfPreConfigurationIsSkippedBeforeItsNameIsLookedFor) {
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(InterfaceEntry, IsOfPreConfigurationByItsFirstChildAlone) {
+TEST_F(InterfaceEntry, PreConfiguration_IsDecidedByTheFirstChildOnly) {
   Request second(container("interface-configuration", {leaf("interface-name", "a"), leaf("active", "pre")}));
   EXPECT_EQ(show(second), YFW_OK);
   Request whatever_it_is(container("interface-configuration", {leaf("anything", "pre")}));
   EXPECT_EQ(show(whatever_it_is), YFW_SKIP_SUBTREE);
 }
 
-TEST_F(InterfaceEntry, IsOfPreConfigurationByAnExactComparison) {
+TEST_F(InterfaceEntry, PreConfiguration_IsComparedExactly) {
   for (const char* value : {"PRE", "pre ", "prefix", ""}) {
     Request request(entry(value));
     EXPECT_EQ(show(request), YFW_OK) << "\"" << value << "\"";
@@ -84,7 +84,7 @@ TEST_F(InterfaceEntry, IsOfPreConfigurationByAnExactComparison) {
   EXPECT_EQ(show(without_children), YFW_OK);
 }
 
-TEST_F(InterfaceEntry, WithoutNameIsUnsupportedWhateverTheLookUpAnswers) {
+TEST_F(InterfaceEntry, MissingName_IsUnsupportedWhateverTheLookUpStatus) {
   platform.node_info.clear();
   Request request(entry("act"));
   EXPECT_EQ(show(request), YFW_UNSUPPORTED_NODE) << "the look-up fails";
@@ -100,7 +100,7 @@ TEST_F(InterfaceEntry, WithoutNameIsUnsupportedWhateverTheLookUpAnswers) {
       << "it is a plain status";
 }
 
-TEST_F(InterfaceEntry, WhoseNameCameWithAFailedLookUpReturnsItsStatus) {
+TEST_F(InterfaceEntry, FailedLookUpWithName_ReturnsItsStatus) {
   platform.node_info_failures[kNameOfEntry] = 0x77;
   Request merging(entry("act"));
   EXPECT_EQ(show(merging), 0x77U);
@@ -109,7 +109,7 @@ TEST_F(InterfaceEntry, WhoseNameCameWithAFailedLookUpReturnsItsStatus) {
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(InterfaceEntry, WhoseInterfaceHasNoLacpAddsNothing) {
+TEST_F(InterfaceEntry, InterfaceWithoutLacp_AddsNothing) {
   platform.node_info[kNameOfEntry] = "MgmtEth0/0/0/0";
   Request request(entry("act"));
   EXPECT_EQ(show(request), YFW_OK);
@@ -117,7 +117,7 @@ TEST_F(InterfaceEntry, WhoseInterfaceHasNoLacpAddsNothing) {
   EXPECT_EQ(platform.count("get_intf_type_if_lacp_configured", "\"MgmtEth0/0/0/0\""), 1U);
 }
 
-TEST_F(InterfaceEntry, OfASubInterfaceAddsNothingAndIsNotAskedForItsLacp) {
+TEST_F(InterfaceEntry, SubInterface_AddsNothingWithoutAskingForLacp) {
   platform.node_info[kNameOfEntry] = "Bundle-Ether1.100";
   Request request(entry("act"));
   EXPECT_EQ(show(request), YFW_OK);
@@ -125,7 +125,7 @@ TEST_F(InterfaceEntry, OfASubInterfaceAddsNothingAndIsNotAskedForItsLacp) {
   EXPECT_EQ(platform.count("get_intf_type_if_lacp_configured"), 0U);
 }
 
-TEST_F(InterfaceEntry, ThatIsDeletedIsAddedWithItsNodeAndTheSlotAsExtraWord) {
+TEST_F(InterfaceEntry, DeletedEntry_IsAddedWithItsNodeAndTheSlotAsWord) {
   for (const std::uint32_t edit : {std::uint32_t{YFW_OPERATION_DELETE}, std::uint32_t{YFW_OPERATION_REMOVE}}) {
     Request request(entry("act").with(edit));
     EXPECT_EQ(show(request), YFW_OK);
@@ -143,7 +143,7 @@ TEST_F(InterfaceEntry, ThatIsDeletedIsAddedWithItsNodeAndTheSlotAsExtraWord) {
   EXPECT_LT(position("yfw_map_datatree_add_path_flagged"), position("yfw_map_copy_trim_path_list_ctx"));
 }
 
-TEST_F(InterfaceEntry, ThatIsDeletedAndHasNoLacpAddsNothing) {
+TEST_F(InterfaceEntry, DeletedEntryWithoutLacp_AddsNothing) {
   platform.node_info[kNameOfEntry] = "MgmtEth0/0/0/0";
   Request request(entry("act").with(YFW_OPERATION_DELETE));
   EXPECT_EQ(show(request), YFW_OK);
@@ -151,7 +151,7 @@ TEST_F(InterfaceEntry, ThatIsDeletedAndHasNoLacpAddsNothing) {
   EXPECT_EQ(platform.count("yfw_map_copy_trim_path_list_ctx"), 0U);
 }
 
-TEST_F(InterfaceEntry, ReturnsTheStatusOfTheFrameworksCall) {
+TEST_F(InterfaceEntry, FailedAddition_ReturnsItsStatus) {
   platform.script("yfw_map_search_or_add_list", 0, 0x77);
   platform.script("yfw_map_datatree_add_path_flagged", 0, 0x78);
   Request merging(entry("act"));
@@ -176,7 +176,7 @@ class InterfaceName : public support::ModuleTest {
   }
 };
 
-TEST_F(InterfaceName, IsReportedAsItIs) {
+TEST_F(InterfaceName, ConfigRead_ReportsTheNameUnchanged) {
   EXPECT_EQ(report("Bundle-Ether1", YFW_REQUEST_READ_CONFIG), YFW_OK);
   EXPECT_EQ(only_addition().path, "/lacp/interfaces/interface/name");
   EXPECT_EQ(only_addition().value, "Bundle-Ether1");
@@ -187,7 +187,7 @@ TEST_F(InterfaceName, IsReportedAsItIs) {
   EXPECT_EQ(only_addition().last_flag, 0);
 }
 
-TEST_F(InterfaceName, IsReportedAsStateTooInAReadOfOperationalStateAlone) {
+TEST_F(InterfaceName, StateRead_ReportsTheNameAsStateToo) {
   for (const std::uint32_t operation : {0U, 1U, 8U, 15U}) EXPECT_EQ(report("Bundle-Ether1", operation), YFW_OK);
   EXPECT_THAT(added(), testing::Each("/lacp/interfaces/interface/name=Bundle-Ether1"));
   EXPECT_EQ(report("Bundle-Ether1", YFW_REQUEST_READ_STATE), YFW_OK);
@@ -196,7 +196,7 @@ TEST_F(InterfaceName, IsReportedAsStateTooInAReadOfOperationalStateAlone) {
   EXPECT_EQ(added()[5], "/lacp/interfaces/interface/state/name=Bundle-Ether1");
 }
 
-TEST_F(InterfaceName, ReturnsTheStatusOfItsLastAddition) {
+TEST_F(InterfaceName, FailedAddition_ReturnsTheStatusOfTheLast) {
   platform.script("yfw_map_datatree_add_path_flagged", 0, 0x77, "\"/lacp/interfaces/interface/name\"");
   EXPECT_EQ(report("Bundle-Ether1", YFW_REQUEST_READ_CONFIG), 0x77U);
   EXPECT_EQ(report("Bundle-Ether1", YFW_REQUEST_READ_STATE), YFW_OK);
@@ -204,7 +204,7 @@ TEST_F(InterfaceName, ReturnsTheStatusOfItsLastAddition) {
   EXPECT_EQ(report("Bundle-Ether1", YFW_REQUEST_READ_STATE), 0x78U);
 }
 
-TEST_F(InterfaceName, WithoutValueIsTold) {
+TEST_F(InterfaceName, MissingValue_IsRecordedAsMalformed) {
   Request request(leaf("interface-name"));
   EXPECT_EQ(report(request), YFW_MALFORMED_TREE);
   EXPECT_THAT(platform.trace(),
@@ -214,14 +214,14 @@ TEST_F(InterfaceName, WithoutValueIsTold) {
   EXPECT_EQ(platform.count("yfw_oc_error_path"), 0U);
 }
 
-TEST_F(InterfaceName, OfASubInterfaceOrWithoutLacpIsNotReported) {
+TEST_F(InterfaceName, SubInterfaceOrNoLacp_IsNotReported) {
   EXPECT_EQ(report("Bundle-Ether1.100", YFW_REQUEST_READ_STATE), YFW_OK);
   EXPECT_EQ(platform.count("get_intf_type_if_lacp_configured"), 0U);
   EXPECT_EQ(report("MgmtEth0/0/0/0", YFW_REQUEST_READ_STATE), YFW_OK);
   EXPECT_THAT(added(), IsEmpty());
 }
 
-TEST_F(InterfaceName, IsKeptInTheScratchBufferWhichIsClearedFirst) {
+TEST_F(InterfaceName, Name_IsKeptInTheClearedScratchBuffer) {
   std::memset(platform.state().interface_name, 'y', sizeof platform.state().interface_name);
   EXPECT_EQ(report("Bundle-Ether1.100", YFW_REQUEST_READ_CONFIG), YFW_OK);
   EXPECT_STREQ(platform.state().interface_name, "Bundle-Ether1.100");
@@ -230,14 +230,14 @@ TEST_F(InterfaceName, IsKeptInTheScratchBufferWhichIsClearedFirst) {
   }
 }
 
-TEST_F(InterfaceName, LongerThanTheScratchBufferIsCutThereAndReportedInFull) {
+TEST_F(InterfaceName, TooLongName_IsCutInTheScratchBufferOnly) {
   EXPECT_EQ(report(std::string(300, 'x'), YFW_REQUEST_READ_CONFIG), YFW_OK);
   EXPECT_EQ(std::string(platform.state().interface_name), std::string(199, 'x'));
   EXPECT_EQ(only_addition().value, std::string(300, 'x'));
   EXPECT_EQ(platform.state().output_list_count, 0U) << "nothing behind the buffer is written";
 }
 
-TEST_F(InterfaceName, IsServedByTheCallbackInTheSameWayUnderItsOwnName) {
+TEST_F(InterfaceName, Callback_ReportsTheSameUnderItsOwnName) {
   platform.set_operation(YFW_REQUEST_READ_STATE);
   Request request(leaf("interface-name", "Bundle-Ether1"));
   EXPECT_EQ(qd_to_oc_interface_name_leaf_cb(platform.ctx(), request.root(), platform.output()), YFW_OK);
@@ -264,7 +264,7 @@ class AugmentDispatcher : public support::ModuleTest {
   }
 };
 
-TEST_F(AugmentDispatcher, HandsBundleAndLacpToTheirWalkersAndAllElseOfTheModuleToThatOfBundleMember) {
+TEST_F(AugmentDispatcher, NodeOfTheModule_GoesToItsWalkerOrThatOfBundleMember) {
   for (const char* tag : {"bundle", "lacp", "bundle-member", "bfd", "mlacp", "unheard-of"}) {
     EXPECT_EQ(hand(container(tag).in(support::kBundlemgrCfg)), YFW_OK) << tag;
   }
@@ -274,14 +274,14 @@ TEST_F(AugmentDispatcher, HandsBundleAndLacpToTheirWalkersAndAllElseOfTheModuleT
   EXPECT_EQ(started('a') + started('e'), 0U) << "the walkers of bfd and mlacp are never reached";
 }
 
-TEST_F(AugmentDispatcher, IgnoresNodesOfOtherModules) {
+TEST_F(AugmentDispatcher, NodeOfOtherModule_IsIgnored) {
   for (const char* ns : {"urn:other", support::kBundlemgrOper, support::kOpenconfigLacp}) {
     EXPECT_EQ(hand(container("lacp").in(ns)), YFW_OK) << ns;
   }
   EXPECT_EQ(started('b') + started('c') + started('d'), 0U);
 }
 
-TEST_F(AugmentDispatcher, ReturnsTheWalkersStatus) {
+TEST_F(AugmentDispatcher, FailedWalker_ReturnsItsStatus) {
   Node tagless = container("", {}).in(support::kBundlemgrCfg);
   tagless.tag = std::nullopt;
   EXPECT_EQ(hand(std::move(tagless)), YFW_MALFORMED_TREE);
@@ -289,7 +289,7 @@ TEST_F(AugmentDispatcher, ReturnsTheWalkersStatus) {
 
 class InterfaceOfTree : public support::ModuleTest {};
 
-TEST_F(InterfaceOfTree, IsTheKeyOfTheEntryThatIsWalked) {
+TEST_F(InterfaceOfTree, Name_IsTheKeyOfTheCurrentEntry) {
   platform.node_info[kNameOfEntry] = "Bundle-Ether1";
   const char* name = nullptr;
   EXPECT_EQ(get_intf_name_from_tree(platform.ctx(), &name), YFW_OK);

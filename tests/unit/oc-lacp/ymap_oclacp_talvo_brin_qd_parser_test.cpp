@@ -39,7 +39,7 @@ Node child_leaf(const std::string& tag) {
   return leaf(tag, tag == "period" ? "1000" : "a");
 }
 
-TEST(NativeWalkers, RecordUnderTheirOwnNameAndCallTheirOwnHandlerOnce) {
+TEST(NativeWalkers, Walk_RecordsTheWalkersNameAndRunsItsHandler) {
   for (const Inner& inner : nodes::native().inner) {
     SCOPED_TRACE(inner.walker.name);
     const Walk walk(inner, {});
@@ -64,7 +64,7 @@ TEST(NativeWalkers, RecordUnderTheirOwnNameAndCallTheirOwnHandlerOnce) {
   }
 }
 
-TEST(NativeWalkers, DispatchEachChildToItsFunction) {
+TEST(NativeWalkers, Child_IsDispatchedToItsFunction) {
   for (const Inner& inner : nodes::native().inner) {
     for (std::size_t i = 0; i < inner.children.size(); ++i) {
       const std::string& child = inner.children[i];
@@ -87,7 +87,7 @@ TEST(NativeWalkers, DispatchEachChildToItsFunction) {
   }
 }
 
-TEST(NativeWalkers, TestTheTagsOfTheirChildrenInOrder) {
+TEST(NativeWalkers, Tags_AreTestedInOrder) {
   for (const Inner& inner : nodes::native().inner) {
     SCOPED_TRACE(inner.path);
     const Walk walk(inner, {leaf("unheard-of")});
@@ -111,7 +111,7 @@ TEST(NativeWalkers, TestTheTagsOfTheirChildrenInOrder) {
   }
 }
 
-TEST(NativeWalkers, TestTheNamespaceOfAnUnknownChildAgainstTheirOwn) {
+TEST(NativeWalkers, UnknownChild_HasItsNamespaceTestedAgainstTheWalkers) {
   for (const Inner& inner : nodes::native().inner) {
     SCOPED_TRACE(inner.path);
     const Walk walk(inner, {leaf("unheard-of").in("urn:other")});
@@ -119,7 +119,7 @@ TEST(NativeWalkers, TestTheNamespaceOfAnUnknownChildAgainstTheirOwn) {
   }
 }
 
-TEST(NativeWalkers, GiveAForeignChildToTheirOwnHook) {
+TEST(NativeWalkers, ForeignChild_GoesToTheWalkersHook) {
   for (const Inner& inner : nodes::native().inner) {
     SCOPED_TRACE(inner.path);
     for (const std::uint32_t operation : {0U, 10U}) {
@@ -135,7 +135,7 @@ TEST(NativeWalkers, GiveAForeignChildToTheirOwnHook) {
   }
 }
 
-TEST(NativeWalkers, IgnoreAForeignChildThatIsAddedToConfiguration) {
+TEST(NativeWalkers, ForeignChildAddedToConfiguration_IsIgnored) {
   for (const Inner& inner : nodes::native().inner) {
     if (is_operational(inner)) continue;
     SCOPED_TRACE(inner.path);
@@ -145,7 +145,7 @@ TEST(NativeWalkers, IgnoreAForeignChildThatIsAddedToConfiguration) {
   }
 }
 
-TEST(NativeWalkers, RefuseAForeignChildThatIsAddedToOperationalData) {
+TEST(NativeWalkers, ForeignChildAddedToOperationalData_IsRefused) {
   for (const char* root : {"/lacp-bundles", "/lacp-data"}) {
     for (const Inner& inner : nodes::native().inner) {
       if (inner.path != std::string(root)) continue;
@@ -157,7 +157,7 @@ TEST(NativeWalkers, RefuseAForeignChildThatIsAddedToOperationalData) {
   }
 }
 
-TEST(NativeWalkers, OfOperationalDataReportNothingInOtherRequests) {
+TEST(NativeWalkers, OperationalDataInOtherRequests_ReportsNothing) {
   for (const Inner& inner : nodes::native().inner) {
     if (!is_operational(inner)) continue;
     SCOPED_TRACE(inner.path);
@@ -173,7 +173,7 @@ TEST(NativeWalkers, OfOperationalDataReportNothingInOtherRequests) {
   }
 }
 
-TEST(NativeWalkers, TellTheListOfTheEntryThatIsWalked) {
+TEST(NativeWalkers, ListEntry_SetsItsListPath) {
   for (const Inner& inner : nodes::native().inner) {
     if (inner.keys.empty()) continue;
     SCOPED_TRACE(inner.path);

@@ -42,7 +42,7 @@ class EditApplicationTest : public OutputLogTest {
   const yfw_datatree* entry_ = find(request_, {"interfaces", "interface"});
 };
 
-TEST_F(EditApplicationTest, SetsWhatIsNamedAndKeepsTheRest) {
+TEST_F(EditApplicationTest, SetLeaves_KeepTheRest) {
   open(edit_, "a", entry_);
   set("period", "1");
   set("mode", "passive");
@@ -52,18 +52,18 @@ TEST_F(EditApplicationTest, SetsWhatIsNamedAndKeepsTheRest) {
                             {"mode": "passive", "system-priority": 5, "period": 1})"));
 }
 
-TEST_F(EditApplicationTest, MakesWhatIsNotThere) {
+TEST_F(EditApplicationTest, SetOfAnAbsentNode_CreatesIt) {
   open(edit_, "a", entry_);
   set("period", "1");
   expect_result(EmptySnapshot(), lacp_of_a(R"("period": 1)"));
 }
 
-TEST_F(EditApplicationTest, AnEntryThatIsOnlyNamedIsMade) {
+TEST_F(EditApplicationTest, EntryWithoutLeaves_IsCreated) {
   open(edit_, "a", entry_);
   expect_result(MemorySnapshot("{}"), interface_a(""));
 }
 
-TEST_F(EditApplicationTest, WhatIsDeletedMustBeThere) {
+TEST_F(EditApplicationTest, DeleteOfAnAbsentLeaf_IsRefused) {
   open(edit_, "a", entry_);
   set("period", nullptr, YFW_OPERATION_DELETE);
   expect_result(MemorySnapshot(lacp_of_a(R"("period": 1, "mode": "active")")), lacp_of_a(R"("mode": "active")"));
@@ -77,14 +77,14 @@ TEST_F(EditApplicationTest, WhatIsDeletedMustBeThere) {
   expect_refusal(EmptySnapshot(), refusal);
 }
 
-TEST_F(EditApplicationTest, WhatIsRemovedNeedNotBeThere) {
+TEST_F(EditApplicationTest, RemoveOfAnAbsentLeaf_HasNoEffect) {
   open(edit_, "a", entry_);
   set("period", nullptr, YFW_OPERATION_REMOVE);
   expect_result(MemorySnapshot(lacp_of_a(R"("period": 1, "mode": "active")")), lacp_of_a(R"("mode": "active")"));
   expect_result(MemorySnapshot(interface_a("")), interface_a(""));
 }
 
-TEST_F(EditApplicationTest, AnEntryThatOnlyRemovesIsNotMade) {
+TEST_F(EditApplicationTest, AbsentEntryThatOnlyRemoves_IsNotCreated) {
   open(edit_, "a", entry_);
   add(edit_, std::string(kEntry) + "/interface-virtual", kIfmgr, nullptr,
       find(request_, {"interfaces", "interface", "name"}));
@@ -92,14 +92,14 @@ TEST_F(EditApplicationTest, AnEntryThatOnlyRemovesIsNotMade) {
   expect_result(MemorySnapshot("{}"), "{}");
 }
 
-TEST_F(EditApplicationTest, AnEntryThatSetsAndRemovesIsMade) {
+TEST_F(EditApplicationTest, AbsentEntryThatSetsAndRemoves_IsCreated) {
   open(edit_, "a", entry_);
   set("period", nullptr, YFW_OPERATION_REMOVE);
   set("mode", "active");
   expect_result(MemorySnapshot("{}"), lacp_of_a(R"("mode": "active")"));
 }
 
-TEST_F(EditApplicationTest, WhatIsCreatedMustNotBeThere) {
+TEST_F(EditApplicationTest, CreateOfAPresentLeaf_IsRefused) {
   open(edit_, "a", entry_);
   set("period", "1", YFW_OPERATION_CREATE);
   expect_result(MemorySnapshot("{}"), lacp_of_a(R"("period": 1)"));
@@ -107,32 +107,32 @@ TEST_F(EditApplicationTest, WhatIsCreatedMustNotBeThere) {
                  "/Talvo-Brin-QD-bundlemgr-cfg:lacp/period: is there already");
 }
 
-TEST_F(EditApplicationTest, ADeletedContainerGoesWithAllThatIsInItAndTheEntryStays) {
+TEST_F(EditApplicationTest, RemoveOfAContainer_KeepsItsEntry) {
   open(edit_, "a", leaf(YFW_OPERATION_NONE));
   EXPECT_EQ(add_lacp(edit_, "", nullptr, leaf(YFW_OPERATION_REMOVE)), YFW_OK);
   expect_result(MemorySnapshot(lacp_of_a(R"("period": 1, "talvo-extensions": {"enable": [null]})")), interface_a(""));
 }
 
-TEST_F(EditApplicationTest, AContainerThatBecameEmptyCountsAsNotThere) {
+TEST_F(EditApplicationTest, DeleteOfAnEmptyContainer_IsRefused) {
   open(edit_, "a", leaf(YFW_OPERATION_NONE));
   EXPECT_EQ(add_lacp(edit_, "", nullptr, leaf(YFW_OPERATION_DELETE)), YFW_OK);
   expect_refusal(MemorySnapshot(lacp_of_a("")), "/Talvo-Brin-QD-bundlemgr-cfg:lacp: cannot be deleted");
 }
 
-TEST_F(EditApplicationTest, WhatIsSetInADeletedContainerReplacesIt) {
+TEST_F(EditApplicationTest, SetInARemovedContainer_ReplacesTheContainer) {
   open(edit_, "a", leaf(YFW_OPERATION_NONE));
   EXPECT_EQ(add_lacp(edit_, "", nullptr, leaf(YFW_OPERATION_REMOVE)), YFW_OK);
   set("mode", "passive");
   expect_result(MemorySnapshot(lacp_of_a(R"("mode": "active", "period": 1)")), lacp_of_a(R"("mode": "passive")"));
 }
 
-TEST_F(EditApplicationTest, AGlobalLeafIsDeleted) {
+TEST_F(EditApplicationTest, DeleteOfAGlobalLeaf_RemovesIt) {
   EXPECT_EQ(add(edit_, "/lacp/system-priority", kBundlemgr, nullptr, leaf(YFW_OPERATION_DELETE)), YFW_OK);
   expect_result(MemorySnapshot(R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 5}})"), "{}");
   expect_refusal(EmptySnapshot(), "native /Talvo-Brin-QD-bundlemgr-cfg:lacp/system-priority: cannot be deleted");
 }
 
-TEST_F(EditApplicationTest, AValueThatTheNativeModelDoesNotTakeIsRefused) {
+TEST_F(EditApplicationTest, InvalidNativeValue_IsRefused) {
   open(edit_, "a", entry_);
   set("mode", "sometimes");
   const std::string refusal =
@@ -141,7 +141,7 @@ TEST_F(EditApplicationTest, AValueThatTheNativeModelDoesNotTakeIsRefused) {
   expect_refusal(MemorySnapshot(lacp_of_a(R"("mode": "active")")), refusal);
 }
 
-TEST_F(EditApplicationTest, TheDeviceStaysAsItIs) {
+TEST_F(EditApplicationTest, Snapshot_StaysUnchanged) {
   const MemorySnapshot device(lacp_of_a(R"("mode": "active")"));
   const std::string before = print_tree(schemas().native(), device.running(), LYD_JSON);
   open(edit_, "a", entry_);
@@ -158,7 +158,7 @@ class LoudDevice final : public MemorySnapshot {
   }
 };
 
-TEST_F(EditApplicationTest, ALeafTakesTheFormThatTheDeviceKeeps) {
+TEST_F(EditApplicationTest, Value_IsNormalizedByTheDevice) {
   open(edit_, "a", entry_);
   set("period", "7");
   set("system-priority", "7");

@@ -50,7 +50,7 @@ class FolderDeviceTest : public testing::Test {
   std::string file_ = folder_.path() + "/running.json";
 };
 
-TEST_F(FolderDeviceTest, WhatIsCommittedIsReadBack) {
+TEST_F(FolderDeviceTest, CommittedConfiguration_IsReadBack) {
   const std::string after = lacp_of_a(R"("mode": "passive", "period": true)");
   commit(after);
   FolderDevice device(schemas().native(), folder_.path());
@@ -58,18 +58,18 @@ TEST_F(FolderDeviceTest, WhatIsCommittedIsReadBack) {
             LY_SUCCESS);
 }
 
-TEST_F(FolderDeviceTest, AnEmptyConfigurationIsReadBack) {
+TEST_F(FolderDeviceTest, EmptyConfiguration_IsReadBack) {
   commit("{}");
   EXPECT_EQ(refusal_of([&] { FolderDevice(schemas().native(), folder_.path()).snapshot(); }), "accepted");
 }
 
-TEST_F(FolderDeviceTest, TheFileKeepsItsMode) {
+TEST_F(FolderDeviceTest, Commit_KeepsTheModeOfTheFile) {
   fs::permissions(file_, fs::perms(0640));
   commit("{}");
   EXPECT_EQ(fs::status(file_).permissions(), fs::perms(0640));
 }
 
-TEST_F(FolderDeviceTest, ALinkStaysALink) {
+TEST_F(FolderDeviceTest, CommitThroughALink_KeepsTheLink) {
   const TemporaryFolder elsewhere;
   fs::rename(file_, elsewhere.path() + "/configuration");
   fs::create_symlink(elsewhere.path() + "/configuration", file_);
@@ -78,7 +78,7 @@ TEST_F(FolderDeviceTest, ALinkStaysALink) {
   EXPECT_THAT(read_text_file(elsewhere.path() + "/configuration"), testing::Not(HasSubstr("active")));
 }
 
-TEST_F(FolderDeviceTest, DevicesThatShareAFileByALinkAreEditedOneAtATime) {
+TEST_F(FolderDeviceTest, FileSharedByALink_IsLockedForBothDevices) {
   const TemporaryFolder elsewhere;
   fs::rename(file_, elsewhere.path() + "/running.json");
   fs::create_symlink(elsewhere.path() + "/running.json", file_);
@@ -89,7 +89,7 @@ TEST_F(FolderDeviceTest, DevicesThatShareAFileByALinkAreEditedOneAtATime) {
               HasSubstr("the device is busy"));
 }
 
-TEST_F(FolderDeviceTest, AFileThatBecomesALinkMeanwhileIsNotReplaced) {
+TEST_F(FolderDeviceTest, FileThatBecameALink_IsNotReplaced) {
   const TemporaryFolder elsewhere;
   FolderDevice device(schemas().native(), folder_.path());
   const auto lock = device.lock({});
@@ -101,14 +101,14 @@ TEST_F(FolderDeviceTest, AFileThatBecomesALinkMeanwhileIsNotReplaced) {
   EXPECT_THAT(read_text_file(file_), HasSubstr("active"));
 }
 
-TEST_F(FolderDeviceTest, WhatACrashLeftAsideIsOverwritten) {
+TEST_F(FolderDeviceTest, NewFileLeftByACrash_IsOverwritten) {
   folder_.write("running.json.new", std::string(100000, 'x'));
   commit("{}");
   EXPECT_THAT(read_text_file(file_), testing::Not(HasSubstr("x")));
   EXPECT_FALSE(fs::exists(file_ + ".new"));
 }
 
-TEST_F(FolderDeviceTest, ASecondNameOfTheFileIsNotWrittenTo) {
+TEST_F(FolderDeviceTest, HardLinkOfTheFile_IsNotWrittenTo) {
   fs::create_hard_link(file_, file_ + ".new");
   const TemporaryFolder elsewhere;
   const std::string kept = elsewhere.path() + "/kept";
@@ -118,7 +118,7 @@ TEST_F(FolderDeviceTest, ASecondNameOfTheFileIsNotWrittenTo) {
   EXPECT_EQ(read_text_file(kept), before);
 }
 
-TEST_F(FolderDeviceTest, WhatIsInTheWayOfTheNewFileIsNamedAndLeftAlone) {
+TEST_F(FolderDeviceTest, ObstacleToTheNewFile_IsNamedAndKept) {
   const std::string before = read_text_file(file_);
   const std::string aside = file_ + ".new";
   const std::array<void (*)(const std::string&), 3> obstacles = {
@@ -135,7 +135,7 @@ TEST_F(FolderDeviceTest, WhatIsInTheWayOfTheNewFileIsNamedAndLeftAlone) {
   }
 }
 
-TEST_F(FolderDeviceTest, TheFileOfAnotherUserKeepsItsGroupWhenTheWriterIsOfIt) {
+TEST_F(FolderDeviceTest, FileOfAnotherUser_KeepsItsGroupIfTheWriterIsAMember) {
   if (geteuid() != 0) {
     GTEST_SKIP() << "only root can give a file to another user";
   }
@@ -160,13 +160,13 @@ TEST_F(FolderDeviceTest, TheFileOfAnotherUserKeepsItsGroupWhenTheWriterIsOfIt) {
   EXPECT_EQ(replaced.st_mode & ALLPERMS, 0664U);
 }
 
-TEST_F(FolderDeviceTest, AMissingFolderIsRefused) {
+TEST_F(FolderDeviceTest, MissingFolder_IsRefused) {
   FolderDevice missing(schemas().native(), "/no/such");
   EXPECT_EQ(refusal_of([&] { missing.snapshot(); }), "/no/such: no such device directory");
   EXPECT_EQ(refusal_of([&] { missing.lock({}); }), "/no/such: no such device directory");
 }
 
-TEST_F(FolderDeviceTest, ThePeriodIsKeptAsWrittenUnlessTheDeviceIsCanonical) {
+TEST_F(FolderDeviceTest, Period_IsNormalizedOnlyByACanonicalDevice) {
   EXPECT_EQ(period_kept(), "1 1000 1");
   write_device(R"("router-type": 7, "period": "as-written")", "{}");
   EXPECT_EQ(period_kept(), "1 1000 1");
@@ -174,7 +174,7 @@ TEST_F(FolderDeviceTest, ThePeriodIsKeptAsWrittenUnlessTheDeviceIsCanonical) {
   EXPECT_EQ(period_kept(), "true 1000 1");
 }
 
-TEST_F(FolderDeviceTest, AFileThatIsNotOneWholeDocumentIsRefused) {
+TEST_F(FolderDeviceTest, FileThatIsNotOneDocument_IsRefused) {
   for (const auto& [content, reason] : std::initializer_list<std::pair<std::string, std::string>>{
            {"", ": empty"},
            {"{}\n{}", " (line 2): text behind the end of the document"},
@@ -302,7 +302,7 @@ TEST_F(FolderSnapshotTest, Changed_IsSignalled) {
   EXPECT_EQ(poll(&waited, 1, 0), 0);
 }
 
-TEST(DurableFileTest, AFileThatIsNotThereIsNotReplaced) {
+TEST(ReplaceFile, MissingFile_IsRefusedAndNotCreated) {
   const TemporaryFolder folder;
   EXPECT_THAT(refusal_of([&] { replace_file(folder.path() + "/none", "x"); }),
               HasSubstr("/none: cannot be replaced and stays as it is: No such file or directory"));

@@ -24,7 +24,7 @@ class CoverageTest : public testing::Test {
   const std::string member_ = kOcMember;
 };
 
-TEST_F(CoverageTest, HasEveryLeafOfTheSchemaOnce) {
+TEST_F(CoverageTest, Leaves_AreThoseOfTheSchema) {
   std::vector<const lysc_node*> covered;
   for (const CoveredLeaf& leaf : coverage_.leaves) {
     covered.push_back(leaf.schema);
@@ -32,7 +32,7 @@ TEST_F(CoverageTest, HasEveryLeafOfTheSchemaOnce) {
   EXPECT_EQ(covered, leaves_of(explained_.node("/openconfig-lacp:lacp")));
 }
 
-TEST_F(CoverageTest, TellsEditsFromReads) {
+TEST_F(CoverageTest, ConfigurationAndStateLeaves_DifferInEdits) {
   EXPECT_TRUE(at(entry_ + "config/interval").in_edits);
   EXPECT_TRUE(at(entry_ + "config/interval").in_reads);
   EXPECT_FALSE(at(member_ + "state/activity").in_edits);
@@ -42,7 +42,7 @@ TEST_F(CoverageTest, TellsEditsFromReads) {
       testing::ElementsAre(explained_.node("/lacp-bundles/bundles/bundle/members/member/link-data/actor-port-state")));
 }
 
-TEST_F(CoverageTest, ALeafThatEveryRequestRefusesIsNotServed) {
+TEST_F(CoverageTest, LeafRefusedByEveryRequest_IsNotServed) {
   std::vector<std::string> unserved;
   for (const CoveredLeaf& leaf : coverage_.leaves) {
     if (!leaf.is_served()) {
@@ -56,7 +56,7 @@ TEST_F(CoverageTest, ALeafThatEveryRequestRefusesIsNotServed) {
   EXPECT_THAT(unserved, testing::ElementsAre(entry_ + "state/interval", member_ + "state/counters/lacp-tx-errors"));
 }
 
-TEST_F(CoverageTest, TheReasonIsWhatWasFoundOfTheLeaf) {
+TEST_F(CoverageTest, ReasonOf_FollowsWhatIsKnownOfTheLeaf) {
   CoveredLeaf leaf = at(entry_ + "state/interval");
   ASSERT_TRUE(leaf.refusal);
   leaf.refusal.reset();
@@ -67,12 +67,12 @@ TEST_F(CoverageTest, TheReasonIsWhatWasFoundOfTheLeaf) {
   EXPECT_EQ(reason_of(leaf), "unknown to the mapping");
 }
 
-TEST_F(CoverageTest, OnlyWhatEveryRequestRefusesIsRefused) {
+TEST_F(CoverageTest, LeafServedByAnyRequest_HasNoRefusal) {
   EXPECT_EQ(at(entry_ + "config/interval").refusal, std::nullopt);
   EXPECT_EQ(at(entry_ + "state/lacp-mode").refusal, std::nullopt);
 }
 
-TEST_F(CoverageTest, AServedLeafIsOneThatAReadAloneIsNotRefusedFor) {
+TEST_F(CoverageTest, LeafServedInReads_IsReadByItsPath) {
   Translator translator({location::kSchemas, ""}, location::kModule);
   for (const CoveredLeaf& leaf : coverage_.leaves) {
     const std::string path = bare_path(leaf.schema);
@@ -82,14 +82,14 @@ TEST_F(CoverageTest, AServedLeafIsOneThatAReadAloneIsNotRefusedFor) {
   }
 }
 
-TEST_F(CoverageTest, ALeafThatTheListKeyCarriesIsServedWithIt) {
+TEST_F(CoverageTest, LeafThatTheKeyRefersTo_IsServedWithTheKey) {
   const CoveredLeaf& name = at(entry_ + "config/name");
   EXPECT_EQ(name.key, explained_.node(entry_ + "name"));
   EXPECT_TRUE(name.in_edits);
   EXPECT_TRUE(name.in_reads);
 }
 
-TEST_F(CoverageTest, SourcesAreThoseThatExplanationsTellOf) {
+TEST_F(CoverageTest, Sources_AreThoseOfTheLeafMappings) {
   LeafMappingFinder& mappings = explained_.mappings;
   for (const CoveredLeaf& leaf : coverage_.leaves) {
     std::vector<const lysc_node*> read_from;
@@ -103,13 +103,13 @@ TEST_F(CoverageTest, SourcesAreThoseThatExplanationsTellOf) {
                                    explained_.node("/lacp-bundles/bundles/bundle/bundle-interface")));
 }
 
-TEST_F(CoverageTest, EachOfSeveralSourcesIsAPathOfItsOwnOnThePage) {
+TEST_F(CoverageTest, SeveralSources_ArePathsOfTheirOwnInMarkdown) {
   EXPECT_THAT(coverage_markdown(coverage_),
               testing::HasSubstr("\n| name | yes | yes | `/interface-configurations/interface-configuration/"
                                  "interface-name`, `/lacp-bundles/bundles/bundle/bundle-interface` |\n"));
 }
 
-TEST_F(CoverageTest, TheTableFitsATerminal) {
+TEST_F(CoverageTest, Table_FitsInto80Columns) {
   const std::string table = coverage_table(coverage_);
   EXPECT_THAT(table, testing::StartsWith("openconfig-lacp, revision 2021-07-20\n"
                                          "35 leaves: 7 are served in edits, 33 in reads, 2 not at all.\n"));
@@ -130,7 +130,7 @@ TEST_F(CoverageTest, TheTableFitsATerminal) {
   }
 }
 
-TEST_F(CoverageTest, TheObjectHasAllThatIsKnownOfALeaf) {
+TEST_F(CoverageTest, Json_HasAllThatIsKnownOfALeaf) {
   EXPECT_THAT(coverage_json(coverage_),
               testing::AllOf(
                   testing::HasSubstr(

@@ -25,11 +25,11 @@ void expect_to_leave_what_is_served(const std::string& published) {
   EXPECT_LT(left, coverage.leaves.size());
 }
 
-TEST(Deviations, LeaveOfTheModelWhatIsServed) {
+TEST(Deviations, ShippedModel_KeepsTheServedLeaves) {
   expect_to_leave_what_is_served("");
 }
 
-TEST(Deviations, LeaveOfThePublishedModelWhatIsServed) {
+TEST(Deviations, PublishedModel_KeepsTheServedLeaves) {
   const char* published = std::getenv("OCLACP_PUBLISHED_YANG_DIR");
   if (published == nullptr) {
     GTEST_SKIP() << "OCLACP_PUBLISHED_YANG_DIR names no directory of published modules";
@@ -37,7 +37,7 @@ TEST(Deviations, LeaveOfThePublishedModelWhatIsServed) {
   expect_to_leave_what_is_served(published);
 }
 
-TEST(Deviations, TellTheReason) {
+TEST(Deviations, LeafThatIsNotServed_HasTheReason) {
   Explained explained;
   Coverage coverage = explained.coverage();
   EXPECT_THAT(deviation_module(coverage),
@@ -49,7 +49,7 @@ TEST(Deviations, TellTheReason) {
   EXPECT_THAT(deviation_module(coverage), testing::HasSubstr("\"Not served: unknown to the mapping.\""));
 }
 
-TEST(Deviations, OfAContainerInWhichNothingIsServedNameTheContainerAlone) {
+TEST(Deviations, ContainerWithoutServedLeaves_IsRemovedAsAWhole) {
   Explained explained;
   Coverage coverage = explained.coverage();
   for (CoveredLeaf& leaf : coverage.leaves) {

@@ -18,7 +18,7 @@ class ExplainerTest : public testing::Test {
   const std::string member_ = kOcMember;
 };
 
-TEST_F(ExplainerTest, ALeafOfConfigurationIsToldInBothDirections) {
+TEST_F(ExplainerTest, ConfigurationLeaf_IsExplainedInBothDirections) {
   const std::string period =
       "  /Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration/Talvo-Brin-QD-bundlemgr-cfg:lacp/"
       "period\n";
@@ -34,32 +34,32 @@ TEST_F(ExplainerTest, ALeafOfConfigurationIsToldInBothDirections) {
                     HasSubstr("\n    \"30000\" -> \"SLOW\"\n    \"1\" -> refused: '1' has no OpenConfig form")));
 }
 
-TEST_F(ExplainerTest, ALeafOfStateIsNotEdited) {
+TEST_F(ExplainerTest, StateLeaf_RefusesAnEdit) {
   EXPECT_THAT(explainer_.explain(member_ + "state/timeout"),
               AllOf(HasSubstr("\nAn edit of it is refused: not supported by this mapping (error tag 'members'"),
                     HasSubstr("\n    bit 1: 0 -> \"LONG\", 1 -> \"SHORT\"\n")));
 }
 
-TEST_F(ExplainerTest, ALeafWithoutASourceSaysSo) {
+TEST_F(ExplainerTest, LeafWithoutASource_SaysSo) {
   EXPECT_THAT(explainer_.explain(entry_ + "state/interval"),
               AllOf(HasSubstr("\nA read of it is refused: not supported by this mapping (error tag 'interval'"),
                     HasSubstr("\nIt has no source: nothing native is read back as it.\n")));
 }
 
-TEST_F(ExplainerTest, ALeafThatTheKeyCarriesNamesTheKey) {
+TEST_F(ExplainerTest, LeafThatTheKeyRefersTo_NamesTheKey) {
   EXPECT_THAT(explainer_.explain(entry_ + "config/name"),
               AllOf(HasSubstr("\nThe list key that refers to it carries its value,\n"
                               "  /openconfig-lacp:lacp/interfaces/interface/name\n"),
                     Not(HasSubstr("no source"))));
 }
 
-TEST_F(ExplainerTest, AKeyIsReadBackFromConfigurationAndFromTheDevicesState) {
+TEST_F(ExplainerTest, Key_IsReadBackFromConfigurationAndState) {
   EXPECT_THAT(explainer_.explain(entry_ + "name"),
               testing::ContainsRegex("\nIt is read back from\n  .*/interface-name\n.*\n  "
                                      "/Talvo-Brin-QD-bundlemgr-oper:lacp-bundles/bundles/bundle/bundle-interface\n"));
 }
 
-TEST_F(ExplainerTest, ANativeLeafIsToldInBothDirections) {
+TEST_F(ExplainerTest, NativeLeaf_IsExplainedInBothDirections) {
   EXPECT_THAT(explainer_.explain("/interface-configurations/interface-configuration/interface-name"),
               AllOf(HasSubstr("\nIt is read as\n  /openconfig-lacp:lacp/interfaces/interface/name\n"
                               "    as it is, such as \"Bundle-Ether1\"\n"
@@ -75,7 +75,7 @@ TEST_F(ExplainerTest, ANativeLeafIsToldInBothDirections) {
                     HasSubstr("\nNothing in openconfig-lacp is made of it.\n")));
 }
 
-TEST_F(ExplainerTest, AListTellsOfItsEntriesAndEachLeaf) {
+TEST_F(ExplainerTest, List_ExplainsItsEntriesAndEachLeaf) {
   EXPECT_THAT(explainer_.explain("/lacp/interfaces/interface[name='a']"),
               AllOf(HasSubstr("\nAn entry of it is read back from an entry of\n"
                               "  /Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration\n"
@@ -95,7 +95,7 @@ TEST_F(ExplainerTest, AListTellsOfItsEntriesAndEachLeaf) {
                               "port-num\n")));
 }
 
-TEST_F(ExplainerTest, LinesOfAContainerAreNoWiderThanATerminalUnlessOnePathIs) {
+TEST_F(ExplainerTest, LinesOfAContainer_FitInto80ColumnsUnlessOnePath) {
   for (const char* path : {"/lacp", "/lacp-bundles", "/interface-configurations"}) {
     std::istringstream lines(explainer_.explain(path));
     for (std::string line; std::getline(lines, line);) {
@@ -105,12 +105,12 @@ TEST_F(ExplainerTest, LinesOfAContainerAreNoWiderThanATerminalUnlessOnePathIs) {
   }
 }
 
-TEST_F(ExplainerTest, ANameOfBothSidesIsToldTwice) {
+TEST_F(ExplainerTest, NameOfBothSides_ExplainsBoth) {
   EXPECT_THAT(explainer_.explain("/lacp"),
               AllOf(StartsWith("/openconfig-lacp:lacp\n"), HasSubstr("\n\n/Talvo-Brin-QD-bundlemgr-cfg:lacp\n")));
 }
 
-TEST_F(ExplainerTest, EveryServedLeafNamesItsRowAndItsOtherSide) {
+TEST_F(ExplainerTest, ServedLeaf_NamesItsHandlerAndTargets) {
   const Explained explained;
   for (const std::vector<LeafRow>* rows : {&explained.tables.openconfig(), &explained.tables.native()}) {
     for (const LeafRow& row : *rows) {

@@ -58,7 +58,7 @@ std::vector<std::string> values_in(AnswerNode node, const lysc_node* leaf) {
   return values;
 }
 
-class FlowsTest : public testing::Test {
+class LeafMappingFinderTest : public testing::Test {
  protected:
   // What the translator makes of a value of a leaf of openconfig-lacp, in the native leaf.
   std::vector<std::string> edited(const LeafMapping& mapping, const std::string& value) {
@@ -101,7 +101,7 @@ class FlowsTest : public testing::Test {
   const DeviceSnapshot& device_ = *snapshot_;
 };
 
-TEST_F(FlowsTest, EachEditIsTranslatedAsItIsTold) {
+TEST_F(LeafMappingFinderTest, MappingsOfEditedLeaves_AgreeWithTheTranslator) {
   size_t told = 0;
   for (const LeafRow& row : explained_.tables.openconfig()) {
     const LeafMappings& outgoing = explained_.mappings.from(row.schema);
@@ -123,7 +123,7 @@ TEST_F(FlowsTest, EachEditIsTranslatedAsItIsTold) {
   EXPECT_GE(told, explained_.tables.openconfig().size());
 }
 
-TEST_F(FlowsTest, EachNativeLeafIsReportedAsItIsTold) {
+TEST_F(LeafMappingFinderTest, MappingsOfNativeLeaves_AgreeWithTheTranslator) {
   size_t told = 0;
   for (const LeafRow& row : explained_.tables.native()) {
     const LeafMappings& outgoing = explained_.mappings.from(row.schema);
@@ -141,7 +141,7 @@ TEST_F(FlowsTest, EachNativeLeafIsReportedAsItIsTold) {
   EXPECT_GE(told, 6U * 256U);
 }
 
-TEST_F(FlowsTest, AnEntryOfTheDevicesStateMakesTheKeyOfItsEntryToo) {
+TEST_F(LeafMappingFinderTest, KeyOfABundleInState_MapsToTheKeyAndTheStateName) {
   const lysc_node* bundle = explained_.node("/lacp-bundles/bundles/bundle/bundle-interface");
   const std::string entry = kOcEntry;
   std::vector<const lysc_node*> reached;
@@ -152,7 +152,7 @@ TEST_F(FlowsTest, AnEntryOfTheDevicesStateMakesTheKeyOfItsEntryToo) {
               testing::UnorderedElementsAre(explained_.node(entry + "name"), explained_.node(entry + "state/name")));
 }
 
-TEST_F(FlowsTest, WhatNeedsLacpIsNotReportedOfADeviceWithoutConfiguration) {
+TEST_F(LeafMappingFinderTest, MappingThatNeedsLacp_IsNotReportedWithoutConfiguration) {
   std::vector<std::string> conditional;
   for (const LeafRow& row : explained_.tables.native()) {
     if ((row.schema->flags & LYS_CONFIG_W) != 0) {
@@ -171,7 +171,7 @@ TEST_F(FlowsTest, WhatNeedsLacpIsNotReportedOfADeviceWithoutConfiguration) {
   EXPECT_THAT(conditional, testing::UnorderedElementsAre("lacp-mode", "system-id-mac", "system-priority"));
 }
 
-TEST_F(FlowsTest, AnInterfaceIsReportedOnlyWithLacpAndWhatIsLacpAlways) {
+TEST_F(LeafMappingFinderTest, NeedsLacp_IsSetForTheInterfaceAndNotForItsLacp) {
   const std::string entry = kEntry;
   for (const LeafMapping& mapping : explained_.mappings.from(explained_.node(entry + "interface-name")).mappings) {
     EXPECT_TRUE(mapping.needs_lacp) << bare_path(mapping.to);
@@ -181,7 +181,7 @@ TEST_F(FlowsTest, AnInterfaceIsReportedOnlyWithLacpAndWhatIsLacpAlways) {
   }
 }
 
-TEST_F(FlowsTest, ALeafThatIsNoKeyMakesNoKeys) {
+TEST_F(LeafMappingFinderTest, LeafThatIsNotAKey_MapsToNoKey) {
   for (const LeafRow& row : explained_.tables.native()) {
     for (const LeafMapping& mapping : explained_.mappings.from(row.schema).mappings) {
       EXPECT_TRUE(lysc_is_key(row.schema) || !lysc_is_key(mapping.to)) << row.leaf->node;
@@ -189,7 +189,7 @@ TEST_F(FlowsTest, ALeafThatIsNoKeyMakesNoKeys) {
   }
 }
 
-TEST_F(FlowsTest, EveryTargetOfAnEditedLeafIsReached) {
+TEST_F(LeafMappingFinderTest, EditedLeaf_MapsToAllTargetsOfItsRow) {
   for (const LeafRow& row : explained_.tables.openconfig()) {
     const bool is_edited = (row.schema->flags & LYS_CONFIG_W) != 0;
     const LeafMappings& outgoing = explained_.mappings.from(row.schema);
@@ -202,7 +202,7 @@ TEST_F(FlowsTest, EveryTargetOfAnEditedLeafIsReached) {
   }
 }
 
-TEST_F(FlowsTest, ARowsTargetsAndTheRowsThatLeadToItAreTheSame) {
+TEST_F(LeafMappingFinderTest, TargetsOfARow_AreAmongItsSources) {
   for (const LeafRow& row : explained_.tables.openconfig()) {
     std::vector<const lysc_node*> sources;
     for (const LeafMapping& mapping : explained_.mappings.to(row.schema)) {
@@ -213,7 +213,7 @@ TEST_F(FlowsTest, ARowsTargetsAndTheRowsThatLeadToItAreTheSame) {
   }
 }
 
-TEST_F(FlowsTest, AKeyStandsForTheLeafThatItRefersTo) {
+TEST_F(LeafMappingFinderTest, KeyReferringTo_FindsTheKeyOfALeaf) {
   const std::string entry = kOcEntry;
   EXPECT_EQ(explained_.mappings.key_referring_to(explained_.node(entry + "config/name")),
             explained_.node(entry + "name"));

@@ -31,27 +31,27 @@ class ProbeTest : public testing::Test {
   const std::string openconfig_entry_ = kOcEntry;
 };
 
-TEST_F(ProbeTest, AnEditShowsWhatIsAddedForTheLeafAndNothingElse) {
+TEST_F(ProbeTest, EditOfALeaf_ShowsItsAdditionsOnly) {
   EXPECT_THAT(edit(openconfig_entry_ + "config/interval", "SLOW"), testing::ElementsAre(entry_ + "lacp/period=30000"));
   EXPECT_THAT(edit(openconfig_entry_ + "config/name", "Bundle-Ether1"), testing::IsEmpty());
   EXPECT_THAT(edit(openconfig_entry_ + "state/lacp-mode", "ACTIVE"),
               testing::ElementsAre("refused: not supported by this mapping (error tag 'state', code 0xaaf2ee00)"));
 }
 
-TEST_F(ProbeTest, AnEditOfAKeyShowsWhatTheEntryComesTo) {
+TEST_F(ProbeTest, EditOfAKey_ShowsTheAdditionsOfTheEntry) {
   EXPECT_THAT(edit(openconfig_entry_ + "name", "Bundle-Ether7"),
               testing::ElementsAre(entry_ + "interface-name=Bundle-Ether7", entry_ + "active=act",
                                    entry_ + "interface-virtual=-"));
 }
 
-TEST_F(ProbeTest, AReadShowsWhatIsAskedFor) {
+TEST_F(ProbeTest, Read_ShowsTheNativeLeavesReadOrTheRefusal) {
   EXPECT_THAT(shown(explained_.probe.read(explained_.node(std::string(kOcMember) + "state/activity"))),
               testing::ElementsAre("/lacp-bundles/bundles/bundle/members/member/link-data/actor-port-state=-"));
   EXPECT_THAT(shown(explained_.probe.read(explained_.node(openconfig_entry_ + "state/interval"))),
               testing::ElementsAre("refused: not supported by this mapping (error tag 'interval', code 0xaaf2ee00)"));
 }
 
-TEST_F(ProbeTest, ANativeLeafShowsTheAnswerWithItsKeys) {
+TEST_F(ProbeTest, NativeLeaf_ShowsTheAnswerWithItsKeys) {
   EXPECT_THAT(native(entry_ + "lacp/mode", "passive"),
               testing::IsSupersetOf(
                   {openconfig_entry_ + "name=Bundle-Ether1", openconfig_entry_ + "config/lacp-mode=PASSIVE"}));
@@ -62,7 +62,7 @@ TEST_F(ProbeTest, ANativeLeafShowsTheAnswerWithItsKeys) {
               testing::Contains(std::string(kOcMember) + "state/counters/lacp-in-pkts=9"));
 }
 
-TEST_F(ProbeTest, ATreeThatNoMappingServesComesToNothing) {
+TEST_F(ProbeTest, NativeLeafWithoutAMapping_HasNoAnswer) {
   EXPECT_THAT(native("/bundle/lacp-delay", "1"), testing::IsEmpty());
 }
 

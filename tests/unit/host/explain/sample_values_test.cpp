@@ -10,7 +10,7 @@ SampleValues samples(const std::string& path) {
   return sample_values(find_nodes(schemas(), path).front());
 }
 
-TEST(SampleValues, OfFiniteTypesAreAllValues) {
+TEST(SampleValues, FiniteType_HasAllValues) {
   const SampleValues interval = samples("/lacp/interfaces/interface/config/interval");
   EXPECT_TRUE(interval.is_complete);
   EXPECT_THAT(interval.values, testing::ElementsAre("FAST", "SLOW"));
@@ -23,7 +23,7 @@ TEST(SampleValues, OfFiniteTypesAreAllValues) {
   EXPECT_EQ(state.values.back(), "255");
 }
 
-TEST(SampleValues, OfOtherTypesAreOneThatTheTypeTakes) {
+TEST(SampleValues, OtherType_HasOneValidValue) {
   for (const auto& [path, value] : {std::pair{"/lacp/config/system-priority", "1"},
                                     std::pair{"/lacp/interfaces/interface/config/system-id-mac", "00:11:22:33:44:55"},
                                     std::pair{"/lacp/interfaces/interface/config/name", kSampleInterface},
@@ -34,7 +34,7 @@ TEST(SampleValues, OfOtherTypesAreOneThatTheTypeTakes) {
   }
 }
 
-TEST(SampleValues, OfAPeriodAreItsFiniteValuesAndThePeriodsOfTheProtocol) {
+TEST(SampleValues, Period_HasItsFiniteValuesAndTheProtocolPeriods) {
   const SampleValues period = samples("/interface-configurations/interface-configuration/lacp/period");
   EXPECT_FALSE(period.is_complete);
   EXPECT_THAT(period.values, testing::ElementsAre("true", "false", "1000", "30000", "1"));

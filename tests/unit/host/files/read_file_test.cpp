@@ -12,14 +12,14 @@
 namespace oclacp::host {
 namespace {
 
-TEST(TextFile, ReadsAllOfIt) {
+TEST(ReadTextFile, LongFile_IsReadWhole) {
   const TemporaryFolder folder;
   const std::string content = std::string(200'000, 'x') + "\n";
   folder.write("file", content);
   EXPECT_EQ(read_text_file(folder.path() + "/file"), content);
 }
 
-TEST(TextFile, ReadsALittleMoreThanTheLimit) {
+TEST(ReadTextFile, FileLongerThanTheLimit_IsReadSlightlyBeyondIt) {
   const TemporaryFolder folder;
   folder.write("file", std::string(1'000'000, 'x'));
   const std::string text = read_text_file(folder.path() + "/file", 10);
@@ -28,7 +28,7 @@ TEST(TextFile, ReadsALittleMoreThanTheLimit) {
 }
 
 // A signal that is handled ends a call that waits, unless its handler was set up otherwise.
-TEST(TextFile, FromAPipe_IsReadInSpiteOfSignals) {
+TEST(ReadTextFile, FromAPipe_IsReadInSpiteOfSignals) {
   const TemporaryFolder folder;
   const std::string pipe = folder.path() + "/pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
@@ -60,13 +60,13 @@ TEST(TextFile, FromAPipe_IsReadInSpiteOfSignals) {
   sigaction(SIGUSR1, &before, nullptr);
 }
 
-TEST(TextFile, RefusesWhatCannotBeRead) {
+TEST(ReadTextFile, MissingFileOrFolder_IsRefused) {
   const TemporaryFolder folder;
   EXPECT_EQ(refusal_of([] { read_text_file("/no/such"); }), "/no/such: No such file or directory");
   EXPECT_EQ(refusal_of([&] { read_text_file(folder.path()); }), folder.path() + ": Is a directory");
 }
 
-TEST(RegularFile, IsReadWhole) {
+TEST(ReadRegularFile, FileOrLink_IsReadWhole) {
   const TemporaryFolder folder;
   folder.write("file", "content");
   std::filesystem::create_symlink("file", folder.path() + "/link");
@@ -75,7 +75,7 @@ TEST(RegularFile, IsReadWhole) {
   EXPECT_EQ(refusal_of([] { read_regular_file("/no/such"); }), "/no/such: No such file or directory");
 }
 
-TEST(RegularFile, IsNoPipeAndNoDevice) {
+TEST(ReadRegularFile, PipeDeviceOrFolder_IsRefused) {
   const TemporaryFolder folder;
   const std::string pipe = folder.path() + "/pipe";
   const std::string link = folder.path() + "/link";
@@ -87,14 +87,14 @@ TEST(RegularFile, IsNoPipeAndNoDevice) {
   }
 }
 
-TEST(SettledFile, IsReadWhole) {
+TEST(ReadStableFile, UnchangedFile_IsReadWhole) {
   const TemporaryFolder folder;
   folder.write("file", "content");
   EXPECT_EQ(read_stable_file(folder.path() + "/file"), "content");
   EXPECT_EQ(refusal_of([] { read_stable_file("/no/such"); }), "/no/such: No such file or directory");
 }
 
-TEST(SettledFile, IsTheOldOrTheNewWhenItIsReplaced) {
+TEST(ReadStableFile, FileReplacedMeanwhile_IsTheOldOrTheNew) {
   const TemporaryFolder folder;
   const std::string file = folder.path() + "/file";
   folder.write("file", std::string(100'000, 'a'));

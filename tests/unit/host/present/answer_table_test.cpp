@@ -21,7 +21,7 @@ std::string interfaces(const std::string& entries) {
   return table(R"("interfaces": {"interface": [)" + entries + "]}");
 }
 
-TEST(Table, HasARowForEachInterface) {
+TEST(AnswerTable, Interfaces_HaveARowEach) {
   EXPECT_EQ(interfaces(R"({"name": "Bundle-Ether1", "config": {"interval": "FAST", "system-priority": 5}},
                           {"name": "b"})"),
             "interface      interval  lacp-mode  system-id-mac  system-priority\n"
@@ -29,17 +29,17 @@ TEST(Table, HasARowForEachInterface) {
             "b              -         -          -              -\n");
 }
 
-TEST(Table, BeginsWithTheSettingsOfTheSystem) {
+TEST(AnswerTable, SystemSettings_AreAboveTheTable) {
   EXPECT_EQ(table(R"("config": {"system-priority": 5})"),
             "system-priority: 5\ninterface  interval  lacp-mode  system-id-mac  system-priority\n");
 }
 
-TEST(Table, OfNothingIsItsHeader) {
+TEST(AnswerTable, EmptyAnswer_IsTheHeaderOnly) {
   EXPECT_EQ(answer_table(schemas().request(), {}, {.width = 80}),
             "interface  interval  lacp-mode  system-id-mac  system-priority\n");
 }
 
-TEST(Table, FitsInto80ColumnsWhateverTheNames) {
+TEST(AnswerTable, LongNames_FitInto80Columns) {
   const std::string config = R"("config": {"interval": "FAST", "lacp-mode": "PASSIVE",
       "system-id-mac": "00:11:22:33:44:55", "system-priority": 65535}})";
   const std::string long_name(63, 'x');
@@ -67,7 +67,7 @@ std::string bundle(const std::string& members) {
   return interfaces(R"({"name": "b", )" + members + "}");
 }
 
-TEST(StateTable, ShowsWhatIsConfiguredBesideWhatIsInUse) {
+TEST(StateTable, ConfigurationAndState_AreShownInTwoRows) {
   EXPECT_EQ(table(R"("config": {"system-priority": 5}, "state": {"system-priority": 6}, "interfaces": {"interface": [
                      {"name": "b", "config": {"name": "b", "interval": "FAST", "lacp-mode": "PASSIVE"},
                       "state": {"name": "b", "lacp-mode": "ACTIVE"}}]})"),
@@ -80,7 +80,7 @@ TEST(StateTable, ShowsWhatIsConfiguredBesideWhatIsInUse) {
             "in use      -         ACTIVE\n");
 }
 
-TEST(StateTable, ShowsMembersWithTheirStateBothEndsAndCounters) {
+TEST(StateTable, Members_AreShownWithStateBothEndsAndCounters) {
   EXPECT_EQ(bundle(kMembers),
             "b\n"
             "\n"
@@ -99,18 +99,18 @@ TEST(StateTable, ShowsMembersWithTheirStateBothEndsAndCounters) {
             "  p2        -    -       -\n");
 }
 
-TEST(StateTable, LeavesOutWhatNoMemberHas) {
+TEST(StateTable, ColumnWithoutAValue_IsLeftOut) {
   EXPECT_EQ(bundle(R"("members": {"member": [{"interface": "p1", "state": {"timeout": "SHORT"}}]})"),
             "b\n\n  member  timeout\n  p1      SHORT\n");
 }
 
-TEST(StateTable, ShowsATimeThatIsNoDateAsItIs) {
+TEST(StateTable, LargestLastChange_IsShownAsADate) {
   EXPECT_THAT(
       bundle(R"("members": {"member": [{"interface": "p1", "state": {"last-change": "18446744073709551615"}}]})"),
       testing::HasSubstr("2554-07-21 23:34:33Z"));
 }
 
-TEST(StateTable, ColoursGoodAndBadWhereThereAreColours) {
+TEST(StateTable, WithColours_GoodIsGreenAndBadIsRed) {
   const std::string text = table(std::string(R"("interfaces": {"interface": [{"name": "b", )") + kMembers + "}]}",
                                  {.width = 80, .has_colours = true});
   EXPECT_THAT(text, testing::HasSubstr("\x1b[32mIN_SYNC\x1b[0m"));
@@ -118,7 +118,7 @@ TEST(StateTable, ColoursGoodAndBadWhereThereAreColours) {
   EXPECT_THAT(text, testing::HasSubstr("\x1b[31mno\x1b[0m"));
 }
 
-TEST(StateTable, ShowsWhatCountersGainedPerSecond) {
+TEST(StateTable, EarlierAnswer_ShowsCountersPerSecond) {
   const std::string before_text = lacp(R"("interfaces": {"interface": [{"name": "b", "members": {"member": [
       {"interface": "p1", "state": {"counters": {"lacp-in-pkts": "90", "lacp-out-pkts": "8"}}}]}}]})");
   const std::string now_text = lacp(R"("interfaces": {"interface": [{"name": "b", "members": {"member": [

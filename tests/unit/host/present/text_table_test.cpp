@@ -14,21 +14,21 @@ TextTable sizes() {
   return table;
 }
 
-TEST(TextTable, AlignsColumnsAndLeavesNoBlanksBehind) {
+TEST(TextTable, Columns_AreAlignedWithoutTrailingBlanks) {
   EXPECT_EQ(sizes().text({}),
             "name     size  note\n"
             "a           5  x\n"
             "longer  12345\n");
 }
 
-TEST(TextTable, StandsIndented) {
+TEST(TextTable, Indent_AppliesToEachLine) {
   EXPECT_EQ(sizes().text({.width = 80, .indent = 2}),
             "  name     size  note\n"
             "  a           5  x\n"
             "  longer  12345\n");
 }
 
-TEST(TextTable, ColumnsThatDoNotFitFollowBelow) {
+TEST(TextTable, ColumnsThatDoNotFit_FollowBelow) {
   EXPECT_EQ(sizes().text({.width = 16}),
             "name     size\n"
             "a           5\n"
@@ -39,7 +39,7 @@ TEST(TextTable, ColumnsThatDoNotFitFollowBelow) {
             "longer\n");
 }
 
-TEST(TextTable, ANameThatLeavesNoRoomStandsOnALineOfItsOwn) {
+TEST(TextTable, NameThatLeavesNoRoom_HasALineOfItsOwn) {
   TextTable table({{"name"}, {"size"}});
   const std::string name(30, 'n');
   table.add({{name}, {"1"}});
@@ -47,20 +47,20 @@ TEST(TextTable, ANameThatLeavesNoRoomStandsOnALineOfItsOwn) {
   EXPECT_EQ(table.text({.width = 28}), "name  size\n" + name + "\n      1\nn     2\n");
 }
 
-TEST(TextTable, CountsCharactersAndNotBytes) {
+TEST(TextTable, Width_CountsCharactersAndNotBytes) {
   TextTable table({{"name"}, {"size"}});
   table.add({{"\u00e9\u00e9\u00e9\u00e9\u00e9"}, {"1"}});
   EXPECT_EQ(table.text({}), "name   size\n\u00e9\u00e9\u00e9\u00e9\u00e9  1\n");
 }
 
-TEST(TextTable, ColoursTellNothingOfWidths) {
+TEST(TextTable, Colours_DoNotCountAsWidth) {
   TextTable table({{"name"}, {"state"}, {"more"}});
   table.add({{"a"}, {"no", CellStyle::kBad}, {"x"}});
   EXPECT_EQ(table.text({.has_colours = true}),
             "\x1b[1mname\x1b[0m  \x1b[1mstate\x1b[0m  \x1b[1mmore\x1b[0m\na     \x1b[31mno\x1b[0m     x\n");
 }
 
-TEST(TextTable, LosesColumnsThatShowTheSameInEveryRow) {
+TEST(TextTable, ColumnsShowingTheValueInEveryRow_AreDropped) {
   TextTable table({{"name"}, {"a"}, {"b"}});
   table.add({{"-"}, {"-"}, {"-"}});
   table.add({{"-"}, {"-"}, {"1"}});

@@ -18,7 +18,7 @@ std::vector<std::string> drawn(const std::vector<std::pair<std::string, std::str
   return draw_trace(lines);
 }
 
-TEST(TraceTree, HandlersAreIndentedUnderTheirCallers) {
+TEST(TraceTree, Handlers_AreIndentedUnderTheirCallers) {
   EXPECT_THAT(drawn({{"a", "Start"},
                      {"b", "Start"},
                      {"b", "End"},
@@ -30,7 +30,7 @@ TEST(TraceTree, HandlersAreIndentedUnderTheirCallers) {
               testing::ElementsAre("a", "  b", "  c", "d"));
 }
 
-TEST(TraceTree, OtherRecordsStandUnderTheirHandler) {
+TEST(TraceTree, OtherRecords_AreUnderTheirHandler) {
   EXPECT_THAT(draw_trace({record("TRC", "a", "Start"), record("TRC", "a", " a yfw_strcpy_s failed with error : x\n"),
                           record("TRC", "b", "Start"), record("ERR", "b", "Invalid arguments passed!"),
                           record("ERR", "a", "Empty list key specified."), record("TRC", "a", "End")}),
@@ -38,17 +38,17 @@ TEST(TraceTree, OtherRecordsStandUnderTheirHandler) {
                                    "    ! Invalid arguments passed!", "  ! Empty list key specified."));
 }
 
-TEST(TraceTree, AHandlerWithoutAnEndIsClosedByItsCaller) {
+TEST(TraceTree, HandlerWithoutAnEnd_IsClosedByTheEndOfItsCaller) {
   EXPECT_THAT(drawn({{"a", "Start"}, {"skipped", "Start"}, {"a", "End"}, {"b", "Start"}}),
               testing::ElementsAre("a", "  skipped", "b"));
 }
 
-TEST(TraceTree, AHandlerWithoutAnEndIsClosedByItsOwnNextStart) {
+TEST(TraceTree, HandlerWithoutAnEnd_IsClosedByItsNextStart) {
   EXPECT_THAT(drawn({{"a", "Start"}, {"skipped", "Start"}, {"b", "Start"}, {"b", "End"}, {"skipped", "Start"}}),
               testing::ElementsAre("a", "  skipped", "    b", "  skipped"));
 }
 
-TEST(TraceTree, RecordsOfNoHandlerAreDrawnToo) {
+TEST(TraceTree, RecordsOutsideOfHandlers_AreDrawn) {
   EXPECT_THAT(drawn({{"a", "End"}, {"a", "lost"}}), testing::ElementsAre("- lost"));
   EXPECT_THAT(draw_trace({"nonsense"}), testing::ElementsAre("- "));
 }

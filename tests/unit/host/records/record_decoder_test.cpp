@@ -29,7 +29,7 @@ DecodedField decode_one(const std::string& type, const std::string& bytes) {
   return record.members.front();
 }
 
-TEST(RecordDecoder, NumbersAreInTheByteOrderOfTheMachine) {
+TEST(RecordDecoder, Numbers_AreInTheByteOrderOfTheMachine) {
   EXPECT_EQ(decode_one("C", "\xfe").value, "254");
   EXPECT_EQ(decode_one("I", bytes_of<std::uint16_t>(0x1234)).value, "4660");
   EXPECT_EQ(decode_one("D", bytes_of<std::uint32_t>(4294967295)).value, "4294967295");
@@ -40,7 +40,7 @@ TEST(RecordDecoder, NumbersAreInTheByteOrderOfTheMachine) {
   EXPECT_FALSE(decode_one("D", bytes_of<std::uint32_t>(0)).is_wide);
 }
 
-TEST(RecordDecoder, FieldsHaveNameOffsetAndSize) {
+TEST(RecordDecoder, Fields_HaveNameOffsetAndSize) {
   const DecodedField record = decode("$1={a}C{b}I{c}D;", std::string("\x01\0\x02\0\x03\0\0\0", 8));
   ASSERT_EQ(record.members.size(), 3U);
   EXPECT_EQ(record.members[2].name, "c");
@@ -49,14 +49,14 @@ TEST(RecordDecoder, FieldsHaveNameOffsetAndSize) {
   EXPECT_EQ(record.members[1].offset, 2U);
 }
 
-TEST(RecordDecoder, EnumerationIsANumberWithItsName) {
+TEST(RecordDecoder, Enumeration_IsANumberWithItsName) {
   const DecodedField field = decode_one("[hue]e", bytes_of<std::uint32_t>(3));
   EXPECT_EQ(field.form, Form::kNumber);
   EXPECT_EQ(field.value, "3");
   EXPECT_EQ(field.of, "hue");
 }
 
-TEST(RecordDecoder, AddressesAreShownAsSuch) {
+TEST(RecordDecoder, Addresses_AreFormattedAsAddresses) {
   EXPECT_EQ(decode_one("N", "\xc0\xa8\x01\x02").value, "192.168.1.2");
   EXPECT_EQ(decode_one("6x%m", std::string("\x02\x00\xab\xcd\xef\x01", 6)).value, "02:00:ab:cd:ef:01");
   EXPECT_EQ(decode_one("16x%s", std::string("\x20\x01\x0d\xb8\0\0\0\0\0\0\0\0\0\0\0\x01", 16)).value, "2001:db8::1");
@@ -64,7 +64,7 @@ TEST(RecordDecoder, AddressesAreShownAsSuch) {
   EXPECT_EQ(decode_one("6x", std::string(6, '\0')).form, Form::kText);
 }
 
-TEST(RecordDecoder, HandleIsShownAsTheInterface) {
+TEST(RecordDecoder, InterfaceHandle_IsShownAsTheInterface) {
   const Bag bag = bag_of("$1={known}D%h{unknown}D%h{node}D%n;");
   const auto names = [](std::uint32_t handle) { return handle == 7 ? "Bundle-Ether1" : ""; };
   const std::string bytes = bytes_of<std::uint32_t>(7) + bytes_of<std::uint32_t>(0x80) + bytes_of<std::uint32_t>(7);
@@ -75,7 +75,7 @@ TEST(RecordDecoder, HandleIsShownAsTheInterface) {
   EXPECT_EQ(record.members[2].form, Form::kText);
 }
 
-TEST(RecordDecoder, HandlesAreTheNumbersOfTheInventory) {
+TEST(RecordDecoder, Handles_CountFromOneInTheInventory) {
   class TwoInterfaces final : public DeviceSnapshot {
    public:
     [[nodiscard]] uint32_t router_type() const override { return 0; }
@@ -92,7 +92,7 @@ TEST(RecordDecoder, HandlesAreTheNumbersOfTheInventory) {
   EXPECT_EQ(names(3), "");
 }
 
-TEST(RecordDecoder, ReferencesAreNotFollowed) {
+TEST(RecordDecoder, References_AreNotFollowed) {
   const std::uint64_t address = 0x7f0012345678;
   const DecodedField text = decode_one("s", bytes_of(address));
   EXPECT_EQ(text.form, Form::kReference);
@@ -105,7 +105,7 @@ TEST(RecordDecoder, ReferencesAreNotFollowed) {
   EXPECT_EQ(decode_one("p($1)", std::string(8, '\0')).form, Form::kNothing);
 }
 
-TEST(RecordDecoder, ArrayIsShownByItsTwoWords) {
+TEST(RecordDecoder, Array_IsShownByItsTwoWords) {
   const DecodedField field = decode_one("a($1)", bytes_of<std::uint64_t>(2) + bytes_of<std::uint64_t>(0x1000));
   EXPECT_EQ(field.form, Form::kArray);
   EXPECT_EQ(field.value, "0x0000000000000002");
@@ -113,7 +113,7 @@ TEST(RecordDecoder, ArrayIsShownByItsTwoWords) {
   EXPECT_EQ(field.of, "$1");
 }
 
-TEST(RecordDecoder, EmbeddedRecordHasItsFieldsAsMembers) {
+TEST(RecordDecoder, EmbeddedRecord_HasItsFieldsAsMembers) {
   const DecodedField record = decode("$1={a}D{b}$2;$2={c}I{d}I;", std::string("\1\0\0\0\2\0\3\0", 8));
   const DecodedField& embedded = record.members[1];
   EXPECT_EQ(embedded.name, "b");
@@ -124,7 +124,7 @@ TEST(RecordDecoder, EmbeddedRecordHasItsFieldsAsMembers) {
   EXPECT_EQ(embedded.members[1].offset, 6U);
 }
 
-TEST(RecordDecoder, RecordOfBareRawBytesIsItsValue) {
+TEST(RecordDecoder, RecordOfRawBytes_IsItsValue) {
   const DecodedField record = decode("$1={a}$2;$2=6x%m;", std::string(6, '\1'));
   EXPECT_EQ(record.members[0].name, "a");
   EXPECT_EQ(record.members[0].form, Form::kText);
@@ -143,7 +143,7 @@ class DecodedUnion : public testing::Test {
   }
 };
 
-TEST_F(DecodedUnion, HasTheArmThatTheDiscriminatorChooses) {
+TEST_F(DecodedUnion, KnownDiscriminator_ChoosesItsArm) {
   const DecodedField v4 = decode_with(11);
   ASSERT_EQ(v4.members.size(), 2U);
   EXPECT_EQ(v4.members[0].name, "AF");
@@ -158,13 +158,13 @@ TEST_F(DecodedUnion, HasTheArmThatTheDiscriminatorChooses) {
   EXPECT_EQ(v6.members[1].value, "a01:203:405:607:809:a0b:c0d:e0f");
 }
 
-TEST_F(DecodedUnion, HasNoArmForAnUnknownDiscriminator) {
+TEST_F(DecodedUnion, UnknownDiscriminator_HasNoArm) {
   const DecodedField unknown = decode_with(13);
   ASSERT_EQ(unknown.members.size(), 1U);
   EXPECT_EQ(unknown.members[0].value, "13");
 }
 
-TEST(RecordDecoder, OtherThanOneRecordIsRefused) {
+TEST(RecordDecoder, OtherSizeThanOneRecord_IsRefused) {
   EXPECT_EQ(refusal_of([] { decode("$1={a}D;", ""); }), "test: a record has 4 bytes, not 0");
   EXPECT_EQ(refusal_of([] { decode("$1={a}D;", "abc"); }), "test: a record has 4 bytes, not 3");
   EXPECT_EQ(refusal_of([] { decode("$1={a}D;", "abcdabcd"); }), "test: a record has 4 bytes, not more");

@@ -21,7 +21,7 @@ std::string record_bytes() {
   return bytes;
 }
 
-TEST(RecordPrinter, ListsBagsWithTheirSizes) {
+TEST(RecordPrinter, ListBags_ShowsRecordsAndSizes) {
   RecordRegistry registry;
   const TestDescriptor one("one", "$9={a}$3;$3={a}D;", "$9=$3.;$3=D;", {{9, 4, {0}}, {3, 4, {0}}});
   const TestDescriptor other("another", "$8={a}p($8){b}16x;", "$8=p($8)16x;", {{8, 24, {0, 8}}});
@@ -35,7 +35,7 @@ TEST(RecordPrinter, ListsBagsWithTheirSizes) {
             "another  $8        24\n");
 }
 
-TEST(RecordPrinter, ShowsFieldsWithOffsetSizeAndType) {
+TEST(RecordPrinter, ShowBag_ShowsFieldsWithOffsetSizeAndType) {
   EXPECT_EQ(show_bag(bag_of(kSchema)),
             "test, of owner.so\n"
             "\n"
@@ -58,7 +58,7 @@ TEST(RecordPrinter, ShowsFieldsWithOffsetSizeAndType) {
             "     0    16  value  IPv6 address\n");
 }
 
-TEST(RecordPrinter, PrintsADecodedRecordAsATable) {
+TEST(RecordPrinter, DecodedRecord_IsPrintedAsATable) {
   EXPECT_EQ(record_as_table(decode_record(bag_of("$1={id}$2{hue}[hue]e{text}s{ref}p($1){many}a($2);$2={a}I{b}6x;"),
                                           std::string(48, '\1'), [](std::uint32_t) { return ""; })),
             "OFFSET  SIZE  FIELD  VALUE\n"
@@ -71,7 +71,7 @@ TEST(RecordPrinter, PrintsADecodedRecordAsATable) {
             "    32    16  many   array of $2: 0x0101010101010101 0x0101010101010101\n");
 }
 
-TEST(RecordPrinter, PrintsARecordThatIsAUnion) {
+TEST(RecordPrinter, RecordThatIsAUnion_IsPrinted) {
   const Bag bag = bag_of("$1=?(<tag,hue>,0:{small}C);");
   const DecodedField record = decode_record(bag, std::string(16, '\0'), [](std::uint32_t) { return ""; });
   EXPECT_EQ(record_as_table(record),
@@ -88,7 +88,7 @@ TEST(RecordPrinter, PrintsARecordThatIsAUnion) {
             "     8     1    small      unsigned, 8 bits, if tag is 0\n");
 }
 
-TEST(RecordPrinter, PrintsADecodedRecordAsJson) {
+TEST(RecordPrinter, DecodedRecord_IsPrintedAsJson) {
   const Bag bag = bag_of(kSchema);
   const auto names = [](std::uint32_t /*handle*/) { return "a \"b\"\\\n"; };
   EXPECT_EQ(record_as_json(bag, decode_record(bag, record_bytes(), names)),
@@ -109,7 +109,7 @@ TEST(RecordPrinter, PrintsADecodedRecordAsJson) {
             "}\n");
 }
 
-TEST(RecordPrinter, NullReferenceIsNullInJson) {
+TEST(RecordPrinter, NullReference_IsNullInJson) {
   const Bag bag = bag_of("$1={text}s;");
   const DecodedField record = decode_record(bag, std::string(8, '\0'), [](std::uint32_t) { return ""; });
   EXPECT_EQ(record_as_json(bag, record), "{\n  \"test\": {\n    \"text\": null\n  }\n}\n");

@@ -59,7 +59,7 @@ class Registry : public testing::Test {
   TestDescriptor other{"other", "$5={a}D;", "$5=D;", {{5, 4, {0}}}};
 };
 
-TEST_F(Registry, TransactionPutsItsDescriptorsInForceAtItsEnd) {
+TEST_F(Registry, EndOfATransaction_RegistersItsDescriptors) {
   EXPECT_EQ(registry.start(), YFW_OK);
   EXPECT_EQ(registry.add(&good.descriptor), YFW_OK);
   EXPECT_EQ(registry.add(&other.descriptor), YFW_OK);
@@ -72,7 +72,7 @@ TEST_F(Registry, TransactionPutsItsDescriptorsInForceAtItsEnd) {
   EXPECT_EQ(registry.find("nothing"), nullptr);
 }
 
-TEST_F(Registry, AbortedTransactionLeavesNothing) {
+TEST_F(Registry, AbortedTransaction_RegistersNothing) {
   put_in_force(other);
   EXPECT_EQ(registry.start(), YFW_OK);
   EXPECT_EQ(registry.add(&good.descriptor), YFW_OK);
@@ -82,7 +82,7 @@ TEST_F(Registry, AbortedTransactionLeavesNothing) {
   EXPECT_THAT(names(), ElementsAre("other", "bag"));
 }
 
-TEST_F(Registry, BagsOutliveTheDescriptor) {
+TEST_F(Registry, Bag_OutlivesItsDescriptor) {
   {
     const TestDescriptor short_lived("short", kFull, kCompact, rows());
     put_in_force(short_lived);
@@ -90,7 +90,7 @@ TEST_F(Registry, BagsOutliveTheDescriptor) {
   EXPECT_EQ(registry.find("short")->full_schema, kFull);
 }
 
-TEST_F(Registry, TransactionWithARefusedDescriptorCannotBeEnded) {
+TEST_F(Registry, TransactionWithARefusedDescriptor_CannotBeEnded) {
   bag_descriptor wrong = other.descriptor;
   wrong.version = 2;
   EXPECT_EQ(registry.start(), YFW_OK);
@@ -102,7 +102,7 @@ TEST_F(Registry, TransactionWithARefusedDescriptorCannotBeEnded) {
   put_in_force(good);
 }
 
-TEST_F(Registry, StepsOutOfOrderAreRefused) {
+TEST_F(Registry, StepsOutOfOrder_AreRefused) {
   EXPECT_EQ(registry.add(&good.descriptor), kRegistryMisused);
   EXPECT_EQ(registry.reason(), "no registration of records has started");
   EXPECT_EQ(registry.end(), kRegistryMisused);
@@ -112,7 +112,7 @@ TEST_F(Registry, StepsOutOfOrderAreRefused) {
   EXPECT_EQ(registry.reason(), "a registration of records has started and not ended");
 }
 
-TEST_F(Registry, DescriptorsWithoutTheirPartsAreRefused) {
+TEST_F(Registry, IncompleteOrUnsupportedDescriptor_IsRefused) {
   const auto judge_with = [this](auto change) {
     bag_descriptor descriptor = good.descriptor;
     change(descriptor);
@@ -132,13 +132,13 @@ TEST_F(Registry, DescriptorsWithoutTheirPartsAreRefused) {
   EXPECT_EQ(judge_with([](auto& d) { d.compact_schema = nullptr; }), "bag: no compact schema");
 }
 
-TEST_F(Registry, BrokenSchemasAreRefused) {
+TEST_F(Registry, InvalidSchema_IsRefused) {
   EXPECT_EQ(judge_schemas("$9={a}Q;", kCompact), "bag: full schema: character 7: this is no type of field");
   EXPECT_EQ(judge_schemas(kFull, "$9=De$4.;$4=16x%s"), "bag: compact schema: character 18: this is no type of field");
   EXPECT_EQ(judge_schemas(kFull, "$9=De$4.;"), "bag: compact schema: $4 is used and not defined");
 }
 
-TEST_F(Registry, SchemasThatDisagreeAreRefused) {
+TEST_F(Registry, SchemasThatDiffer_AreRefused) {
   EXPECT_EQ(judge_schemas(kFull, "$9=$3.He$4.;$3=6x%mI;$4=16x%s;"), "bag: $9 differs between the two schemas");
   EXPECT_EQ(judge_schemas(kFull, "$9=$3.De$4.;$3=6xI;$4=16x%s;"), "bag: $3 differs between the two schemas");
   EXPECT_EQ(judge_schemas("$9={a}D;", "$9=$4.;$4=16x%s;"), "bag: $9 differs between the two schemas");
@@ -146,7 +146,7 @@ TEST_F(Registry, SchemasThatDisagreeAreRefused) {
             "bag: the layout table has 2 further record types, while the schemas have 0");
 }
 
-TEST_F(Registry, LayoutTablesThatDisagreeWithTheSchemasAreRefused) {
+TEST_F(Registry, LayoutThatDiffersFromTheSchemas_IsRefused) {
   EXPECT_EQ(judge_rows({{9, 32, {0, 8, 12, 16}}, {3, 8, {0, 6}}}),
             "bag: the layout table has 1 further record types, while the schemas have 2");
   EXPECT_EQ(judge_rows({{9, 32, {0, 8, 12, 16}}, {4, 16, {}}, {3, 8, {0, 6}}}),
@@ -162,14 +162,14 @@ TEST_F(Registry, LayoutTablesThatDisagreeWithTheSchemasAreRefused) {
             "bag: layout of $9: field 2 at offset 4, while its fields put it at 8");
 }
 
-TEST_F(Registry, OffsetsOutsideOfTheRecordAreRefused) {
+TEST_F(Registry, OffsetOutsideOfTheRecord_IsRefused) {
   EXPECT_EQ(judge_rows({{9, 32, {0, 8, 12, 17}}, {3, 8, {0, 6}}, {4, 16, {}}}),
             "bag: layout of $9: field 4 at offset 17 lies outside of the record's 32 bytes");
   EXPECT_EQ(judge_rows({{9, 32, {0, 8, 12, UINT64_MAX}}, {3, 8, {0, 6}}, {4, 16, {}}}),
             "bag: layout of $9: field 4 at offset 18446744073709551615 lies outside of the record's 32 bytes");
 }
 
-TEST_F(Registry, NameIsTakenOnce) {
+TEST_F(Registry, NameRegisteredTwice_IsRefused) {
   put_in_force(good);
   EXPECT_EQ(judge(&good.descriptor), "bag: registered already");
   EXPECT_EQ(registry.start(), YFW_OK);
@@ -178,7 +178,7 @@ TEST_F(Registry, NameIsTakenOnce) {
   EXPECT_EQ(registry.reason(), "other: registered already");
 }
 
-TEST_F(Registry, NumberIsOneRecordInAllBags) {
+TEST_F(Registry, RecordNumberInAnotherBag_MustBeTheSameRecord) {
   put_in_force(good);
   const TestDescriptor same("same", "$3={address}6x%m{priority}I;", "$3=6x%mI;", {{3, 8, {0, 6}}});
   EXPECT_EQ(judge(&same.descriptor), "accepted");
@@ -187,7 +187,7 @@ TEST_F(Registry, NumberIsOneRecordInAllBags) {
 }
 
 // The contract's functions, and the module's twenty descriptors.
-TEST(RegistryOfTheProcess, TakesAllRecordsOfTheModuleOnce) {
+TEST(ProcessRegistry, Module_RegistersItsRecordsOnce) {
   const RecordRegistry& registry = register_records_of(location::kSchemas, {location::kModule});
   EXPECT_EQ(&registry, &RecordRegistry::of_process());
   EXPECT_EQ(registry.bags().size(), 20U);
@@ -198,7 +198,7 @@ TEST(RegistryOfTheProcess, TakesAllRecordsOfTheModuleOnce) {
   EXPECT_EQ(registry.bags().size(), 20U);
 }
 
-TEST(RegistryOfTheProcess, NeedsAModule) {
+TEST(ProcessRegistry, MissingModule_IsRefused) {
   EXPECT_THAT(refusal_of([] { register_records_of(location::kSchemas, {"/nowhere.so"}); }),
               HasSubstr("the mapping module cannot be loaded"));
 }

@@ -27,14 +27,14 @@ std::string refusal_of_compact(const std::string& text) {
   return refusal_of([&] { RecordSchema(text, RecordSchema::Form::kCompact); });
 }
 
-TEST(RecordSchema, FieldsAreAlignedNaturally) {
+TEST(RecordSchema, Fields_AreAlignedNaturally) {
   const RecordSchema schema = full("$1={a}C{b}I{c}C{d}D{e}C{f}H{g}3x{h}N{i}C{j}[hue]e{k}C{l}s;");
   EXPECT_THAT(offsets(schema.top()), ElementsAre(0, 2, 4, 8, 12, 16, 24, 28, 32, 36, 40, 48));
   EXPECT_EQ(schema.top().size, 56U);
   EXPECT_EQ(schema.top().alignment, 8U);
 }
 
-TEST(RecordSchema, EmbeddedRecordsAndUnionsHaveSizeAndAlignmentOfTheirOwn) {
+TEST(RecordSchema, EmbeddedTypes_HaveTheirOwnSizeAndAlignment) {
   const RecordSchema schema = full("$1={a}C{b}$3{c}C{d}$4{e}C;$3={a}I{b}C;$4=?(<tag,hue>,0:{x}C,1:{y}16x%s);");
   EXPECT_THAT(offsets(schema.top()), ElementsAre(0, 2, 6, 8, 32));
   EXPECT_EQ(schema.top().size, 40U);
@@ -43,17 +43,17 @@ TEST(RecordSchema, EmbeddedRecordsAndUnionsHaveSizeAndAlignmentOfTheirOwn) {
   EXPECT_FALSE(schema.find(3)->is_bare());
 }
 
-TEST(RecordSchema, ReferencesDoNotGrowTheRecord) {
+TEST(RecordSchema, References_HaveAFixedSize) {
   const RecordSchema schema = full("$1={a}p($2){b}a($2);$2={a}H{b}H{c}H{d}H;");
   EXPECT_EQ(schema.top().size, 24U);
   EXPECT_EQ(schema.find(2)->size, 32U);
 }
 
-TEST(RecordSchema, RecordMayReferToItself) {
+TEST(RecordSchema, RecordThatRefersToItself_IsAccepted) {
   EXPECT_EQ(full("$1={next}p($1){value}D;").top().size, 16U);
 }
 
-TEST(RecordSchema, UnionFieldMayHaveAName) {
+TEST(RecordSchema, NamedUnionField_HasItsTagAndArms) {
   const RecordSchema schema = full("$1={a}D{b}?(<tag,hue>,7:{x}D,9:{y}C);");
   const FieldType& type = schema.top().fields[1].type;
   EXPECT_EQ(schema.top().fields[1].offset, 8U);
@@ -66,7 +66,7 @@ TEST(RecordSchema, UnionFieldMayHaveAName) {
   EXPECT_EQ(type.arms[1].field.offset, 8U);
 }
 
-TEST(RecordSchema, HintsAreRead) {
+TEST(RecordSchema, DisplayHints_AreRead) {
   const RecordSchema schema = full("$1={a}D%h{b}D%n{c}6x%m{d}16x%s{e}D;");
   std::vector<DisplayHint> hints;
   for (const RecordField& field : schema.top().fields) {
@@ -76,7 +76,7 @@ TEST(RecordSchema, HintsAreRead) {
                                  DisplayHint::kNone));
 }
 
-TEST(RecordSchema, BothFormsGiveTheSameRecords) {
+TEST(RecordSchema, FullAndCompactForms_GiveTheSameRecords) {
   const RecordSchema names = full("$5={a}[hue]e{b}$2{c}p($2){d}$4;$2={a}6x%m;$4=?(<t,hue>,0:{x}N,1:{y}$2);");
   const RecordSchema compact("$5=e$2.p($2)$4.;$2=6x%m;$4=?(,0:N,1:$2.);", RecordSchema::Form::kCompact);
   ASSERT_EQ(names.types().size(), compact.types().size());
@@ -86,7 +86,7 @@ TEST(RecordSchema, BothFormsGiveTheSameRecords) {
   }
 }
 
-TEST(RecordSchema, RecordsThatDifferAreToldApart) {
+TEST(RecordSchema, SameButForNames_IgnoresOnlyNames) {
   const RecordType type = full("$1={a}D{b}6x;").top();
   EXPECT_TRUE(same_but_for_names(type, full("$1={x}D{y}6x;").top()));
   for (const char* other : {"$2={a}D{b}6x;", "$1={a}D;", "$1={a}D{b}7x;", "$1={a}D%h{b}6x;", "$1={a}N{b}6x;",
@@ -99,7 +99,7 @@ TEST(RecordSchema, RecordsThatDifferAreToldApart) {
   }
 }
 
-TEST(RecordSchema, BrokenTextsAreRefusedWithTheirPlace) {
+TEST(RecordSchema, InvalidText_IsRefusedWithItsPosition) {
   EXPECT_EQ(refusal_of_full(""), "character 1: '$' is missing");
   EXPECT_EQ(refusal_of_full("1={a}D;"), "character 1: '$' is missing");
   EXPECT_EQ(refusal_of_full("$={a}D;"), "character 2: a number is missing");
@@ -127,7 +127,7 @@ TEST(RecordSchema, BrokenTextsAreRefusedWithTheirPlace) {
   EXPECT_EQ(refusal_of_compact("$1=D"), "character 5: this is no type of field");
 }
 
-TEST(RecordSchema, TypesThatDoNotFitTogetherAreRefused) {
+TEST(RecordSchema, InconsistentTypes_AreRefused) {
   EXPECT_EQ(refusal_of_full("$1={a}$2;"), "$2 is used and not defined");
   EXPECT_EQ(refusal_of_full("$1={a}p($2);"), "$2 is used and not defined");
   EXPECT_EQ(refusal_of_full("$1={a}a($2);$3={a}D;"), "$2 is used and not defined");
@@ -139,7 +139,7 @@ TEST(RecordSchema, TypesThatDoNotFitTogetherAreRefused) {
   EXPECT_EQ(refusal_of_full("$1={a}D{a}D;"), "$1 has two fields a");
 }
 
-TEST(RecordSchema, EndlessAndHugeRecordsAreRefused) {
+TEST(RecordSchema, RecursiveOrTooLargeRecord_IsRefused) {
   EXPECT_EQ(refusal_of_full("$1={a}$1;"), "$1 is embedded too deep, or in itself");
   EXPECT_EQ(refusal_of_full("$1={a}$2;$2={a}$1;"), "$2 is embedded too deep, or in itself");
   EXPECT_EQ(refusal_of_full("$1={a}65536x;"), "accepted");
@@ -153,7 +153,7 @@ TEST(RecordSchema, EndlessAndHugeRecordsAreRefused) {
   EXPECT_EQ(refusal_of_full(doubling + "$16={a}H;"), "$2 is too large");
 }
 
-TEST(RecordSchema, UnionsAreNotNestedWithoutEnd) {
+TEST(RecordSchema, UnionsNestedTooDeep_AreRefused) {
   std::string text = "$1=";
   for (unsigned i = 0; i < 100000; ++i) {
     text += "?(<t,e>,0:{a}";

@@ -50,13 +50,13 @@ class InterfaceManager : public testing::Test {
   CurrentDevice installed_{device_};
 };
 
-TEST_F(InterfaceManager, ABundleHasTheVirtualAttribute) {
+TEST_F(InterfaceManager, Bundle_HasTheVirtualAttribute) {
   const Answers bundle = ask("Bundle-Ether1");
   EXPECT_EQ(bundle.found, YFW_OK);
   EXPECT_EQ(bundle.attribute, IMC_ATTRIBUTE_VIRTUAL);
 }
 
-TEST_F(InterfaceManager, AVirtualInterfaceIsToldByItsFlagsAndName) {
+TEST_F(InterfaceManager, VirtualInterface_IsKnownByItsFlagsAndName) {
   const Answers loopback = ask("Loopback0");
   EXPECT_EQ(loopback.found, YFW_OK);
   EXPECT_NE(loopback.attribute, IMC_ATTRIBUTE_VIRTUAL);
@@ -64,7 +64,7 @@ TEST_F(InterfaceManager, AVirtualInterfaceIsToldByItsFlagsAndName) {
   EXPECT_NE(loopback.name_kind, static_cast<uint32_t>(IMC_NAME_KIND_PHYSICAL));
 }
 
-TEST_F(InterfaceManager, APhysicalInterfaceIsNotVirtual) {
+TEST_F(InterfaceManager, PhysicalInterface_IsNotVirtual) {
   const Answers port = ask("GigabitEthernet0_0_0_1");
   EXPECT_EQ(port.found, YFW_OK);
   EXPECT_NE(port.attribute, IMC_ATTRIBUTE_VIRTUAL);
@@ -73,7 +73,7 @@ TEST_F(InterfaceManager, APhysicalInterfaceIsNotVirtual) {
   EXPECT_EQ(port.name_kind, static_cast<uint32_t>(IMC_NAME_KIND_PHYSICAL));
 }
 
-TEST_F(InterfaceManager, AnUnknownInterfaceIsToldByItsName) {
+TEST_F(InterfaceManager, UnknownInterface_IsKnownByItsName) {
   const Answers bundle = ask("Bundle-Ether9");
   EXPECT_EQ(bundle.found, kNotFound);
   EXPECT_EQ(bundle.flags, 0U);
@@ -83,12 +83,12 @@ TEST_F(InterfaceManager, AnUnknownInterfaceIsToldByItsName) {
   EXPECT_EQ(port.name_kind, static_cast<uint32_t>(IMC_NAME_KIND_PHYSICAL));
 }
 
-TEST_F(InterfaceManager, NamesAreFoundInEntryFormOnly) {
+TEST_F(InterfaceManager, NameWithSlashes_IsNotFound) {
   EXPECT_EQ(ask("GigabitEthernet0/0/0/1").found, kNotFound);
   EXPECT_EQ(entry_form("GigabitEthernet0/0/0/1"), "GigabitEthernet0_0_0_1");
 }
 
-TEST_F(InterfaceManager, OnlyNamesAreLookedUp) {
+TEST_F(InterfaceManager, LookupByAnotherKey_IsNotFound) {
   uint32_t handle = 7;
   uint32_t attribute = 7;
   const imc_interface_key key = {"Bundle-Ether1"};
@@ -98,7 +98,7 @@ TEST_F(InterfaceManager, OnlyNamesAreLookedUp) {
   EXPECT_EQ(attribute, 7U);
 }
 
-TEST_F(InterfaceManager, DisplayNamesHaveTheirSlashesBack) {
+TEST_F(InterfaceManager, DisplayNameOfAKnownInterface_HasItsSlashes) {
   std::array<char, 64> name{};
   EXPECT_EQ(imc_display_namestring("GigabitEthernet0_0_0_1", name.data(), name.size(), 0), YFW_OK);
   EXPECT_STREQ(name.data(), "GigabitEthernet0/0/0/1");
@@ -106,18 +106,18 @@ TEST_F(InterfaceManager, DisplayNamesHaveTheirSlashesBack) {
   EXPECT_STREQ(name.data(), "Unknown1_2");
 }
 
-TEST_F(InterfaceManager, ADisplayNameFitsOrFails) {
+TEST_F(InterfaceManager, DisplayNameThatDoesNotFit_Fails) {
   std::array<char, 4> name{};
   EXPECT_EQ(imc_display_namestring("abc", name.data(), name.size(), 0), YFW_OK);
   EXPECT_EQ(imc_display_namestring("abcd", name.data(), name.size(), 0), kTextTooLong);
 }
 
-TEST(InterfaceManagerWithoutDevice, KnowsNoInterface) {
+TEST(InterfaceManagerWithoutDevice, Lookup_FindsNoInterface) {
   EXPECT_EQ(ask("Bundle-Ether1").found, kNotFound);
   EXPECT_EQ(get_intf_type_if_lacp_configured("Bundle-Ether1"), 0U);
 }
 
-TEST(InterfaceManagerWithoutDevice, ConnectionsAreOpenUntilTheyAreClosed) {
+TEST(InterfaceManagerWithoutDevice, Connection_IsOpenUntilUnbound) {
   const uint32_t kind = IMC_BIND_KIND;
   imc_handle connection = nullptr;
   ASSERT_EQ(imc_db_bind(&kind, IMC_BIND_MODE, &connection), YFW_OK);

@@ -7,7 +7,7 @@
 namespace oclacp::host {
 namespace {
 
-class RequestTest : public testing::Test {
+class MappingContextTest : public testing::Test {
  protected:
   SchemaIndex paths_{schemas().native()};
   OutputLog log_{paths_, true};
@@ -17,7 +17,7 @@ class RequestTest : public testing::Test {
   yfw_datatree* config_ = find(tree_, {"interfaces", "interface", "config"});
 };
 
-TEST_F(RequestTest, TheHandleLeadsBackToTheRequest) {
+TEST_F(MappingContextTest, Handle_LeadsToTheContext) {
   yfw_map_ctx ctx = &request_;
   EXPECT_EQ(&MappingContext::of(ctx), &request_);
   EXPECT_EQ(ctx->request->descriptor->operation, static_cast<uint32_t>(YFW_REQUEST_EDIT));
@@ -25,7 +25,7 @@ TEST_F(RequestTest, TheHandleLeadsBackToTheRequest) {
   EXPECT_EQ(ctx->trace_enabled, 0U);
 }
 
-TEST_F(RequestTest, ThePositionIsTheNodeEnteredAndNotLeft) {
+TEST_F(MappingContextTest, Position_IsTheNodeEnteredAndNotLeft) {
   EXPECT_EQ(request_.position(), nullptr);
   yfw_map_add_to_node_hierarchy(&request_, entry_, YFW_HIERARCHY_LIST);
   yfw_map_add_to_node_hierarchy(&request_, config_, YFW_HIERARCHY_CONTAINER);
@@ -35,7 +35,7 @@ TEST_F(RequestTest, ThePositionIsTheNodeEnteredAndNotLeft) {
   EXPECT_EQ(request_.last_entered(), config_);
 }
 
-TEST_F(RequestTest, KeepsTheFirstMarkedError) {
+TEST_F(MappingContextTest, ErrorMarkedTwice_KeepsTheFirst) {
   yfw_map_add_to_node_hierarchy(&request_, entry_, YFW_HIERARCHY_LIST);
   yfw_oc_error_path(&request_);
   yfw_map_add_to_node_hierarchy(&request_, config_, YFW_HIERARCHY_CONTAINER);
@@ -43,14 +43,14 @@ TEST_F(RequestTest, KeepsTheFirstMarkedError) {
   EXPECT_EQ(request_.marked_node(), entry_);
 }
 
-TEST_F(RequestTest, ForgetsErrorsUnderAWholeSubtreeExpansion) {
+TEST_F(MappingContextTest, ErrorUnderAWholeSubtree_IsNotMarked) {
   yfw_map_add_to_node_hierarchy(&request_, config_, YFW_HIERARCHY_CONTAINER);
   request_.request->whole_subtree = 1;
   yfw_oc_error_path(&request_);
   EXPECT_EQ(request_.marked_node(), nullptr);
 }
 
-TEST_F(RequestTest, FindsAKeyOfAnEnclosingEntry) {
+TEST_F(MappingContextTest, KeyOfAnEnclosingEntry_IsFound) {
   const char* value = "untouched";
   EXPECT_EQ(yfw_map_get_node_info(&request_, "/lacp/interfaces/interface", "name", &value), kNotFound);
   EXPECT_EQ(value, nullptr);
@@ -66,7 +66,7 @@ cerrno no_callback(yfw_map_ctx /*ctx*/, const yfw_datatree* /*entry*/, yfw_datat
   return YFW_OK;
 }
 
-TEST_F(RequestTest, TheItreeStackGivesBackWhatWasPushedLast) {
+TEST_F(MappingContextTest, ItreeStack_IsLastInFirstOut) {
   EXPECT_EQ(yfw_map_util_itree_stack_size(&request_), 0);
   yfw_map_util_itree_stack_push(&request_, entry_->children, entry_->child_count, nullptr);
   yfw_map_util_itree_stack_push(&request_, config_->children, config_->child_count, &no_callback);
@@ -84,7 +84,7 @@ TEST_F(RequestTest, TheItreeStackGivesBackWhatWasPushedLast) {
   EXPECT_EQ(yfw_map_util_itree_stack_size(&request_), 0);
 }
 
-TEST_F(RequestTest, ARefusedAdditionFailsTheRequestEvenIfTheModuleIgnoresIt) {
+TEST_F(MappingContextTest, RefusedAdditionIgnoredByTheModule_FailsTheRequest) {
   const cerrno status =
       yfw_map_datatree_add_path_flagged(&request_, request_.output_root(), "/no/such", kIfmgr, "1", config_, 0, 0, 0);
   EXPECT_EQ(status, kUnknownPath);
@@ -93,7 +93,7 @@ TEST_F(RequestTest, ARefusedAdditionFailsTheRequestEvenIfTheModuleIgnoresIt) {
   EXPECT_EQ(request_.refused()->reason, "native /no/such: no such native node");
 }
 
-TEST_F(RequestTest, FindsALeafOfAContainerInAnEnclosingEntry) {
+TEST_F(MappingContextTest, LeafOfAContainerInAnEnclosingEntry_IsFound) {
   const char* value = nullptr;
   yfw_map_add_to_node_hierarchy(&request_, entry_, YFW_HIERARCHY_LIST);
   EXPECT_EQ(yfw_map_get_node_info(&request_, "/lacp/interfaces/interface/config", "interval", &value), YFW_OK);
@@ -106,7 +106,7 @@ TEST_F(RequestTest, FindsALeafOfAContainerInAnEnclosingEntry) {
   EXPECT_STREQ(value, "FAST");
 }
 
-TEST_F(RequestTest, CountsTheOutputList) {
+TEST_F(MappingContextTest, OutputList_IsCounted) {
   yfw_add_to_output_list_ctx(&request_, request_.output_root());
   yfw_add_to_output_list_ctx(&request_, request_.output_root());
   EXPECT_EQ(request_.request->output_list_count, 2U);

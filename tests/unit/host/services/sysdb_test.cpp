@@ -61,7 +61,7 @@ class DeviceFolder : public testing::Test {
   TemporaryFolder folder_;
 };
 
-TEST_F(DeviceFolder, TellsPlatformInventoryAndConfiguration) {
+TEST_F(DeviceFolder, ValidFolder_HasPlatformInventoryAndConfiguration) {
   write(kPlatform, support::native_interfaces(entry("act", "Bundle-Ether1", kLacp)));
   const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
   EXPECT_EQ(device->router_type(), 3U);
@@ -73,7 +73,7 @@ TEST_F(DeviceFolder, TellsPlatformInventoryAndConfiguration) {
   ASSERT_NE(device->running(), nullptr);
 }
 
-TEST_F(DeviceFolder, RefusesWhatIsMissing) {
+TEST_F(DeviceFolder, MissingFolderOrFile_IsRefused) {
   EXPECT_EQ(refusal_of([] { FolderDevice(schemas().native(), "/no/such").snapshot(); }),
             "/no/such: no such device directory");
   std::filesystem::remove(folder_.path() + "/running.json");
@@ -82,7 +82,7 @@ TEST_F(DeviceFolder, RefusesWhatIsMissing) {
   EXPECT_EQ(opened(), folder_.path() + "/platform.json: No such file or directory");
 }
 
-TEST_F(DeviceFolder, RefusesWhatIsInvalid) {
+TEST_F(DeviceFolder, InvalidFile_IsRefused) {
   write("{}", "{}");
   EXPECT_EQ(opened(), folder_.path() + "/platform.json: describes no platform");
   write(R"({"oclacp-platform:platform": {}})", "{}");
@@ -95,7 +95,7 @@ TEST_F(DeviceFolder, RefusesWhatIsInvalid) {
   EXPECT_THAT(opened(), testing::StartsWith(folder_.path() + "/running.json (line 1): "));
 }
 
-TEST_F(DeviceFolder, RefusesAttributesInData) {
+TEST_F(DeviceFolder, AttributeInData_IsRefused) {
   const std::string attribute = R"("@": {"ietf-netconf:operation": "delete"})";
   write(kPlatform, support::native_interfaces(entry("act", "a", ", " + attribute)));
   EXPECT_EQ(opened(), folder_.path() +
@@ -107,7 +107,7 @@ TEST_F(DeviceFolder, RefusesAttributesInData) {
                           "which data has not");
 }
 
-TEST_F(DeviceFolder, RefusesTheDataOfAnotherFile) {
+TEST_F(DeviceFolder, DataOfAnotherFile_IsRefused) {
   write(kPlatform, kPlatform);
   EXPECT_EQ(opened(), folder_.path() + "/running.json: /oclacp-platform:platform: is no configuration or state");
   write(R"({"oclacp-platform:platform": {"router-type": 3},
@@ -118,7 +118,7 @@ TEST_F(DeviceFolder, RefusesTheDataOfAnotherFile) {
                           "description of a device");
 }
 
-TEST_F(DeviceFolder, RefusesNamesThatAreTooLongInBytes) {
+TEST_F(DeviceFolder, NameLongerThan63Bytes_IsRefused) {
   const auto repeated = [](const std::string& character, int count) {
     std::string text;
     for (int number = 0; number < count; ++number) {
@@ -140,7 +140,7 @@ TEST_F(DeviceFolder, RefusesNamesThatAreTooLongInBytes) {
                                        testing::EndsWith("/name: an interface name has at most 63 bytes")));
 }
 
-TEST_F(DeviceFolder, ItemsAreTheFilledContainersOfActiveInterfaces) {
+TEST_F(DeviceFolder, Items_AreNonEmptyContainersOfActiveInterfaces) {
   write(kPlatform, support::native_interfaces(entry("act", "GigabitEthernet0/0/0/1", R"(, "description": "x",
             "Talvo-Brin-QD-bundlemgr-cfg:bundle-member": {"id": {"bundle-id": 1}})") +
                                               "," + entry("act", "Bundle-Ether1", kLacp) + "," +
@@ -150,7 +150,7 @@ TEST_F(DeviceFolder, ItemsAreTheFilledContainersOfActiveInterfaces) {
   EXPECT_THAT(find(".*/lacp/"), testing::ElementsAre("Bundle-Ether1/lacp/"));
 }
 
-TEST_F(DeviceFolder, TheLongestNamesComeFirst) {
+TEST_F(DeviceFolder, Items_LongestNamesComeFirst) {
   write(kPlatform,
         support::native_interfaces(entry("act", "Bundle-Ether1", kLacp) + "," + entry("act", "Bundle-Ether2", kLacp) +
                                    "," + entry("act", "Bundle-Ether10", kLacp)));
@@ -158,7 +158,7 @@ TEST_F(DeviceFolder, TheLongestNamesComeFirst) {
               testing::ElementsAre("Bundle-Ether10/lacp/", "Bundle-Ether1/lacp/", "Bundle-Ether2/lacp/"));
 }
 
-TEST_F(DeviceFolder, NamesThatDifferInTheirSlashesHaveDifferentElements) {
+TEST_F(DeviceFolder, NamesThatDifferInSlashes_HaveDifferentElements) {
   write(kPlatform, support::native_interfaces(entry("act", "Port0/1", kLacp) + "," + entry("act", "Port0_1", kLacp)));
   const std::vector<std::string> items = find(".*/lacp/");
   EXPECT_THAT(items, testing::ElementsAre("Port0_1_/lacp/", "Port0_1/lacp/"));
@@ -173,7 +173,7 @@ TEST_F(DeviceFolder, NamesThatDifferInTheirSlashesHaveDifferentElements) {
   EXPECT_EQ(display_name("Port0_1_"), "Port0/1");
 }
 
-TEST_F(DeviceFolder, AnItemThatIsCutIsWholeInTheNextList) {
+TEST_F(DeviceFolder, ItemCutByTheCaller_IsWholeInTheNextList) {
   write(kPlatform,
         support::native_interfaces(entry("act", "Bundle-Ether1", kLacp) + "," + entry("act", "Bundle-Ether2", kLacp)));
   const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
@@ -197,18 +197,18 @@ TEST_F(DeviceFolder, AnItemThatIsCutIsWholeInTheNextList) {
   EXPECT_EQ(_sysdb_unbind(connection), YFW_OK);
 }
 
-TEST_F(DeviceFolder, PatternsMatchWholeItems) {
+TEST_F(DeviceFolder, Pattern_MatchesWholeItems) {
   write(kPlatform, support::native_interfaces(entry("act", "Bundle-Ether1", kLacp)));
   EXPECT_THAT(find("lacp"), testing::IsEmpty());
   EXPECT_THAT(find("x|Bundle-Ether[0-9]+/lacp/"), testing::SizeIs(1));
   EXPECT_THAT(find("x|Bundle"), testing::IsEmpty());
 }
 
-TEST_F(DeviceFolder, ADeviceWithoutConfigurationHasNoItems) {
+TEST_F(DeviceFolder, DeviceWithoutConfiguration_HasNoItems) {
   EXPECT_THAT(find(".*"), testing::IsEmpty());
 }
 
-TEST_F(DeviceFolder, KnowsWhereLacpIsConfigured) {
+TEST_F(DeviceFolder, LacpConfigured_IsTrueForActiveInterfacesWithSettings) {
   write(kPlatform,
         support::native_interfaces(entry("act", "Bundle-Ether1", kLacp) + "," +
                                    entry("act", "Bundle-Ether2", R"(, "Talvo-Brin-QD-bundlemgr-cfg:lacp": {})") + "," +
@@ -220,7 +220,7 @@ TEST_F(DeviceFolder, KnowsWhereLacpIsConfigured) {
   EXPECT_EQ(get_intf_type_if_lacp_configured("Bundle-Ether3"), 0U);
 }
 
-TEST_F(DeviceFolder, ConfiguredInterfacesHaveDisplayNamesToo) {
+TEST_F(DeviceFolder, ConfiguredInterface_HasADisplayName) {
   write(kPlatform, support::native_interfaces(entry("act", "HundredGigE0/1/0/0", "")));
   const auto device = FolderDevice(schemas().native(), folder_.path()).snapshot();
   const CurrentDevice installed(*device);
@@ -229,7 +229,7 @@ TEST_F(DeviceFolder, ConfiguredInterfacesHaveDisplayNamesToo) {
   EXPECT_STREQ(name.data(), "HundredGigE0/1/0/0");
 }
 
-TEST(DataStore, ServesTheActiveInterfacesOnlyAndOnlyWithADevice) {
+TEST(DataStore, BindWithoutADeviceOrToOtherData_IsRefused) {
   sysdb_handle connection = nullptr;
   EXPECT_EQ(_sysdb_bind(&connection, SYSDB_ACTIVE_INTERFACES, SYSDB_BIND_FLAGS), kBadQuery);
   const EmptySnapshot device;
@@ -238,7 +238,7 @@ TEST(DataStore, ServesTheActiveInterfacesOnlyAndOnlyWithADevice) {
   EXPECT_EQ(connection, nullptr);
 }
 
-TEST(DataStore, RefusesQueriesThatItCannotAnswer) {
+TEST(DataStore, InvalidQuery_IsRefused) {
   const EmptySnapshot device;
   const CurrentDevice installed(device);
   sysdb_handle connection = nullptr;
@@ -251,14 +251,14 @@ TEST(DataStore, RefusesQueriesThatItCannotAnswer) {
   EXPECT_EQ(_sysdb_unbind(connection), YFW_OK);
 }
 
-TEST(DataStore, ItsLibraryIsPresentWithAndWithoutADevice) {
+TEST(DataStore, LibraryPath_IsReadableWithAndWithoutADevice) {
   EXPECT_EQ(access(SYSDB_LIBRARY_PATH, R_OK), 0);
   const EmptySnapshot device;
   const CurrentDevice installed(device);
   EXPECT_EQ(access(SYSDB_LIBRARY_PATH, R_OK), 0);
 }
 
-TEST(DataStore, TheGlobalConnectionNeedsNoDeviceAndHoldsNothing) {
+TEST(DataStore, GlobalConnection_NeedsNoDeviceAndHasNoItems) {
   ASSERT_EQ(yfw_intf_mgbl_connid, nullptr);
   ASSERT_EQ(_sysdb_bind(&yfw_intf_mgbl_connid, SYSDB_INTERFACE_GLOBALS, SYSDB_GLOBALS_BIND_FLAGS), YFW_OK);
   ASSERT_NE(yfw_intf_mgbl_connid, nullptr);
@@ -269,14 +269,14 @@ TEST(DataStore, TheGlobalConnectionNeedsNoDeviceAndHoldsNothing) {
   EXPECT_EQ(yfw_intf_mgbl_connid, nullptr) << "the next module would take it for bound";
 }
 
-TEST(Platform, ItsTypeIsTheDevices) {
+TEST(Platform, RouterType_IsThatOfTheDevice) {
   EXPECT_EQ(platform_get_router_type(), 0U);
   const EmptySnapshot device;
   const CurrentDevice installed(device);
   EXPECT_EQ(platform_get_router_type(), device.router_type());
 }
 
-TEST(DataStore, OtherProbesGoToTheSystem) {
+TEST(DataStore, AccessToOtherPaths_GoesToTheSystem) {
   const EmptySnapshot device;
   const CurrentDevice installed(device);
   EXPECT_EQ(access("/", R_OK), 0);
@@ -284,7 +284,7 @@ TEST(DataStore, OtherProbesGoToTheSystem) {
   EXPECT_EQ(errno, ENOENT);
 }
 
-TEST(DataStore, TheInnerOfTwoDevicesCounts) {
+TEST(DataStore, NestedDevices_InnerIsCurrent) {
   EXPECT_EQ(CurrentDevice::current(), nullptr);
   const EmptySnapshot device;
   const CurrentDevice outer(device);

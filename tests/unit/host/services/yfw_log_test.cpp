@@ -6,7 +6,7 @@
 namespace oclacp::host {
 namespace {
 
-TEST(Sinks, TheFilterTellsLevelsApart) {
+TEST(LogSinks, ShouldLog_FollowsTheLevelsOfTheFilter) {
   const uintptr_t only_errors = 1U << YFW_LOG_ERROR;
   EXPECT_NE(yfw_debug_should_log(&only_errors, YFW_LOG_ERROR), 0);
   EXPECT_EQ(yfw_debug_should_log(&only_errors, YFW_LOG_TRACE), 0);
@@ -14,7 +14,7 @@ TEST(Sinks, TheFilterTellsLevelsApart) {
   EXPECT_NE(yfw_debug_should_log(&kLogEverything, YFW_LOG_TRACE), 0);
 }
 
-TEST(Sinks, ALogRecordIsALine) {
+TEST(LogSinks, LogRecord_IsOneLine) {
   std::ostringstream out;
   yfw_log_stream stream{&out};
   uint32_t site = 0xFFFFFFFF;
@@ -23,14 +23,14 @@ TEST(Sinks, ALogRecordIsALine) {
   EXPECT_EQ(out.str(), "ERR: ctx=(nil),tag 'state'\n" + std::string(1023, 'x') + "\n");
 }
 
-TEST(Sinks, TraceRecordsAreKeptInOrder) {
+TEST(LogSinks, TraceRecords_AreKeptInOrder) {
   yfw_trace_buffer buffer;
   _lstrace(&buffer, YFW_TRACE_FLAGS, "one");
   _lstrace(&buffer, YFW_TRACE_FLAGS, "two");
   EXPECT_THAT(buffer.records, testing::ElementsAre("one", "two"));
 }
 
-TEST(Sinks, EachTraceRecordHasItsOwnNumber) {
+TEST(LogSinks, TraceIndex_GrowsByOne) {
   const uint32_t first = ret_nc_yfw_trace_index_incr();
   EXPECT_EQ(ret_nc_yfw_trace_index_incr(), first + 1);
 }

@@ -24,7 +24,7 @@ ModuleManifest manifest() {
   return read_module_manifest(location::kSchemas, location::kModule);
 }
 
-TEST(MappingModule, IsInitialisedWhileItIsLoaded) {
+TEST(MappingModule, Loaded_IsInitialisedUntilUnloaded) {
   ASSERT_EQ(yfw_intf_mgbl_connid, nullptr);
   {
     const MappingModule module(manifest());
@@ -33,7 +33,7 @@ TEST(MappingModule, IsInitialisedWhileItIsLoaded) {
   EXPECT_EQ(yfw_intf_mgbl_connid, nullptr);
 }
 
-TEST(MappingModule, TwoOfThemShareTheConnection) {
+TEST(MappingModule, LoadedTwice_SharesTheConnection) {
   const auto first = std::make_unique<MappingModule>(manifest());
   auto second = std::make_unique<MappingModule>(manifest());
   second.reset();
@@ -41,7 +41,7 @@ TEST(MappingModule, TwoOfThemShareTheConnection) {
   EXPECT_NE(yfw_intf_mgbl_connid, nullptr);
 }
 
-TEST(MappingModule, RegistersAWalkerForEachNativeRoot) {
+TEST(MappingModule, Loaded_HasAWalkerForEachNativeRoot) {
   const MappingModule module(manifest());
   EXPECT_NE(module.request_walker("http://openconfig.net/yang/lacp", "lacp"), nullptr);
   EXPECT_EQ(module.request_walker("http://openconfig.net/yang/lacp", "interfaces"), nullptr);
@@ -56,7 +56,7 @@ TEST(MappingModule, RegistersAWalkerForEachNativeRoot) {
   EXPECT_EQ(module.native_walker(kIfmgr, "lacp"), nullptr);
 }
 
-TEST(MappingModule, IsAskedWhetherItServesTheDevice) {
+TEST(MappingModule, RequireOffer_RefusesPlatformTypesThatAreNotServed) {
   const MappingModule module(manifest());
   for (const uint32_t type : {7U, 8U, 18U}) {
     const DeviceOfType device(type);
@@ -69,7 +69,7 @@ TEST(MappingModule, IsAskedWhetherItServesTheDevice) {
             "platform type 9: the mapping module does not offer openconfig-lacp on devices of this type");
 }
 
-TEST(MappingModule, ServesADeviceOfWhichNothingIsKnown) {
+TEST(MappingModule, EmptyDevice_IsServed) {
   const MappingModule module(manifest());
   const EmptySnapshot device;
   const CurrentDevice installed(device);

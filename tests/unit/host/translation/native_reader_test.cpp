@@ -19,13 +19,13 @@ std::vector<std::string> wanted(const std::string& path) {
   return keys;
 }
 
-TEST(Wanted, AreTheEntriesThatAReadNames) {
+TEST(EntryFilter, ReadOfNamedEntries_KeepsThose) {
   EXPECT_EQ(wanted("/lacp/interfaces/interface[name='a']/config"), std::vector<std::string>{"a"});
   EXPECT_EQ(wanted("/lacp/interfaces/interface[name='a']/members/member[interface='b']"),
             std::vector<std::string>{"a"});
 }
 
-TEST(Wanted, AreAllWhenAReadNamesNone) {
+TEST(EntryFilter, ReadWithoutEntries_KeepsAll) {
   for (const char* path : {"/lacp", "/lacp/config", "/lacp/interfaces", "/lacp/interfaces/interface",
                            "/lacp/interfaces/interface/members/member[interface='b']"}) {
     EXPECT_TRUE(wanted(path).empty()) << path;
@@ -40,7 +40,7 @@ std::string bundles(const std::string& entries) {
   return R"({"Talvo-Brin-QD-bundlemgr-oper:lacp-bundles": {"bundles": {"bundle": [)" + entries + "]}}}";
 }
 
-class ReadingTest : public testing::Test {
+class NativeReaderTest : public testing::Test {
  protected:
   // What is read of native data, entry names and all, in JSON without blanks.
   std::string read(const std::string& native, const EntryFilter& wanted = {}) {
@@ -75,17 +75,17 @@ class ReadingTest : public testing::Test {
   std::vector<std::string> trace_;
 };
 
-TEST_F(ReadingTest, ReadsAllOfIt) {
+TEST_F(NativeReaderTest, WithoutAFilter_ReadsAllEntries) {
   EXPECT_EQ(read(bundles(bundle("a") + "," + bundle("b"))), interfaces(entry("a") + "," + entry("b")));
 }
 
-TEST_F(ReadingTest, WalksOnlyEntriesThatAreWanted) {
+TEST_F(NativeReaderTest, WithAFilter_WalksOnlyItsEntries) {
   const lysc_node* list = lys_find_path(schemas().request(), nullptr, "/openconfig-lacp:lacp/interfaces/interface", 0);
   EXPECT_EQ(read(bundles(bundle("a") + "," + bundle("b") + "," + bundle("c")), {list, {"b"}}), interfaces(entry("b")));
   EXPECT_EQ(runs_of("list_lvla_lacpbundles_bundles_bundle"), 1U);
 }
 
-TEST_F(ReadingTest, WalksManyEntriesInParts) {
+TEST_F(NativeReaderTest, ManyEntries_AreWalkedInParts) {
   std::string native;
   std::string expected;
   for (int number = 0; number < 600; ++number) {
@@ -97,7 +97,7 @@ TEST_F(ReadingTest, WalksManyEntriesInParts) {
   EXPECT_EQ(runs_of("cont_lvla_lacpbundles_bundles"), 3U);
 }
 
-TEST_F(ReadingTest, OfWhatNoMappingServesIsNothing) {
+TEST_F(NativeReaderTest, DataWithoutAMapping_IsEmpty) {
   EXPECT_EQ(read(R"({"Talvo-Brin-QD-ifmgr-cfg:global-interface-configuration": {}})"), "{}");
 }
 

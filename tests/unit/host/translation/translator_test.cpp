@@ -28,7 +28,7 @@ class TranslatorTest : public testing::Test {
   const DeviceSnapshot& device_ = *snapshot_;
 };
 
-TEST_F(TranslatorTest, TheResultHasTheFormatOfTheRequestUnlessAskedOtherwise) {
+TEST_F(TranslatorTest, Result_HasTheFormatOfTheRequestByDefault) {
   const std::string in_json = lacp(R"("config": {"system-priority": 5})");
   const std::string in_xml =
       R"(<lacp xmlns="http://openconfig.net/yang/lacp"><config><system-priority>5</system-priority></config></lacp>)";
@@ -43,7 +43,7 @@ TEST_F(TranslatorTest, TheResultHasTheFormatOfTheRequestUnlessAskedOtherwise) {
   EXPECT_EQ(translated(in_xml, options), json);
 }
 
-TEST_F(TranslatorTest, DefaultDeleteDeletesWhatIsNamedLast) {
+TEST_F(TranslatorTest, DefaultDelete_DeletesTheInnermostNodes) {
   EditOptions options;
   options.operation = DefaultOperation::kDelete;
   EXPECT_THAT(translated(interface(R"("name": "Bundle-Ether1", "config": {"interval": [null]})"), options),
@@ -54,14 +54,14 @@ TEST_F(TranslatorTest, DefaultDeleteDeletesWhatIsNamedLast) {
                         "\"ietf-netconf:operation\": \"remove\""));
 }
 
-TEST_F(TranslatorTest, DefaultDeleteLeavesNodesWithAnOperationAndWhatIsInThem) {
+TEST_F(TranslatorTest, DefaultDelete_LeavesSubtreesWithAnOperation) {
   EditOptions options;
   options.operation = DefaultOperation::kDelete;
   const std::string request = lacp(R"("config": {"@": {"ietf-netconf:operation": "replace"}, "system-priority": 5})");
   EXPECT_EQ(translated(request, options), translated(request));
 }
 
-TEST_F(TranslatorTest, DefaultDeleteTakesTheNameOfAnEntryForNoMoreThanThat) {
+TEST_F(TranslatorTest, DefaultDelete_DoesNotDeleteTheNameOfAnEntry) {
   EditOptions options;
   options.operation = DefaultOperation::kDelete;
   EXPECT_EQ(translated(interface(R"("name": "Bundle-Ether1", "config": {"name": "Bundle-Ether1", "interval": [null]})"),
@@ -71,7 +71,7 @@ TEST_F(TranslatorTest, DefaultDeleteTakesTheNameOfAnEntryForNoMoreThanThat) {
               testing::EndsWith("/config/name: goes with its list entry, and cannot be deleted alone"));
 }
 
-TEST_F(TranslatorTest, StrictRefusesTheSubInterfaceThatAReadDoesNotShow) {
+TEST_F(TranslatorTest, Strict_RefusesASubInterface) {
   EditOptions options;
   const std::string request = interface(R"("name": "Bundle-Ether1.10", "config": {"lacp-mode": "ACTIVE"})");
   EXPECT_EQ(refused(request, options), "accepted");
@@ -85,7 +85,7 @@ TEST_F(TranslatorTest, StrictRefusesTheSubInterfaceThatAReadDoesNotShow) {
             "accepted");
 }
 
-TEST_F(TranslatorTest, DefaultReplaceReplacesTheTop) {
+TEST_F(TranslatorTest, DefaultReplace_ReplacesTheTopNode) {
   EditOptions options;
   options.operation = DefaultOperation::kReplace;
   const std::string request = lacp(R"("config": {"system-priority": 5})");
@@ -94,20 +94,20 @@ TEST_F(TranslatorTest, DefaultReplaceReplacesTheTop) {
   EXPECT_NE(translated(request, options), translated(request));
 }
 
-TEST_F(TranslatorTest, ReadsCarryNoOperations) {
+TEST_F(TranslatorTest, ReadWithAnOperation_IsRefused) {
   const std::string request = lacp(R"("config": {"@": {"ietf-netconf:operation": "delete"}})");
   EXPECT_EQ(refusal_of([&] { translator_.translate_read(request, device_, Content::kConfig); }),
             "/openconfig-lacp:lacp: a read carries no edit operations");
 }
 
-TEST_F(TranslatorTest, AMissingValueIsRefusedWithItsNode) {
+TEST_F(TranslatorTest, MissingValue_IsRefusedWithItsNode) {
   EXPECT_EQ(refused(lacp(R"("config": {"system-priority": [null]})")),
             "/openconfig-lacp:lacp/config/system-priority: native /lacp/system-priority: the leaf needs a value");
   EXPECT_EQ(refused(interface(R"("name": "a", "config": {"lacp-mode": [null]})")),
             "/openconfig-lacp:lacp/interfaces/interface[name='a']/config: a value is missing (code 0x0c1a0006)");
 }
 
-TEST_F(TranslatorTest, RefusalsOfTheModuleNameTheNodeTheTagAndTheCode) {
+TEST_F(TranslatorTest, RefusalOfTheModule_NamesTheNodeTagAndCode) {
   EXPECT_EQ(refused(interface(R"("name": "a", "state": {"system-priority": 1})")),
             "/openconfig-lacp:lacp/interfaces/interface[name='a']/state: not supported by this mapping (error tag "
             "'state', code 0xaaf2ee00)");
@@ -121,7 +121,7 @@ TEST_F(TranslatorTest, RefusalsOfTheModuleNameTheNodeTheTagAndTheCode) {
             "children (code 0xaaf2a000)");
 }
 
-TEST_F(TranslatorTest, ErrorsUnderAnExpansionDoNotFailTheRequest) {
+TEST_F(TranslatorTest, ErrorUnderAnExpansion_DoesNotFailTheRequest) {
   const auto read = [&](const std::string& request) {
     return translator_.translate_read(request, device_, Content::kAll);
   };
@@ -131,7 +131,7 @@ TEST_F(TranslatorTest, ErrorsUnderAnExpansionDoNotFailTheRequest) {
               HasSubstr("/state/interval: not supported by this mapping (error tag 'interval'"));
 }
 
-TEST_F(TranslatorTest, RecordsAreCollectedWhetherOrNotTheRequestIsRefused) {
+TEST_F(TranslatorTest, RefusedRequest_IsLoggedAndTraced) {
   std::ostringstream log;
   std::vector<std::string> trace;
   EditOptions options;
@@ -143,14 +143,14 @@ TEST_F(TranslatorTest, RecordsAreCollectedWhetherOrNotTheRequestIsRefused) {
                              testing::Contains(HasSubstr("! Unsupported tag is specified in the request."))));
 }
 
-TEST_F(TranslatorTest, OneRequestLeavesNothingForTheNext) {
+TEST_F(TranslatorTest, RequestAfterARefusedOne_TranslatesTheSame) {
   const std::string request = lacp(R"("config": {"system-priority": 5})");
   const std::string first = translated(request);
   refused(interface(R"("name": "a", "state": {})"));
   EXPECT_EQ(translated(request), first);
 }
 
-TEST(TranslatorFiles, RefusesModulesThatCannotBeUsed) {
+TEST(TranslatorFiles, ModuleThatCannotBeLoaded_IsRefused) {
   const SchemaDirectories schemas = {location::kSchemas, ""};
   EXPECT_THAT(refusal_of([&] { const Translator ignored(schemas, "/no/such.so"); }),
               testing::StartsWith("the mapping module cannot be loaded: /no/such.so: "));

@@ -53,11 +53,11 @@ class AnswerBuilderTest : public testing::Test {
   AnswerBuilder tree_{context_};
 };
 
-TEST_F(AnswerBuilderTest, NothingIsAnEmptyDocument) {
+TEST_F(AnswerBuilderTest, NothingAdded_IsAnEmptyDocument) {
   EXPECT_EQ(answer(), "{}");
 }
 
-TEST_F(AnswerBuilderTest, LeavesStandInTheCurrentEntry) {
+TEST_F(AnswerBuilderTest, Leaves_AreAddedToTheCurrentEntry) {
   enter("a");
   add("/config/interval", "FAST");
   enter("b");
@@ -66,12 +66,12 @@ TEST_F(AnswerBuilderTest, LeavesStandInTheCurrentEntry) {
                                  R"({"name":"b","config":{"name":"b","interval":"SLOW"}})"));
 }
 
-TEST_F(AnswerBuilderTest, TheLeafThatAKeyRefersToComesWithIt) {
+TEST_F(AnswerBuilderTest, Key_AddsTheLeafThatItRefersTo) {
   enter("a");
   EXPECT_EQ(answer(), interfaces(R"({"name":"a","config":{"name":"a"}})"));
 }
 
-TEST_F(AnswerBuilderTest, ALeafAfterASkippedEntryDoesNotLandInItsNeighbour) {
+TEST_F(AnswerBuilderTest, LeafAfterASkippedEntry_IsDropped) {
   enter("a");
   enter_skipped();
   add("/config/interval", "FAST");
@@ -79,14 +79,14 @@ TEST_F(AnswerBuilderTest, ALeafAfterASkippedEntryDoesNotLandInItsNeighbour) {
   EXPECT_EQ(tree_.dropped_leaves(), 1U);
 }
 
-TEST_F(AnswerBuilderTest, TheKeyLeafMayBeAddedAgain) {
+TEST_F(AnswerBuilderTest, KeyLeafAddedAgain_HasNoEffect) {
   enter("a");
   add("/name", "a");
   EXPECT_EQ(answer(), interfaces(R"({"name":"a","config":{"name":"a"}})"));
   EXPECT_EQ(tree_.dropped_leaves(), 0U);
 }
 
-TEST_F(AnswerBuilderTest, AnEntryThatIsThereIsFoundAgain) {
+TEST_F(AnswerBuilderTest, EntryEnteredAgain_IsReused) {
   enter("a");
   add("/config/interval", "FAST");
   enter("b");
@@ -97,7 +97,7 @@ TEST_F(AnswerBuilderTest, AnEntryThatIsThereIsFoundAgain) {
                                  R"({"name":"b","config":{"name":"b"}})"));
 }
 
-TEST_F(AnswerBuilderTest, ListsInListsBelongToTheEntryAroundThem) {
+TEST_F(AnswerBuilderTest, InnerList_BelongsToTheOuterEntry) {
   enter("a");
   request_.enter_list("/interface-configurations/interface-configuration/x");
   EXPECT_EQ(
@@ -110,7 +110,7 @@ TEST_F(AnswerBuilderTest, ListsInListsBelongToTheEntryAroundThem) {
                                  R"({"interface":"m","state":{"activity":"ACTIVE"}}]}})"));
 }
 
-TEST_F(AnswerBuilderTest, CuttingBackToAListClosesTheListsInIt) {
+TEST_F(AnswerBuilderTest, TrimToAList_ClosesItsInnerLists) {
   enter("a");
   add("/members/member/interface", "m");
   yfw_map_copy_trim_path_list_ctx(&request_, kInterface);
@@ -119,7 +119,7 @@ TEST_F(AnswerBuilderTest, CuttingBackToAListClosesTheListsInIt) {
   EXPECT_EQ(tree_.dropped_leaves(), 1U);
 }
 
-TEST_F(AnswerBuilderTest, WalksAddToEachOther) {
+TEST_F(AnswerBuilderTest, SeveralWalks_AreMerged) {
   enter("a");
   add("/config/interval", "FAST");
   tree_.add(log_);
@@ -134,7 +134,7 @@ TEST_F(AnswerBuilderTest, WalksAddToEachOther) {
             R"("config":{"name":"a","interval":"FAST"},"state":{"interval":"SLOW"}}]}}})");
 }
 
-TEST_F(AnswerBuilderTest, AValueThatTheLeafDoesNotTakeTakesItsEntryAway) {
+TEST_F(AnswerBuilderTest, InvalidValue_IsRefusedAndItsEntryDropped) {
   enter("a");
   add("/config/system-id-mac", "nonsense");
   EXPECT_THAT(refusal_of([this] { tree_.add(log_); }),
@@ -143,14 +143,14 @@ TEST_F(AnswerBuilderTest, AValueThatTheLeafDoesNotTakeTakesItsEntryAway) {
   EXPECT_EQ(squeezed_json(made), "{}");
 }
 
-TEST_F(AnswerBuilderTest, APathThatTheModelDoesNotHaveFailsTheWalk) {
+TEST_F(AnswerBuilderTest, UnknownPath_FailsTheWalk) {
   EXPECT_NE(yfw_map_datatree_add_path_flagged(&request_, request_.output_root(), "/lacp/colour", kOpenconfig, "red",
                                               nullptr, 0, 0, 0),
             YFW_OK);
   EXPECT_TRUE(request_.refused());
 }
 
-TEST_F(AnswerBuilderTest, ALeafThatIsReportedEmptyIsLeftOutAndNamed) {
+TEST_F(AnswerBuilderTest, EmptyValue_IsLeftOutAndListed) {
   enter("b");
   add("/state/lacp-mode", "");
   add("/state/system-priority", "5");
@@ -159,7 +159,7 @@ TEST_F(AnswerBuilderTest, ALeafThatIsReportedEmptyIsLeftOutAndNamed) {
             std::vector<std::string>{"/openconfig-lacp:lacp/interfaces/interface[name='b']/state/lacp-mode"});
 }
 
-TEST_F(AnswerBuilderTest, AWalkThatFailsTakesNothingFromAnEarlierOneAndLeavesNothing) {
+TEST_F(AnswerBuilderTest, FailedWalk_LeavesTheEarlierAnswerUnchanged) {
   enter("a");
   add("/config/interval", "FAST");
   tree_.add(log_);
@@ -173,13 +173,13 @@ TEST_F(AnswerBuilderTest, AWalkThatFailsTakesNothingFromAnEarlierOneAndLeavesNot
   EXPECT_EQ(squeezed_json(made), interfaces(R"({"name":"a","config":{"name":"a","interval":"FAST"}})"));
 }
 
-TEST_F(AnswerBuilderTest, NumbersThatAreNotCanonicalBecomeSo) {
+TEST_F(AnswerBuilderTest, NonCanonicalNumber_BecomesCanonical) {
   enter("a");
   add("/config/system-priority", "007");
   EXPECT_EQ(answer(), interfaces(R"({"name":"a","config":{"name":"a","system-priority":7}})"));
 }
 
-TEST_F(AnswerBuilderTest, NumbersOutOfRangeAreRefused) {
+TEST_F(AnswerBuilderTest, NumberOutOfRange_IsRefused) {
   enter("a");
   add("/config/system-priority", "65536");
   EXPECT_THAT(refusal_of([this] { tree_.add(log_); }), testing::HasSubstr("/config/system-priority: "));

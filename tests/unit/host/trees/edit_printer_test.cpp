@@ -85,12 +85,12 @@ const std::string kTop = "/interface-configurations";
 const std::string kA = kTop + "/interface-configuration[act][a]";
 const std::string kB = kTop + "/interface-configuration[act][b]";
 
-TEST_F(EditPrinterTest, AnEmptyScriptIsAnEmptyDocument) {
+TEST_F(EditPrinterTest, EmptyLog_PrintsAnEmptyDocument) {
   EXPECT_EQ(print_edit(context_, EditTree(edit_), LYD_JSON), "{}\n");
   EXPECT_EQ(print_edit(context_, EditTree(edit_), LYD_XML), "");
 }
 
-TEST_F(EditPrinterTest, SetLeavesAreInstanceData) {
+TEST_F(EditPrinterTest, SetLeaves_ArePrintedAsInstanceData) {
   add(edit_, "/lacp/system-priority", kBundlemgr, "7", merge_);
   open(edit_, "a", merge_);
   add(edit_, std::string(kEntry) + "/interface-virtual", kIfmgr, nullptr, merge_);
@@ -102,7 +102,7 @@ TEST_F(EditPrinterTest, SetLeavesAreInstanceData) {
   expect_valid();
 }
 
-TEST_F(EditPrinterTest, DeletedLeavesHaveAnOperationAndNoValue) {
+TEST_F(EditPrinterTest, DeletedLeaves_HaveAnOperationAndNoValue) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "period", nullptr, source(YFW_OPERATION_DELETE));
   add_lacp(edit_, "mode", nullptr, source(YFW_OPERATION_REMOVE));
@@ -113,13 +113,13 @@ TEST_F(EditPrinterTest, DeletedLeavesHaveAnOperationAndNoValue) {
                         "\"delete\""));
 }
 
-TEST_F(EditPrinterTest, DeletedContainersAreShownThoughTheyAreEmpty) {
+TEST_F(EditPrinterTest, DeletedEmptyContainer_IsPrinted) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "", nullptr, source(YFW_OPERATION_REMOVE));
   EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp [remove]"));
 }
 
-TEST_F(EditPrinterTest, LeavesMayBeReplacedAndCreated) {
+TEST_F(EditPrinterTest, ReplacedAndCreatedLeaves_HaveAnOperationAndAValue) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "period", "1", source(YFW_OPERATION_REPLACE));
   add_lacp(edit_, "mode", "active", source(YFW_OPERATION_CREATE));
@@ -127,7 +127,7 @@ TEST_F(EditPrinterTest, LeavesMayBeReplacedAndCreated) {
                                               kA + "/lacp/period [replace] = 1"));
 }
 
-TEST_F(EditPrinterTest, EntriesWithTheSameKeysAreOne) {
+TEST_F(EditPrinterTest, EntriesWithTheSameKeys_AreMerged) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "mode", "active", merge_);
   open(edit_, "b", merge_);
@@ -137,21 +137,21 @@ TEST_F(EditPrinterTest, EntriesWithTheSameKeysAreOne) {
               testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/mode = active", kA + "/lacp/period = 1", kB));
 }
 
-TEST_F(EditPrinterTest, ASetAfterADeleteOfTheLeafIsASet) {
+TEST_F(EditPrinterTest, SetAfterDeleteOfTheLeaf_IsASet) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "period", nullptr, source(YFW_OPERATION_DELETE));
   add_lacp(edit_, "period", "1", merge_);
   EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/period = 1"));
 }
 
-TEST_F(EditPrinterTest, ACreateAfterADeleteOfTheLeafIsASet) {
+TEST_F(EditPrinterTest, CreateAfterDeleteOfTheLeaf_IsASet) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "period", nullptr, source(YFW_OPERATION_REMOVE));
   add_lacp(edit_, "period", "1", source(YFW_OPERATION_CREATE));
   EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/period = 1"));
 }
 
-TEST_F(EditPrinterTest, ASetInsideOfADeletedContainerReplacesIt) {
+TEST_F(EditPrinterTest, SetInADeletedContainer_ReplacesTheContainer) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "mode", "active", merge_);
   add_lacp(edit_, "", nullptr, source(YFW_OPERATION_REMOVE));
@@ -161,21 +161,21 @@ TEST_F(EditPrinterTest, ASetInsideOfADeletedContainerReplacesIt) {
                                               kA + "/lacp/system-priority = 9"));
 }
 
-TEST_F(EditPrinterTest, ADeletedContainerThatIsNamedAgainIsReplacedByNothing) {
+TEST_F(EditPrinterTest, DeletedContainerNamedAgain_IsReplacedByAnEmptyOne) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "", nullptr, source(YFW_OPERATION_REMOVE));
   add_lacp(edit_, "", nullptr, merge_);
   EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp [replace]"));
 }
 
-TEST_F(EditPrinterTest, ADeleteAfterASetDeletesWhateverWasThere) {
+TEST_F(EditPrinterTest, DeleteAfterSetOfTheLeaf_Removes) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "period", "1", merge_);
   add_lacp(edit_, "period", nullptr, source(YFW_OPERATION_DELETE));
   EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/period [remove]"));
 }
 
-TEST_F(EditPrinterTest, ADeleteOfAContainerTakesWhatWasSetInIt) {
+TEST_F(EditPrinterTest, DeleteOfAContainer_DropsWhatWasSetInIt) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "period", "1", merge_);
   add_lacp(edit_, "mode", nullptr, source(YFW_OPERATION_DELETE));
@@ -183,14 +183,14 @@ TEST_F(EditPrinterTest, ADeleteOfAContainerTakesWhatWasSetInIt) {
   EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp [remove]"));
 }
 
-TEST_F(EditPrinterTest, ADeleteInsideOfWhatIsDeletedLeavesNothingToDo) {
+TEST_F(EditPrinterTest, DeleteInADeletedContainer_HasNoEffect) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "", nullptr, source(YFW_OPERATION_DELETE));
   add_lacp(edit_, "period", nullptr, source(YFW_OPERATION_DELETE));
   EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp [delete]"));
 }
 
-TEST_F(EditPrinterTest, ADeleteInsideOfWhatIsReplacedTakesBackWhatWasSet) {
+TEST_F(EditPrinterTest, DeleteInAReplacedContainer_UndoesTheSet) {
   open(edit_, "a", merge_);
   add_lacp(edit_, "", nullptr, source(YFW_OPERATION_REMOVE));
   add_lacp(edit_, "period", "1", merge_);
@@ -200,20 +200,20 @@ TEST_F(EditPrinterTest, ADeleteInsideOfWhatIsReplacedTakesBackWhatWasSet) {
   EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp [replace]", kA + "/lacp/mode = active"));
 }
 
-TEST_F(EditPrinterTest, TheFirstOfTwoDeletesCounts) {
+TEST_F(EditPrinterTest, DeleteThenRemoveOfALeaf_IsADelete) {
   add(edit_, "/lacp/system-priority", kBundlemgr, nullptr, source(YFW_OPERATION_DELETE));
   add(edit_, "/lacp/system-priority", kBundlemgr, nullptr, source(YFW_OPERATION_REMOVE));
   EXPECT_THAT(printed(), testing::ElementsAre("/lacp", "/lacp/system-priority [delete]"));
 }
 
-TEST_F(EditPrinterTest, ADeletedEntryThatIsOpenedAgainIsReplaced) {
+TEST_F(EditPrinterTest, DeletedEntryOpenedAgain_IsReplaced) {
   open(edit_, "a", source(YFW_OPERATION_REMOVE));
   open(edit_, "a", merge_);
   add_lacp(edit_, "period", "1", merge_);
   EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA + " [replace]", kA + "/lacp", kA + "/lacp/period = 1"));
 }
 
-TEST_F(EditPrinterTest, EntriesWithoutKeysAreDroppedAndCounted) {
+TEST_F(EditPrinterTest, EntriesWithoutKeys_AreDroppedAndCounted) {
   open(edit_, merge_);
   add_lacp(edit_, "period", "1", merge_);
   add(edit_, std::string(kEntry) + "/interface-name", kIfmgr, "half", merge_);
@@ -222,7 +222,7 @@ TEST_F(EditPrinterTest, EntriesWithoutKeysAreDroppedAndCounted) {
   EXPECT_EQ(EditTree(edit_).dropped_entries(), 1U);
 }
 
-TEST_F(EditPrinterTest, AnEntryIsNotMadeToDeleteNothingInIt) {
+TEST_F(EditPrinterTest, EntryBelowARemove_IsPrintedOnlyForWhatItRemoves) {
   const yfw_datatree* inside = source_below(YFW_OPERATION_REMOVE);
   name_entry(edit_, "a", inside);
   EXPECT_THAT(printed(), testing::ElementsAre());
@@ -231,7 +231,7 @@ TEST_F(EditPrinterTest, AnEntryIsNotMadeToDeleteNothingInIt) {
   EXPECT_THAT(printed(), testing::ElementsAre(kTop, kA, kA + "/lacp", kA + "/lacp/period [remove]"));
 }
 
-TEST_F(EditPrinterTest, RefusesValuesThatNativeLeavesDoNotTake) {
+TEST_F(EditPrinterTest, InvalidNativeValue_IsRefusedWithItsSource) {
   RequestTree tree = parse(lacp(R"("config": {"system-priority": 1})"));
   const yfw_datatree* from = find(tree, {"config", "system-priority"});
   open(edit_, "a", merge_);
@@ -242,7 +242,7 @@ TEST_F(EditPrinterTest, RefusesValuesThatNativeLeavesDoNotTake) {
             "[interface-name='a']/Talvo-Brin-QD-bundlemgr-cfg:lacp/mode: 'loud' is none of on, active, passive");
 }
 
-TEST_F(EditPrinterTest, RefusesKeysThatNativeListsDoNotTake) {
+TEST_F(EditPrinterTest, InvalidNativeKey_IsRefusedWithItsSource) {
   RequestTree tree = parse(interface(R"("name": "a")"));
   open(edit_, std::string(64, 'x').c_str(), find(tree, {"interfaces", "interface"}));
   EXPECT_THAT(

@@ -42,19 +42,19 @@ class NativeTreeTest : public testing::Test {
   OutputLog log_{paths_, false};
 };
 
-TEST_F(NativeTreeTest, HoldsEverythingWithKeysFirst) {
+TEST_F(NativeTreeTest, WithoutASelection_HoldsAllWithKeysFirst) {
   EXPECT_EQ(all(native_interfaces(R"({"interface-name": "a", "description": "x", "active": "act",
                 "interface-virtual": [null], "mtus": {"mtu": [{"mtu": 99, "owner": "o"}]}})")),
             "interface-configurations(interface-configuration(active=act interface-name=a interface-virtual "
             "description=x mtus(mtu(owner=o mtu=99))))");
 }
 
-TEST_F(NativeTreeTest, LeavesOutContainersThatHoldNothing) {
+TEST_F(NativeTreeTest, EmptyContainers_AreLeftOut) {
   EXPECT_EQ(all(native_interfaces(native_entry("a", R"("mode": "active")"))),
             "interface-configurations(interface-configuration(active=act interface-name=a lacp(mode=active)))");
 }
 
-TEST_F(NativeTreeTest, NodesHaveTheContractsFields) {
+TEST_F(NativeTreeTest, Nodes_HaveTheFieldsOfTheContract) {
   const TreePtr data = parse_native(native_interfaces(native_entry("a", kLacpEntry)));
   NativeTree tree(interface_top(data), nullptr);
   const yfw_datatree& top = *tree.top();
@@ -69,20 +69,20 @@ TEST_F(NativeTreeTest, NodesHaveTheContractsFields) {
             "[interface-name='a']/Talvo-Brin-QD-bundlemgr-cfg:lacp/mode");
 }
 
-TEST_F(NativeTreeTest, ASelectedEntryIsFoundByItsKeys) {
+TEST_F(NativeTreeTest, SelectedEntry_IsFoundByItsKeys) {
   ask_for_entry("b");
   ask_for_lacp("/period");
   EXPECT_EQ(selected(native_interfaces(native_entry("a", kLacpEntry) + "," + native_entry("b", kLacpEntry))),
             "interface-configurations(interface-configuration(active=act interface-name=b lacp(period=1000)))");
 }
 
-TEST_F(NativeTreeTest, AnotherClassOfTheSameInterfaceIsAnotherEntry) {
+TEST_F(NativeTreeTest, InterfaceInAnotherClass_IsNotSelected) {
   ask_for_entry("a");
   ask_for_lacp("/mode");
   EXPECT_EQ(selected(native_interfaces(R"({"active": "pre", "interface-name": "a"})")), "interface-configurations");
 }
 
-TEST_F(NativeTreeTest, WithoutKeysEveryEntryIsSelected) {
+TEST_F(NativeTreeTest, EntryWithoutKeys_SelectsAllInterfaces) {
   ask_for_entry(nullptr);
   ask_for_lacp("/mode");
   EXPECT_EQ(selected(native_interfaces(native_entry("a", kLacpEntry) + "," + native_entry("b", R"("period": 1)"))),
@@ -90,7 +90,7 @@ TEST_F(NativeTreeTest, WithoutKeysEveryEntryIsSelected) {
             "interface-configuration(active=act interface-name=b lacp))");
 }
 
-TEST_F(NativeTreeTest, WhatIsAskedForOfOneEntryComesTogether) {
+TEST_F(NativeTreeTest, SelectionsOfOneEntry_AreMerged) {
   ask_for_entry("a");
   ask_for_lacp("/period");
   ask_for_entry("b");
@@ -103,13 +103,13 @@ TEST_F(NativeTreeTest, WhatIsAskedForOfOneEntryComesTogether) {
       "interface-configuration(active=act interface-name=b lacp(mode=active)))");
 }
 
-TEST_F(NativeTreeTest, AnEntryThatIsOnlyNamedComesWithItsKeys) {
+TEST_F(NativeTreeTest, EntryWithoutSelectedLeaves_ComesWithItsKeys) {
   ask_for_entry("a");
   EXPECT_EQ(selected(native_interfaces(native_entry("a", kLacpEntry))),
             "interface-configurations(interface-configuration(active=act interface-name=a))");
 }
 
-TEST_F(NativeTreeTest, ASelectedContainerComesWhole) {
+TEST_F(NativeTreeTest, SelectedContainer_ComesWhole) {
   ask_for_entry("a");
   ask_for_lacp("");
   EXPECT_EQ(selected(native_interfaces(native_entry("a", kLacpEntry, R"("description": "x")"))),
@@ -117,13 +117,13 @@ TEST_F(NativeTreeTest, ASelectedContainerComesWhole) {
             "lacp(mode=active period=1000)))");
 }
 
-TEST_F(NativeTreeTest, WhatTheDeviceDoesNotHaveIsNotThere) {
+TEST_F(NativeTreeTest, EntryAbsentFromTheDevice_IsNotSelected) {
   ask_for_entry("c");
   ask_for_lacp("/mode");
   EXPECT_EQ(selected(native_interfaces(native_entry("a", kLacpEntry))), "interface-configurations");
 }
 
-TEST_F(NativeTreeTest, WithoutKeysOnlyActiveConfigurationIsSelected) {
+TEST_F(NativeTreeTest, EntryWithoutKeys_SelectsActiveConfigurationOnly) {
   ask_for_entry(nullptr);
   ask_for_lacp("/mode");
   EXPECT_EQ(selected(native_interfaces(native_entry("a", kLacpEntry) +
@@ -149,7 +149,7 @@ class NativePartsTest : public testing::Test {
       {"bundle-interface": "c"}]}}})";
 };
 
-TEST_F(NativePartsTest, AreCutBetweenTheEntriesOfTheFirstListOnTheWayDown) {
+TEST_F(NativePartsTest, ListOfEntries_IsCutBetweenItsEntries) {
   EXPECT_EQ(part(kBundles, 0, 2),
             "lacp-bundles(bundles(bundle(bundle-interface=a data(applied-lacp-mode=bmd-mode-active)) "
             "bundle(bundle-interface=b)))");
@@ -157,26 +157,26 @@ TEST_F(NativePartsTest, AreCutBetweenTheEntriesOfTheFirstListOnTheWayDown) {
   EXPECT_EQ(part(kBundles, 0, NativeParts::kAll), part(kBundles, 0, 3));
 }
 
-TEST_F(NativePartsTest, OfWhatDoesNotBranchAreThereOne) {
+TEST_F(NativePartsTest, TreeWithoutAList_IsOnePart) {
   const char* const data = R"({"Talvo-Brin-QD-bundlemgr-oper:lacp-data": {"global": {"system-id": {"system-id": {
                                  "system-prio": 5}}}}})";
   EXPECT_EQ(part(data, 0, 1), "lacp-data(global(system-id(system-id(system-prio=5))))");
 }
 
-TEST_F(NativePartsTest, HoldAnEntrysKeysAlone) {
+TEST_F(NativePartsTest, KeysOfAnEntry_HoldTheKeysOnly) {
   const TreePtr data = parse_native(kBundles);
   NativeTree tree = NativeParts(data.get(), nullptr).keys_of(0);
   EXPECT_EQ(shown(*tree.top()), "lacp-bundles(bundles(bundle(bundle-interface=a)))");
 }
 
-TEST_F(NativePartsTest, ForgetWhatIsDropped) {
+TEST_F(NativePartsTest, DropIf_RemovesTheChosenEntries) {
   const TreePtr data = parse_native(kBundles);
   NativeParts parts(data.get(), nullptr);
   parts.drop_if([](size_t branch) { return branch != 1; });
   EXPECT_EQ(shown(*parts.part(0, NativeParts::kAll).top()), "lacp-bundles(bundles(bundle(bundle-interface=b)))");
 }
 
-TEST(NativeParser, RefusesWhatIsInvalid) {
+TEST(NativeParser, InvalidData_IsRefused) {
   EXPECT_THAT(refusal_of([] { parse_native(native_interfaces(R"({"active": "act"})")); }),
               testing::HasSubstr("interface-name"));
   EXPECT_THAT(refusal_of([] { parse_native(R"({"a:b": 1})"); }), testing::HasSubstr("a"));

@@ -6,7 +6,7 @@
 namespace oclacp::host {
 namespace {
 
-class EditScriptTest : public OutputLogTest {
+class EditLogTest : public OutputLogTest {
  protected:
   uint32_t operation_of(const std::string& path, const char* ns, const char* value, const yfw_datatree* from) {
     EXPECT_EQ(add(edit_, path, ns, value, from), YFW_OK) << edit_.complaint();
@@ -14,7 +14,7 @@ class EditScriptTest : public OutputLogTest {
   }
 };
 
-TEST_F(EditScriptTest, LeavesFollowTheEntryThatWasOpenedLast) {
+TEST_F(EditLogTest, Leaf_IsInTheEntryOpenedLast) {
   open(edit_, "a", merge_);
   EXPECT_EQ(add_lacp(edit_, "mode", "active", merge_), YFW_OK);
   EXPECT_EQ(last_entry_name(edit_), "a");
@@ -24,13 +24,13 @@ TEST_F(EditScriptTest, LeavesFollowTheEntryThatWasOpenedLast) {
   EXPECT_EQ(edit_.entries().size(), 2U);
 }
 
-TEST_F(EditScriptTest, LeavesOutsideOfListsAreInNoEntry) {
+TEST_F(EditLogTest, LeafOutsideOfLists_IsInNoEntry) {
   open(edit_, "a", merge_);
   EXPECT_EQ(add(edit_, "/lacp/system-priority", kBundlemgr, "1", merge_), YFW_OK);
   EXPECT_EQ(edit_.additions().back().entry, OutputLog::kNoEntry);
 }
 
-TEST_F(EditScriptTest, ALeafUnderAListWithoutACurrentEntryOpensOne) {
+TEST_F(EditLogTest, LeafWithoutACurrentEntry_OpensOne) {
   EXPECT_EQ(add_lacp(edit_, "mode", "active", merge_), YFW_OK);
   EXPECT_EQ(last_entry_name(edit_), "unnamed");
   name_entry(edit_, "a", merge_);
@@ -38,13 +38,13 @@ TEST_F(EditScriptTest, ALeafUnderAListWithoutACurrentEntryOpensOne) {
   EXPECT_TRUE(edit_.entries()[0].has_keys());
 }
 
-TEST_F(EditScriptTest, ATrailingSlashOpensAnEntryToo) {
+TEST_F(EditLogTest, ListPathWithATrailingSlash_OpensAnEntry) {
   EXPECT_EQ(edit_.add(std::string(kEntry) + "/", kIfmgr, nullptr, merge_, true), YFW_OK);
   EXPECT_EQ(edit_.add(std::string(kEntry) + "/", kIfmgr, nullptr, merge_, true), YFW_OK);
   EXPECT_EQ(edit_.entries().size(), 2U);
 }
 
-TEST_F(EditScriptTest, TwoInputEntriesNeverShareAnOutputEntry) {
+TEST_F(EditLogTest, NextInputEntry_ClosesTheOutputEntry) {
   edit_.enter_list("/lacp/interfaces/interface");
   open(edit_, "a", merge_);
   edit_.enter_list("/lacp/interfaces/interface");
@@ -52,7 +52,7 @@ TEST_F(EditScriptTest, TwoInputEntriesNeverShareAnOutputEntry) {
   EXPECT_EQ(last_entry_name(edit_), "unnamed") << "the leaf landed in the neighbour of a skipped entry";
 }
 
-TEST_F(EditScriptTest, AnInnerInputListLeavesTheOuterEntriesOpen) {
+TEST_F(EditLogTest, InnerInputList_LeavesTheOuterEntryOpen) {
   edit_.enter_list("/lacp/interfaces/interface");
   open(edit_, "a", merge_);
   for (int member = 0; member < 2; ++member) {
@@ -62,7 +62,7 @@ TEST_F(EditScriptTest, AnInnerInputListLeavesTheOuterEntriesOpen) {
   }
 }
 
-TEST_F(EditScriptTest, LeavingAnInputListClosesWhatWasOpenedInIt) {
+TEST_F(EditLogTest, LeavingAnInputList_ClosesItsOutputEntries) {
   const size_t outside = edit_.list_depth();
   edit_.enter_list("/lacp/interfaces/interface");
   open(edit_, "a", merge_);
@@ -71,7 +71,7 @@ TEST_F(EditScriptTest, LeavingAnInputListClosesWhatWasOpenedInIt) {
   EXPECT_EQ(last_entry_name(edit_), "unnamed");
 }
 
-TEST_F(EditScriptTest, AListWhoseNameStartsAlikeIsNotAnInnerList) {
+TEST_F(EditLogTest, ListWithTheSamePrefix_IsNotAnInnerList) {
   edit_.enter_list("/a/b");
   open(edit_, "a", merge_);
   edit_.enter_list("/a/bc");
@@ -79,7 +79,7 @@ TEST_F(EditScriptTest, AListWhoseNameStartsAlikeIsNotAnInnerList) {
   EXPECT_EQ(last_entry_name(edit_), "unnamed");
 }
 
-TEST_F(EditScriptTest, AnInnerOutputListFollowsItsOuterEntry) {
+TEST_F(EditLogTest, NextOuterOutputEntry_ClosesTheInnerEntry) {
   OutputLog read(paths_, false);
   const std::string bundle = "/lacp-bundles/bundles/bundle";
   const std::string member = bundle + "/members/member";
@@ -97,7 +97,7 @@ TEST_F(EditScriptTest, AnInnerOutputListFollowsItsOuterEntry) {
   EXPECT_EQ(read.entries()[static_cast<size_t>(opened)].parent, second_bundle);
 }
 
-TEST_F(EditScriptTest, AnotherValueForAKeyIsAnotherEntry) {
+TEST_F(EditLogTest, OtherValueForAKey_OpensAnotherEntry) {
   open(edit_, "a", merge_);
   name_entry(edit_, "a", merge_);
   EXPECT_EQ(edit_.entries().size(), 1U);
@@ -106,7 +106,7 @@ TEST_F(EditScriptTest, AnotherValueForAKeyIsAnotherEntry) {
   EXPECT_EQ(last_entry_name(edit_), "b");
 }
 
-TEST_F(EditScriptTest, NodesTakeTheDeletionOfTheirSource) {
+TEST_F(EditLogTest, DeletionOfTheSource_AppliesToTheNode) {
   const std::string leaf = "/lacp/system-priority";
   EXPECT_EQ(operation_of(leaf, kBundlemgr, nullptr, source(YFW_OPERATION_DELETE)), uint32_t{YFW_OPERATION_DELETE});
   EXPECT_EQ(operation_of(leaf, kBundlemgr, nullptr, source(YFW_OPERATION_REMOVE)), uint32_t{YFW_OPERATION_REMOVE});
@@ -115,7 +115,7 @@ TEST_F(EditScriptTest, NodesTakeTheDeletionOfTheirSource) {
   EXPECT_EQ(operation_of(leaf, kBundlemgr, "1", merge_), uint32_t{YFW_OPERATION_NONE});
 }
 
-TEST_F(EditScriptTest, LeavesTakeReplaceAndCreateAndListEntriesDoNot) {
+TEST_F(EditLogTest, ReplaceOrCreate_AppliesToLeavesOnly) {
   for (const uint32_t operation : {YFW_OPERATION_REPLACE, YFW_OPERATION_CREATE}) {
     const yfw_datatree* from = source(operation);
     EXPECT_EQ(operation_of("/lacp/system-priority", kBundlemgr, "1", from), operation);
@@ -125,14 +125,14 @@ TEST_F(EditScriptTest, LeavesTakeReplaceAndCreateAndListEntriesDoNot) {
   }
 }
 
-TEST_F(EditScriptTest, ListEntriesAndKeysAreNotDeletedByWhatIsAroundTheirSource) {
+TEST_F(EditLogTest, RemoveAboveTheSource_DoesNotApplyToEntriesAndKeys) {
   const yfw_datatree* from = source_below(YFW_OPERATION_REMOVE);
   EXPECT_EQ(operation_of(kEntry, kIfmgr, nullptr, from), uint32_t{YFW_OPERATION_NONE});
   EXPECT_EQ(operation_of(std::string(kEntry) + "/active", kIfmgr, "act", from), uint32_t{YFW_OPERATION_NONE});
   EXPECT_EQ(operation_of(kEntry, kIfmgr, nullptr, source(YFW_OPERATION_DELETE)), uint32_t{YFW_OPERATION_DELETE});
 }
 
-TEST_F(EditScriptTest, EmptyLeavesAreSetWithoutAValueAndOthersAreNot) {
+TEST_F(EditLogTest, LeafWithoutAValue_IsRefusedUnlessOfTypeEmpty) {
   EXPECT_EQ(operation_of(std::string(kEntry) + "/interface-virtual", kIfmgr, nullptr, merge_),
             uint32_t{YFW_OPERATION_NONE});
   EXPECT_EQ(add(edit_, "/lacp/system-priority", kBundlemgr, nullptr, merge_), kMissingValue);
@@ -140,13 +140,13 @@ TEST_F(EditScriptTest, EmptyLeavesAreSetWithoutAValueAndOthersAreNot) {
   EXPECT_EQ(add(edit_, "/lacp/system-priority", kBundlemgr, nullptr, nullptr), kMissingValue);
 }
 
-TEST_F(EditScriptTest, RefusesUnknownPaths) {
+TEST_F(EditLogTest, UnknownPath_IsRefused) {
   EXPECT_EQ(add(edit_, "/no/such", kBundlemgr, "1", merge_), kUnknownPath);
   EXPECT_EQ(edit_.complaint(), "native /no/such: no such native node");
   EXPECT_TRUE(edit_.additions().empty());
 }
 
-TEST_F(EditScriptTest, ReadsTakeAnyValueAndNone) {
+TEST_F(EditLogTest, Read_TakesAnyValueAndNone) {
   OutputLog read(paths_, false);
   EXPECT_EQ(add_lacp(read, "period", "FAST", nullptr), YFW_OK);
   EXPECT_TRUE(read.additions().back().has_value);
@@ -156,14 +156,14 @@ TEST_F(EditScriptTest, ReadsTakeAnyValueAndNone) {
   EXPECT_TRUE(read.additions().back().has_value);
 }
 
-TEST_F(EditScriptTest, TextsAreCopied) {
+TEST_F(EditLogTest, Value_IsCopied) {
   std::string value = "active";
   EXPECT_EQ(add_lacp(edit_, "mode", value.c_str(), merge_), YFW_OK);
   value = "passive";
   EXPECT_EQ(edit_.additions().back().value, "active");
 }
 
-TEST_F(EditScriptTest, DropIf_ForgetsWhatIsChosenInOrder) {
+TEST_F(EditLogTest, DropIf_ForgetsWhatIsChosenInOrder) {
   const yfw_datatree* other = source(YFW_OPERATION_REMOVE);
   open(edit_, "a", merge_);
   open(edit_, "b", other);

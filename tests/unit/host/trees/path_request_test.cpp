@@ -26,7 +26,7 @@ std::string last_of(const std::string& path) {
   return node_path(node);
 }
 
-TEST(RequestPath, NamesOneNode) {
+TEST(RequestPath, Path_NamesOneNode) {
   EXPECT_EQ(last_of("/lacp"), "/openconfig-lacp:lacp");
   EXPECT_EQ(last_of("/lacp/"), "/openconfig-lacp:lacp");
   EXPECT_EQ(last_of("/openconfig-lacp:lacp/config/system-priority"), "/openconfig-lacp:lacp/config/system-priority");
@@ -34,7 +34,7 @@ TEST(RequestPath, NamesOneNode) {
             "/openconfig-lacp:lacp/interfaces/interface/config/interval");
 }
 
-TEST(RequestPath, PredicatesGiveChildrenTheirValues) {
+TEST(RequestPath, Predicate_GivesTheChildItsValue) {
   for (const char* path : {"/lacp/interfaces/interface[name='Bundle-Ether1']/config",
                            R"(/lacp/interfaces/interface[ name = "Bundle-Ether1" ]/config)"}) {
     RequestTree tree = parse_path(path);
@@ -45,19 +45,19 @@ TEST(RequestPath, PredicatesGiveChildrenTheirValues) {
   }
 }
 
-TEST(RequestPath, ANameMayHoldWhatSeparatesSteps) {
+TEST(RequestPath, KeyWithSlashesAndBrackets_IsTakenWhole) {
   RequestTree tree = parse_path("/lacp/interfaces/interface[name='GigabitEthernet0/0/0/1[x]']");
   EXPECT_STREQ(find(tree, {"interfaces", "interface", "name"})->value, "GigabitEthernet0/0/0/1[x]");
 }
 
-TEST(RequestPath, ALeafMayBeGivenItsValue) {
+TEST(RequestPath, PredicateOfALeaf_GivesItsValue) {
   RequestTree tree = parse_path("/lacp/interfaces/interface/config/interval[.='FAST']");
   EXPECT_STREQ(find(tree, {"interfaces", "interface", "config", "interval"})->value, "FAST");
   RequestTree without = parse_path("/lacp/interfaces/interface/config/interval");
   EXPECT_EQ(find(without, {"interfaces", "interface", "config", "interval"})->value, nullptr);
 }
 
-TEST(RequestPath, WhatNamesNoNodeIsRefused) {
+TEST(RequestPath, PathThatNamesNoNode_IsRefused) {
   EXPECT_EQ(refused(""), "the path '': names no node");
   EXPECT_EQ(refused("//"), "the path '//': names no node");
   EXPECT_EQ(refused("colour"), "/colour: no such node");
@@ -68,7 +68,7 @@ TEST(RequestPath, WhatNamesNoNodeIsRefused) {
             "/openconfig-lacp:lacp/config/system-priority: a leaf has nothing below it");
 }
 
-TEST(RequestPath, BadPredicatesAreRefused) {
+TEST(RequestPath, InvalidPredicate_IsRefused) {
   const std::string list = "/lacp/interfaces/interface";
   EXPECT_EQ(refused(list + "[name"), "the path '" + list + "[name': '=' is missing behind '" + list + "[name'");
   EXPECT_EQ(refused(list + "[name='x"), "the path '" + list + "[name='x': a text in quotes has no end");
@@ -112,7 +112,7 @@ std::vector<std::string> deleted_by(const std::string& path) {
   return deleted;
 }
 
-TEST(DeletePath, DeletesTheLastNode) {
+TEST(DeletePath, Path_DeletesItsLastNode) {
   for (const char* path :
        {"/lacp", "/lacp/config", "/lacp/config/system-priority", "/lacp/interfaces",
         "/lacp/interfaces/interface[name='Bundle-Ether1']", "/lacp/interfaces/interface[name='Bundle-Ether1']/config",
@@ -125,19 +125,19 @@ TEST(DeletePath, DeletesTheLastNode) {
   }
 }
 
-TEST(DeletePath, ADeletedLeafHasNoValue) {
+TEST(DeletePath, DeletedLeaf_HasNoValue) {
   RequestTree tree = parse_delete("/lacp/config/system-priority");
   EXPECT_EQ(find(tree, {"config", "system-priority"})->flags & YFW_FLAG_VALUE, 0U);
 }
 
-TEST(DeletePath, AKeyMayHoldSlashesColonsAndQuotes) {
+TEST(DeletePath, KeyWithSlashesColonsAndQuotes_IsTakenWhole) {
   EXPECT_THAT(deleted_by("/lacp/interfaces/interface[name='Gig0/0/0/0:1']/config"),
               testing::ElementsAre("/openconfig-lacp:lacp/interfaces/interface[name='Gig0/0/0/0:1']/config"));
   EXPECT_THAT(deleted_by(R"(/lacp/interfaces/interface[ name = "it's" ])"),
               testing::ElementsAre(R"(/openconfig-lacp:lacp/interfaces/interface[name="it's"])"));
 }
 
-TEST(DeletePath, OnlyKeysAreGivenValues) {
+TEST(DeletePath, ValueOfANodeThatIsNotAKey_IsRefused) {
   for (const char* path : {"/lacp/config/system-priority[.='5']", "/lacp/config[system-priority='5']",
                            "/lacp/interfaces/interface[name='a']/config[interval='FAST']/lacp-mode"}) {
     EXPECT_THAT(refusal_of([&] { parse_delete(path); }),
@@ -146,7 +146,7 @@ TEST(DeletePath, OnlyKeysAreGivenValues) {
   }
 }
 
-TEST(DeletePath, IsRefusedLikeAnyOtherPath) {
+TEST(DeletePath, InvalidPath_IsRefusedAsInARead) {
   for (const char* path :
        {"", "/", "//", "//lacp", "/lacp//interval", "/lacp/*", "/lacp/colour", "/other:lacp",
         "/lacp/interfaces/interface[name='a'", "/lacp/interfaces/interface[1]/config", "/lacp or /lacp"}) {

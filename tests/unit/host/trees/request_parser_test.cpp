@@ -17,7 +17,7 @@ std::string parsed(const std::string& text) {
   return refusal_of([&] { parse(text); });
 }
 
-TEST(RequestParser, NodesCarryWhatTheContractSays) {
+TEST(RequestParser, Nodes_HaveTheFieldsOfTheContract) {
   RequestTree tree = parse(interface(R"("name": "a", "config": {"system-priority": 7})"));
   EXPECT_STREQ(tree.top()->tag, "lacp");
   EXPECT_STREQ(tree.top()->ns, "http://openconfig.net/yang/lacp");
@@ -33,7 +33,7 @@ TEST(RequestParser, NodesCarryWhatTheContractSays) {
   EXPECT_EQ(info_of(leaf).parent, find(tree, {"interfaces", "interface", "config"}));
 }
 
-TEST(RequestParser, ChildrenStandSideBySideInOrder) {
+TEST(RequestParser, Children_AreInTheOrderOfTheDocument) {
   RequestTree tree = parse(lacp(R"("interfaces": {"interface": [{"name": "a"}, {"name": "b"}, {"name": "c"}]})"));
   const yfw_datatree* interfaces = find(tree, {"interfaces"});
   ASSERT_EQ(interfaces->child_count, 3U);
@@ -42,7 +42,7 @@ TEST(RequestParser, ChildrenStandSideBySideInOrder) {
   EXPECT_STREQ(interfaces->children[2].children[0].value, "c");
 }
 
-TEST(RequestParser, BothFormatsMakeTheSameTree) {
+TEST(RequestParser, JsonAndXml_MakeTheSameTree) {
   RequestTree from_json = parse(interface(
       R"("name": "a", "config": {"interval": "FAST", "lacp-mode": [null], "@lacp-mode": {"ietf-netconf:operation": "remove"}})"));
   RequestTree from_xml = parse(
@@ -60,7 +60,7 @@ TEST(RequestParser, BothFormatsMakeTheSameTree) {
   }
 }
 
-TEST(RequestParser, OperationsBecomeTheContractsCodes) {
+TEST(RequestParser, Operations_BecomeTheCodesOfTheContract) {
   const std::vector<std::pair<std::string, uint32_t>> operations = {{"merge", YFW_OPERATION_NONE},
                                                                     {"replace", YFW_OPERATION_REPLACE},
                                                                     {"create", YFW_OPERATION_CREATE},
@@ -82,7 +82,7 @@ TEST(RequestParser, OperationsBecomeTheContractsCodes) {
   }
 }
 
-TEST(RequestParser, RefusesOperationsThatItDoesNotKnow) {
+TEST(RequestParser, UnknownOperation_IsRefused) {
   EXPECT_EQ(parsed(lacp(R"("@": {"ietf-netconf:operation": "destroy"})")),
             "the request (line 1): operation 'destroy' is none of merge, replace, create, delete, remove");
   EXPECT_EQ(parsed(interface(R"("name": "a", "config": {"interval": [null],
@@ -90,7 +90,7 @@ TEST(RequestParser, RefusesOperationsThatItDoesNotKnow) {
             "the request (line 2): operation 'destroy' is none of merge, replace, create, delete, remove");
 }
 
-TEST(RequestParser, RefusesOperationsOfOtherNamespaces) {
+TEST(RequestParser, OperationOfAnotherNamespace_IsRefused) {
   EXPECT_EQ(parsed(R"(<lacp xmlns="http://openconfig.net/yang/lacp" xmlns:x="urn:x" x:operation="delete"/>)"),
             "/openconfig-lacp:lacp: an 'operation' attribute is not of the namespace "
             "urn:ietf:params:xml:ns:netconf:base:1.0");
@@ -99,7 +99,7 @@ TEST(RequestParser, RefusesOperationsOfOtherNamespaces) {
             "/openconfig-lacp:lacp/config/system-priority: attribute 'operation' is not understood");
 }
 
-TEST(RequestParser, LeavesMayLackAValue) {
+TEST(RequestParser, LeafWithoutAValue_IsAccepted) {
   RequestTree in_json = parse(interface(R"("name": "a", "config": {"interval": [null]})"));
   RequestTree in_xml = parse(xml_interface("<name>a</name><config><interval/></config>"));
   RequestTree empty_text = parse(interface(R"("name": "a", "config": {"name": ""})"));
@@ -112,7 +112,7 @@ TEST(RequestParser, LeavesMayLackAValue) {
   }
 }
 
-TEST(RequestParser, EntriesMayLackTheirKey) {
+TEST(RequestParser, EntryWithoutItsKey_IsAccepted) {
   RequestTree tree = parse(interface(R"("config": {"interval": "FAST", "lacp-mode": [null]})"));
   EXPECT_EQ(find(tree, {"interfaces", "interface", "name"}), nullptr);
   const yfw_datatree* interval = find(tree, {"interfaces", "interface", "config", "interval"});
@@ -122,12 +122,12 @@ TEST(RequestParser, EntriesMayLackTheirKey) {
   EXPECT_EQ(find(tree, {"interfaces", "interface", "config", "lacp-mode"})->value, nullptr);
 }
 
-TEST(RequestParser, DoubledKeysReachTheModule) {
+TEST(RequestParser, KeyNamedTwice_IsPassedToTheModule) {
   RequestTree tree = parse(interface(R"("name": "a", "name": "b")"));
   EXPECT_EQ(find(tree, {"interfaces", "interface"})->child_count, 2U);
 }
 
-TEST(RequestParser, RefusesOtherDoubledNodes) {
+TEST(RequestParser, NodeNamedTwice_IsRefused) {
   EXPECT_EQ(parsed(lacp(R"("config": {"system-priority": 1, "system-priority": 2})")),
             "/openconfig-lacp:lacp/config/system-priority (line 1): named twice");
   EXPECT_EQ(parsed(lacp(R"("config": {}, "config": {})")), "/openconfig-lacp:lacp/config (line 1): named twice");
@@ -147,7 +147,7 @@ TEST(RequestParser, TwoOperationsOnOneNode_AreRefused) {
             entry + "/config: its operation is named twice");
 }
 
-TEST(RequestParser, RefusesUnknownNodesWithTheirPath) {
+TEST(RequestParser, UnknownNode_IsRefusedWithItsPath) {
   EXPECT_EQ(parsed(interface(R"("name": "a", "config": {"colour": 1})")),
             "/openconfig-lacp:lacp/interfaces/interface[name='a']/config/colour: no such node");
   EXPECT_EQ(parsed(xml_interface("<name>a</name><config><colour/></config>")),
@@ -155,7 +155,7 @@ TEST(RequestParser, RefusesUnknownNodesWithTheirPath) {
   EXPECT_EQ(parsed(R"({"openconfig-lacp:colour": 1})"), "/openconfig-lacp:colour: no such node");
 }
 
-TEST(RequestParser, RefusesUnknownModulesWithThePath) {
+TEST(RequestParser, UnknownModule_IsRefusedWithThePath) {
   EXPECT_EQ(parsed(R"({"no-such:lacp": {}})"), "/no-such:lacp: unknown module 'no-such'");
   EXPECT_EQ(parsed(R"(<lacp xmlns="urn:no-such"/>)"), "/lacp: unknown module 'urn:no-such'");
   EXPECT_EQ(parsed(R"({"lacp": {}})"),
@@ -164,12 +164,12 @@ TEST(RequestParser, RefusesUnknownModulesWithThePath) {
   EXPECT_EQ(parsed(lacp(R"("no-such:config": {})")), "/openconfig-lacp:lacp/no-such:config: unknown module 'no-such'");
 }
 
-TEST(RequestParser, NativeNodesAreNotOfTheRequestsSide) {
+TEST(RequestParser, NativeNode_IsRefused) {
   EXPECT_EQ(parsed(R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {}})"),
             "/Talvo-Brin-QD-bundlemgr-cfg:lacp: unknown module 'Talvo-Brin-QD-bundlemgr-cfg'");
 }
 
-TEST(RequestParser, RefusesValuesOutsideOfTheModelWithTheirPath) {
+TEST(RequestParser, InvalidValue_IsRefusedWithItsPath) {
   EXPECT_EQ(parsed(interface(R"("name": "a", "config": {"interval": "MEDIUM"})")),
             "/openconfig-lacp:lacp/interfaces/interface[name='a']/config/interval: 'MEDIUM' is none of "
             "FAST, SLOW");
@@ -186,33 +186,33 @@ TEST(RequestParser, RefusesValuesOutsideOfTheModelWithTheirPath) {
             "/openconfig-lacp:lacp/config/system-priority (line 1): Invalid non-number-encoded uint16 value \"100\"");
 }
 
-TEST(RequestParser, RefusesMalformedTextWithTheLine) {
+TEST(RequestParser, MalformedText_IsRefusedWithItsLine) {
   EXPECT_THAT(parsed("{\"openconfig-lacp:lacp\":\n{]}"), testing::HasSubstr("(line 2): "));
   EXPECT_THAT(parsed("<lacp xmlns=\"http://openconfig.net/yang/lacp\">\n</config>"), testing::HasSubstr("(line 2): "));
   EXPECT_THAT(parsed("[]"), testing::StartsWith("the request (line 1): "));
   EXPECT_THAT(parsed("nonsense"), testing::StartsWith("the request (line 1): "));
 }
 
-TEST(RequestParser, RefusesRequestsThatNameNothing) {
+TEST(RequestParser, RequestWithoutNodes_IsRefused) {
   EXPECT_EQ(parsed("{}"), "the request: names no node");
   EXPECT_EQ(parsed("<!-- nothing -->"), "the request: names no node");
 }
 
-TEST(RequestParser, RefusesASecondTopNode) {
+TEST(RequestParser, SecondTopNode_IsRefused) {
   EXPECT_EQ(parsed(R"({"openconfig-lacp:lacp": {}, "openconfig-lacp:lacp": {}})"),
             "/openconfig-lacp:lacp (line 1): named twice");
   EXPECT_EQ(parsed(R"({"openconfig-lacp:lacp": {}, "openconfig-interfaces:interfaces": {}})"),
             "/openconfig-lacp:lacp: a request has one top node, this one has more");
 }
 
-TEST(RequestParser, ATextIsNeitherANumberNorNothing) {
+TEST(RequestParser, NumberOrNullForAString_IsRefused) {
   for (const char* value : {"[null]", "5"}) {
     EXPECT_THAT(parsed(interface(R"("name": "a", "config": {"name": )" + std::string(value) + "}")),
                 testing::EndsWith("/config/name (line 1): takes a text in quotes, no number and no [null]"));
   }
 }
 
-TEST(RequestParser, BoundsInterfaceNames) {
+TEST(RequestParser, InterfaceNameLongerThan63Bytes_IsRefused) {
   EXPECT_EQ(parsed(interface(R"("name": ")" + std::string(63, 'x') + "\"")), "accepted");
   for (const size_t length : {64U, 300U}) {
     EXPECT_EQ(parsed(interface(R"("name": ")" + std::string(length, 'x') + "\"")),
@@ -220,7 +220,7 @@ TEST(RequestParser, BoundsInterfaceNames) {
   }
 }
 
-TEST(RequestParser, PathsQuoteKeysAsTheyNeed) {
+TEST(RequestParser, KeyWithAnApostrophe_IsQuotedInThePath) {
   RequestTree tree = parse(interface(R"("name": "it's", "config": {})"));
   EXPECT_EQ(node_path(find(tree, {"interfaces", "interface", "config"})),
             "/openconfig-lacp:lacp/interfaces/interface[name=\"it's\"]/config");

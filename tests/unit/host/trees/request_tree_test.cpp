@@ -22,14 +22,14 @@ Handed hand_over(const std::string& operation, const std::string& config) {
   return {entry->operation, container == nullptr ? ~0U : container->operation, entry->child_count};
 }
 
-TEST(RequestTreeTest, TheReplaceOfAnEntryIsTheReplaceOfItsConfig) {
+TEST(RequestTreeTest, ReplaceOfAnEntry_BecomesReplaceOfItsConfig) {
   EXPECT_EQ(hand_over("replace", R"(, "config": {"interval": "FAST"})"),
             (Handed{YFW_OPERATION_NONE, YFW_OPERATION_REPLACE, 2}));
   EXPECT_EQ(hand_over("replace", R"(, "config": {"@": {"ietf-netconf:operation": "create"}, "interval": "FAST"})"),
             (Handed{YFW_OPERATION_NONE, YFW_OPERATION_REPLACE, 2}));
 }
 
-TEST(RequestTreeTest, AReplacedEntryWithoutConfigGetsAnEmptyOne) {
+TEST(RequestTreeTest, ReplacedEntryWithoutConfig_GetsAnEmptyConfig) {
   EXPECT_EQ(hand_over("replace", ""), (Handed{YFW_OPERATION_NONE, YFW_OPERATION_REPLACE, 2}));
   RequestTree tree = parse(interface(R"("@": {"ietf-netconf:operation": "replace"}, "name": "a")"));
   const yfw_datatree* config = find(tree, {"interfaces", "interface", "config"});
@@ -38,18 +38,18 @@ TEST(RequestTreeTest, AReplacedEntryWithoutConfigGetsAnEmptyOne) {
   EXPECT_EQ(node_path(config), "/openconfig-lacp:lacp/interfaces/interface[name='a']/config");
 }
 
-TEST(RequestTreeTest, AConfigThatIsDeletedInAReplacedEntryStaysDeleted) {
+TEST(RequestTreeTest, DeletedConfigInAReplacedEntry_StaysDeleted) {
   EXPECT_EQ(hand_over("replace", R"(, "config": {"@": {"ietf-netconf:operation": "remove"}})"),
             (Handed{YFW_OPERATION_NONE, YFW_OPERATION_REMOVE, 2}));
 }
 
-TEST(RequestTreeTest, OtherOperationsOfAnEntryStayWithIt) {
+TEST(RequestTreeTest, DeleteOrMergeOfAnEntry_StaysOnTheEntry) {
   EXPECT_EQ(hand_over("delete", ""), (Handed{YFW_OPERATION_DELETE, ~0U, 1}));
   EXPECT_EQ(hand_over("merge", R"(, "config": {"interval": "FAST"})"),
             (Handed{YFW_OPERATION_NONE, YFW_OPERATION_NONE, 2}));
 }
 
-TEST(RequestTreeTest, EveryReplacedEntryGetsItsConfigInPlace) {
+TEST(RequestTreeTest, ManyReplacedEntries_EachGetsItsConfig) {
   std::string entries;
   for (int number = 0; number < 100; ++number) {
     entries += (number == 0 ? "" : ", ") +
@@ -67,7 +67,7 @@ TEST(RequestTreeTest, EveryReplacedEntryGetsItsConfigInPlace) {
   }
 }
 
-TEST(RequestTreeTest, AnEntryThatIsNamedTwiceIsRefused) {
+TEST(RequestTreeTest, EntryNamedTwice_IsRefused) {
   const auto refused = [](const std::string& entries) {
     return refusal_of([&] { parse(lacp(R"("interfaces": {"interface": [)" + entries + "]}")); });
   };
@@ -78,7 +78,7 @@ TEST(RequestTreeTest, AnEntryThatIsNamedTwiceIsRefused) {
   EXPECT_EQ(refused("{}, {}"), "accepted");
 }
 
-TEST(RequestTreeTest, TheNameOfAnEntryIsNotDeletedAlone) {
+TEST(RequestTreeTest, DeleteOfTheLeafOfAKey_IsRefused) {
   for (const char* operation : {"delete", "remove"}) {
     EXPECT_EQ(
         refusal_of([&] {
@@ -90,7 +90,7 @@ TEST(RequestTreeTest, TheNameOfAnEntryIsNotDeletedAlone) {
   }
 }
 
-TEST(RequestTreeTest, TheKeyAndTheLeafThatItRefersToNameTheirEntry) {
+TEST(RequestTreeTest, KeyAndItsTarget_AreRecognised) {
   RequestTree tree = parse(lacp(R"("config": {"system-priority": 5},
                                    "interfaces": {"interface": [{"name": "a", "config": {"name": "a",
                                                                                          "interval": "FAST"}}]})"));

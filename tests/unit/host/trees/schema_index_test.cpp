@@ -5,7 +5,7 @@
 namespace oclacp::host {
 namespace {
 
-class NativePathsTest : public testing::Test {
+class SchemaIndexTest : public testing::Test {
  protected:
   SchemaIndex paths_{schemas().native()};
 };
@@ -18,7 +18,7 @@ std::string modules_of(const Target& target) {
   return names;
 }
 
-TEST_F(NativePathsTest, FindsALeafOfAnAugmentingModule) {
+TEST_F(SchemaIndexTest, LeafOfAnAugmentingModule_IsFound) {
   const Target* target = paths_.find("/interface-configurations/interface-configuration/lacp/period", kBundlemgr);
   ASSERT_NE(target, nullptr);
   EXPECT_EQ(modules_of(*target),
@@ -29,26 +29,26 @@ TEST_F(NativePathsTest, FindsALeafOfAnAugmentingModule) {
   EXPECT_FALSE(target->is_key());
 }
 
-TEST_F(NativePathsTest, AnswersTheSameTargetAgain) {
+TEST_F(SchemaIndexTest, PathLookedUpAgain_IsTheSameTarget) {
   const Target* target = paths_.find("/lacp/system-priority", kBundlemgr);
   EXPECT_EQ(paths_.find("/lacp/system-priority", kBundlemgr), target);
   EXPECT_EQ(paths_.find("/lacp/system-priority/", kBundlemgr), target);
 }
 
-TEST_F(NativePathsTest, ATrailingSlashIsTheSamePath) {
+TEST_F(SchemaIndexTest, ListWithATrailingSlash_IsTheSameTarget) {
   const Target* target = paths_.find("/interface-configurations/interface-configuration/", kIfmgr);
   ASSERT_NE(target, nullptr);
   EXPECT_TRUE(target->is_list());
   EXPECT_EQ(paths_.find("/interface-configurations/interface-configuration", kIfmgr), target);
 }
 
-TEST_F(NativePathsTest, KnowsKeysAndTheirOrder) {
+TEST_F(SchemaIndexTest, KeysOfAList_HaveTheirIndex) {
   EXPECT_EQ(paths_.find("/interface-configurations/interface-configuration/active", kIfmgr)->key_index, 0U);
   EXPECT_EQ(paths_.find("/interface-configurations/interface-configuration/interface-name", kIfmgr)->key_index, 1U);
   EXPECT_FALSE(paths_.find("/interface-configurations/interface-configuration/interface-virtual", kIfmgr)->is_key());
 }
 
-TEST_F(NativePathsTest, KnowsNestedLists) {
+TEST_F(SchemaIndexTest, LeafInNestedLists_ListsBothInOrder) {
   const Target* target = paths_.find("/lacp-bundles/bundles/bundle/members/member/member-interface", kBundlemgrOper);
   ASSERT_NE(target, nullptr);
   ASSERT_EQ(target->lists.size(), 2U);
@@ -56,7 +56,7 @@ TEST_F(NativePathsTest, KnowsNestedLists) {
   EXPECT_STREQ(target->lists[1]->name, "member");
 }
 
-TEST_F(NativePathsTest, DoesNotFindWhatIsNotThere) {
+TEST_F(SchemaIndexTest, UnknownOrMalformedPath_IsNotFound) {
   EXPECT_EQ(paths_.find("/lacp/colour", kBundlemgr), nullptr);
   EXPECT_EQ(paths_.find("lacp/system-priority", kBundlemgr), nullptr);
   EXPECT_EQ(paths_.find("", kBundlemgr), nullptr);
@@ -64,7 +64,7 @@ TEST_F(NativePathsTest, DoesNotFindWhatIsNotThere) {
   EXPECT_EQ(paths_.find("/lacp//system-priority", kBundlemgr), nullptr);
 }
 
-TEST_F(NativePathsTest, TheTargetIsOfTheNamespace) {
+TEST_F(SchemaIndexTest, OtherNamespace_IsNotFound) {
   EXPECT_EQ(paths_.find("/lacp/system-priority", kIfmgr), nullptr);
   EXPECT_EQ(paths_.find("/lacp/system-priority", "urn:no-such"), nullptr);
   ASSERT_NE(paths_.find("/lacp/system-priority", kBundlemgr), nullptr);

@@ -28,18 +28,18 @@ std::string interfaces(const std::string& entries) {
   return R"({"openconfig-lacp:lacp":{"interfaces":{"interface":[)" + entries + "]}}}";
 }
 
-TEST(Prune, WhatIsNamedWithoutContentIsWantedWhole) {
+TEST(Prune, NodeWithoutContent_SelectsItsSubtree) {
   EXPECT_THAT(by_path("/lacp"), testing::AllOf(testing::HasSubstr("priority"), testing::HasSubstr("\"b\"")));
   EXPECT_EQ(by_path("/lacp/config"), R"({"openconfig-lacp:lacp":{"config":{"system-priority":5}}})");
 }
 
-TEST(Prune, AKeySaysWhichEntryIsMeant) {
+TEST(Prune, Key_SelectsItsEntry) {
   EXPECT_EQ(by_path("/lacp/interfaces/interface[name='b']"),
             interfaces(R"({"name":"b","config":{"name":"b","interval":"SLOW"}})"));
   EXPECT_EQ(by_path("/lacp/interfaces/interface[name='c']"), "{}");
 }
 
-TEST(Prune, SelectedLeavesStandWithTheKeyAlone) {
+TEST(Prune, SelectedLeaf_ComesWithItsKeyOnly) {
   EXPECT_EQ(by_path("/lacp/interfaces/interface/config/lacp-mode"),
             interfaces(R"({"name":"a","config":{"lacp-mode":"ACTIVE"}})"));
   EXPECT_EQ(by_path("/lacp/interfaces/interface/name"), interfaces(R"({"name":"a"},{"name":"b"})"));
@@ -53,18 +53,18 @@ TEST(Prune, LeafThatIsMatchedAndSelected_StandsAlone) {
   EXPECT_EQ(by_path("/lacp/interfaces/interface/config[lacp-mode='PASSIVE']/lacp-mode"), "{}");
 }
 
-TEST(Prune, WhatTheAnswerDoesNotHaveIsEmpty) {
+TEST(Prune, NodeAbsentFromTheAnswer_IsEmpty) {
   EXPECT_EQ(by_path("/lacp/interfaces/interface[name='b']/config/lacp-mode"), "{}");
   EXPECT_EQ(by_path("/lacp/state"), "{}");
 }
 
-TEST(Prune, AMatchAloneLetsAllOfItsContainerPass) {
+TEST(Prune, MatchAlone_SelectsItsWholeContainer) {
   EXPECT_EQ(by_path("/lacp/interfaces/interface/config/interval[.='SLOW']"),
             interfaces(R"({"name":"b","config":{"name":"b","interval":"SLOW"}})"));
   EXPECT_EQ(by_path("/lacp/interfaces/interface[name='a']/config/interval[.='SLOW']"), "{}");
 }
 
-TEST(Prune, AMatchBesideASelectionLetsTheSelectedPass) {
+TEST(Prune, MatchBesideASelection_KeepsTheSelectedLeaves) {
   const auto request = [](const std::string& mode) {
     return parse(interface(R"("config": {"interval": [null], "lacp-mode": ")" + mode + "\"}"));
   };
@@ -72,20 +72,20 @@ TEST(Prune, AMatchBesideASelectionLetsTheSelectedPass) {
   EXPECT_EQ(pruned(request("PASSIVE")), "{}");
 }
 
-TEST(Prune, SeveralEntriesMayBeNamed) {
+TEST(Prune, SeveralEntries_AreAllSelected) {
   EXPECT_EQ(pruned(parse(lacp(R"("interfaces": {"interface": [{"name": "b", "config": {"interval": [null]}},
                                                              {"name": "a"}]})"))),
             interfaces(R"({"name":"a","config":{"name":"a","interval":"FAST","lacp-mode":"ACTIVE"}},)"
                        R"({"name":"b","config":{"interval":"SLOW"}})"));
 }
 
-TEST(Prune, TwoThatAskForOneEntryGetWhatBothAskFor) {
+TEST(Prune, TwoFiltersOfOneEntry_AreMerged) {
   EXPECT_EQ(pruned(parse(lacp(R"("interfaces": {"interface": [
                 {"name": "a", "config": {"interval": [null]}}, {"config": {"lacp-mode": [null]}}]})"))),
             interfaces(R"({"name":"a","config":{"interval":"FAST","lacp-mode":"ACTIVE"}})"));
 }
 
-TEST(Prune, OneThatDoesNotMatchTakesNothingFromAnother) {
+TEST(Prune, FilterWithoutAMatch_LeavesTheOtherUnchanged) {
   EXPECT_EQ(pruned(parse(lacp(R"("interfaces": {"interface": [
                 {"config": {"interval": "SLOW", "lacp-mode": [null]}}, {"config": {"interval": [null]}}]})"))),
             interfaces(R"({"name":"a","config":{"interval":"FAST"}},{"name":"b","config":{"interval":"SLOW"}})"));

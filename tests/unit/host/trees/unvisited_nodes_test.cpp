@@ -6,7 +6,7 @@
 namespace oclacp::host {
 namespace {
 
-class IgnoredNodesTest : public testing::Test {
+class UnvisitedNodesTest : public testing::Test {
  protected:
   void enter(std::initializer_list<const char*> tags) { find(tree_, tags)->hierarchy_flags |= YFW_HIERARCHY_ENTERED; }
   std::string ignored() {
@@ -17,7 +17,7 @@ class IgnoredNodesTest : public testing::Test {
   RequestTree tree_ = parse(interface(R"("name": "a", "config": {"name": "a", "interval": "FAST"})"));
 };
 
-TEST_F(IgnoredNodesTest, AKeyNeedsNoVisit) {
+TEST_F(UnvisitedNodesTest, KeyNotEntered_IsNotReported) {
   enter({});
   enter({"interfaces"});
   enter({"interfaces", "interface"});
@@ -27,7 +27,7 @@ TEST_F(IgnoredNodesTest, AKeyNeedsNoVisit) {
   EXPECT_EQ(ignored(), "none");
 }
 
-TEST_F(IgnoredNodesTest, TheTopmostNodeThatWasPassedOverIsFound) {
+TEST_F(UnvisitedNodesTest, NodesNotEntered_TopmostIsFound) {
   enter({});
   enter({"interfaces"});
   enter({"interfaces", "interface"});

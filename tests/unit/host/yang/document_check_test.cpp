@@ -11,22 +11,22 @@ std::string inspected(const std::string& text) {
   return refusal_of([&] { inspect_document(schemas().request(), text); });
 }
 
-TEST(DocumentInfo, TheFirstCharacterTellsTheFormat) {
+TEST(DocumentInfo, FirstCharacter_DecidesTheFormat) {
   EXPECT_EQ(inspect_document(schemas().request(), " \n\t{}").format, LYD_JSON);
   EXPECT_EQ(inspect_document(schemas().request(), " \n<a/>").format, LYD_XML);
 }
 
-TEST(DocumentInfo, RefusesEmptyDocuments) {
+TEST(DocumentInfo, EmptyDocument_IsRefused) {
   EXPECT_EQ(inspected(""), "the request: empty");
   EXPECT_EQ(inspected(" \n\t \r\n"), "the request: empty");
 }
 
-TEST(DocumentInfo, RefusesLongDocumentsOnly) {
+TEST(DocumentInfo, DocumentLongerThanTheLimit_IsRefused) {
   EXPECT_EQ(inspected(std::string(kMaxRequestBytes - 2, ' ') + "{}"), "accepted");
   EXPECT_EQ(inspected(std::string(kMaxRequestBytes - 1, ' ') + "{}"), "the request: longer than 32 MiB");
 }
 
-TEST(DocumentInfo, RefusesNulCharacters) {
+TEST(DocumentInfo, NulCharacter_IsRefused) {
   EXPECT_EQ(inspected(std::string("{ \0}", 4)), "the request: holds a NUL character");
 }
 
@@ -57,45 +57,45 @@ std::string repeated(const std::string& text, unsigned count) {
   return all;
 }
 
-TEST(DocumentInfo, BoundsTheDepthOfJson) {
+TEST(DocumentInfo, JsonDeeperThanTheLimit_IsRefused) {
   const auto nested = [](unsigned depth) { return repeated("[", depth) + repeated("]", depth); };
   EXPECT_EQ(inspected(nested(kMaxRequestDepth)), "accepted");
   EXPECT_EQ(inspected(nested(kMaxRequestDepth + 1)), "the request (line 1): nested deeper than 100 levels");
   EXPECT_EQ(inspected(nested(10'000)), "the request (line 1): nested deeper than 100 levels");
 }
 
-TEST(DocumentInfo, BoundsTheDepthOfXml) {
+TEST(DocumentInfo, XmlDeeperThanTheLimit_IsRefused) {
   const auto nested = [](unsigned depth) { return repeated("<a>\n", depth) + repeated("</a>", depth); };
   EXPECT_EQ(inspected(nested(kMaxRequestDepth)), "accepted");
   EXPECT_EQ(inspected(nested(kMaxRequestDepth + 1)), "the request (line 101): nested deeper than 100 levels");
   EXPECT_EQ(inspected(nested(10'000)), "the request (line 101): nested deeper than 100 levels");
 }
 
-TEST(DocumentInfo, SiblingsAreNotDepth) {
+TEST(DocumentInfo, Siblings_DoNotCountAsDepth) {
   EXPECT_EQ(inspected("[" + repeated("[],", 1000) + "[]]"), "accepted");
   EXPECT_EQ(inspected("<a>" + repeated("<b x='/>'/><c></c>", 1000) + "</a>"),
             "the request (line 1): attribute 'x' is not understood, only 'operation' of the NETCONF base namespace is");
   EXPECT_EQ(inspected("<a>" + repeated("<b /><c></c>", 1000) + "</a>"), "accepted");
 }
 
-TEST(DocumentInfo, BracketsInsideOfTextsAreText) {
+TEST(DocumentInfo, BracketsInStringsAndMarkup_AreIgnored) {
   EXPECT_EQ(inspected(R"({"a": "]}\"{["})"), "accepted");
   EXPECT_EQ(inspected("<a><!-- <b> --><![CDATA[<b>]]><?x <b> ?></a>"), "accepted");
 }
 
-TEST(DocumentInfo, RefusesUnfinishedJson) {
+TEST(DocumentInfo, UnfinishedJson_IsRefused) {
   EXPECT_EQ(inspected("{\"a\": {\n"), "the request (line 2): the document ends early");
   EXPECT_EQ(inspected("{\"a"), "the request (line 1): a string without an end");
   EXPECT_EQ(inspected("{\"a\\\""), "the request (line 1): a string without an end");
   EXPECT_EQ(inspected("}"), "the request (line 1): a closing bracket without an opening one");
 }
 
-TEST(DocumentInfo, RefusesTextBehindJson) {
+TEST(DocumentInfo, TextAfterTheJsonDocument_IsRefused) {
   EXPECT_EQ(inspected("{}\n{}"), "the request (line 2): text behind the end of the document");
   EXPECT_EQ(inspected("{} \n"), "accepted");
 }
 
-TEST(DocumentInfo, RefusesUnfinishedXml) {
+TEST(DocumentInfo, UnfinishedXml_IsRefused) {
   EXPECT_EQ(inspected("<a>\n<b"), "the request (line 2): a tag without an end");
   EXPECT_EQ(inspected("<a b"), "the request (line 1): an attribute without a value");
   EXPECT_EQ(inspected("<a b='"),
@@ -105,7 +105,7 @@ TEST(DocumentInfo, RefusesUnfinishedXml) {
   EXPECT_EQ(inspected("<!-- "), "the request (line 1): markup without an end");
 }
 
-TEST(DocumentInfo, RefusesJsonAttributesThatWouldBeDropped) {
+TEST(DocumentInfo, UnknownJsonAttribute_IsRefused) {
   EXPECT_EQ(inspected(R"({"a": {"@": {"nc:operation": "delete"}}})"),
             "the request (line 1): attribute 'nc:operation' is not understood, only 'ietf-netconf:operation' is");
   EXPECT_EQ(inspected(R"({"b": 1, "@b": {"operation": "delete"}})"),
@@ -125,7 +125,7 @@ TEST(DocumentInfo, AttributesNamedTwice_AreRefused) {
   EXPECT_EQ(inspected("<a xmlns:n='y' n:operation='merge'><b xmlns:n='z' n:operation='merge'/></a>"), "accepted");
 }
 
-TEST(DocumentInfo, CountsXmlOperations) {
+TEST(DocumentInfo, XmlOperations_AreCounted) {
   EXPECT_EQ(inspect_document(schemas().request(),
                              R"(<a xmlns="x" xmlns:n="y" n:operation="delete"><b n:operation='remove'/></a>)")
                 .operations,

@@ -11,7 +11,7 @@ const lysc_node* node(const ly_ctx* context, const char* path) {
   return found;
 }
 
-TEST(KeyReference, IsTheLeafOfTheSameEntry) {
+TEST(KeyReference, Leafref_LeadsToTheLeafOfTheSameEntry) {
   const ly_ctx* context = schemas().request();
   EXPECT_EQ(leaf_of_key(node(context, "/openconfig-lacp:lacp/interfaces/interface/name")),
             node(context, "/openconfig-lacp:lacp/interfaces/interface/config/name"));
@@ -19,7 +19,7 @@ TEST(KeyReference, IsTheLeafOfTheSameEntry) {
             node(context, "/openconfig-lacp:lacp/interfaces/interface/members/member/state/interface"));
 }
 
-TEST(KeyReference, IsNothingForAKeyOfAnotherType) {
+TEST(KeyReference, KeyOfAnotherType_HasNoLeaf) {
   EXPECT_EQ(
       leaf_of_key(node(schemas().native(),
                        "/Talvo-Brin-QD-ifmgr-cfg:interface-configurations/interface-configuration/interface-name")),

@@ -18,16 +18,16 @@ std::vector<std::string> steps_of(const std::string& path) {
   return texts;
 }
 
-TEST(PathSteps, HaveTheModulesAndPredicatesThatAreWritten) {
+TEST(PathSteps, PrefixesAndPredicates_AreKept) {
   EXPECT_THAT(steps_of("/a:b/c[d='e'][ f = \"g'h\" ]/i[.='j']//"),
               testing::ElementsAre("a|b|", "|c|d=e,f=g'h,", "|i|.=j,"));
 }
 
-TEST(PathSteps, AValueMayHoldWhatSeparatesSteps) {
+TEST(PathSteps, QuotedValueWithSeparators_IsTakenWhole) {
   EXPECT_THAT(steps_of("/a[b='c/d:[e]=']"), testing::ElementsAre("|a|b=c/d:[e]=,"));
 }
 
-TEST(PathSteps, WhatIsNoPathIsRefusedWithTheWholeOfIt) {
+TEST(PathSteps, InvalidPath_IsRefusedWithThePath) {
   EXPECT_EQ(refusal_of([] { parse_path_steps("/a:/b"); }),
             "the path '/a:/b': the name of a node is missing behind '/a:'");
 }

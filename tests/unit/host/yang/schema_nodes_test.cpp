@@ -17,7 +17,7 @@ std::string refused(const std::string& path) {
   return refusal_of([&] { find_nodes(schemas(), path); });
 }
 
-TEST(SchemaPath, PrefixesMayBeLeftOutOrBeOfEitherKind) {
+TEST(SchemaPath, AnyOrNoPrefix_IsTheSameNode) {
   const std::string interval = "/openconfig-lacp:lacp/interfaces/interface/config/interval";
   EXPECT_THAT(found("/lacp/interfaces/interface/config/interval"), testing::ElementsAre(interval));
   EXPECT_THAT(found(interval), testing::ElementsAre(interval));
@@ -28,19 +28,19 @@ TEST(SchemaPath, PrefixesMayBeLeftOutOrBeOfEitherKind) {
   EXPECT_THAT(found(mode), testing::ElementsAre(mode));
 }
 
-TEST(SchemaPath, PredicatesMakeNoDifference) {
+TEST(SchemaPath, Predicates_AreIgnored) {
   EXPECT_EQ(found("/lacp/interfaces/interface[name='GigabitEthernet0/0/0/1']/config/interval[.='FAST']"),
             found("/lacp/interfaces/interface/config/interval"));
   EXPECT_EQ(found("/interface-configurations/interface-configuration[active='act'][interface-name=\"a\"]"),
             found("/interface-configurations/interface-configuration"));
 }
 
-TEST(SchemaPath, ANameOfBothSidesMeansBoth) {
+TEST(SchemaPath, NameOfBothSides_FindsBoth) {
   EXPECT_THAT(found("/lacp"), testing::ElementsAre("/openconfig-lacp:lacp", "/Talvo-Brin-QD-bundlemgr-cfg:lacp"));
   EXPECT_THAT(found("/openconfig-lacp:lacp"), testing::ElementsAre("/openconfig-lacp:lacp"));
 }
 
-TEST(SchemaPath, WhatIsNoNodeIsRefused) {
+TEST(SchemaPath, UnknownNodeOrPredicate_IsRefused) {
   EXPECT_EQ(refused("/lacp/colour"), "/lacp/colour: neither openconfig-lacp nor a native model has such a node");
   EXPECT_EQ(refused("/other:lacp"), "/other:lacp: neither openconfig-lacp nor a native model has such a node");
   EXPECT_EQ(refused("/lacp/config/system-priority/more"),
@@ -53,7 +53,7 @@ TEST(SchemaPath, WhatIsNoNodeIsRefused) {
   EXPECT_EQ(refused("/lacp/config[.='5']"), "/openconfig-lacp:lacp/config: the predicate '.' names no leaf of it");
 }
 
-TEST(SchemaPath, LeavesAreListedInTheSchemasOrder) {
+TEST(SchemaPath, LeavesOf_AreInTheOrderOfTheSchema) {
   std::vector<std::string> paths;
   for (const lysc_node* leaf : leaves_of(find_nodes(schemas(), "/lacp-data").front())) {
     paths.push_back(bare_path(leaf));

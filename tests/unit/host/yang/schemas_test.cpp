@@ -10,7 +10,7 @@ std::string loaded(const SchemaDirectories& directories) {
   return refusal_of([&] { const Schemas ignored(directories, mapped_schemas()); });
 }
 
-TEST(SchemasTest, TheTwoSidesAreApart) {
+TEST(SchemasTest, RequestAndNativeModules_AreInSeparateContexts) {
   EXPECT_NE(ly_ctx_get_module_implemented(schemas().request(), "openconfig-lacp"), nullptr);
   EXPECT_EQ(ly_ctx_get_module_implemented(schemas().native(), "openconfig-lacp"), nullptr);
   EXPECT_EQ(ly_ctx_get_module_implemented(schemas().request(), "Talvo-Brin-QD-bundlemgr-cfg"), nullptr);
@@ -19,12 +19,12 @@ TEST(SchemasTest, TheTwoSidesAreApart) {
   EXPECT_NE(operation_module(schemas().native()), nullptr);
 }
 
-TEST(SchemasTest, RefusesFoldersThatAreNotThere) {
+TEST(SchemasTest, MissingFolder_IsRefused) {
   EXPECT_EQ(loaded({"/no/such", ""}), "/no/such: no such folder of schemas");
   EXPECT_EQ(loaded({location::kSchemas, "/no/such"}), "/no/such: no such folder of schemas");
 }
 
-TEST(SchemasTest, RefusesFoldersWithoutTheSchemas) {
+TEST(SchemasTest, FolderWithoutTheSchemas_IsRefused) {
   const TemporaryFolder empty;
   EXPECT_EQ(loaded({empty.path(), ""}), empty.path() + ": has no module ietf-netconf");
   EXPECT_EQ(loaded({location::kSchemas, empty.path()}), empty.path() + ": has no module openconfig-lacp");
@@ -56,7 +56,7 @@ TEST(SchemasTest, SchemaThatCannotBeCompiled_IsToldWithTheNode) {
               testing::AllOf(testing::HasSubstr("/openconfig-lacp:a"), testing::HasSubstr("no-such")));
 }
 
-TEST(SchemasTest, TakesPublishedSchemasInsteadOfTheShippedOnes) {
+TEST(SchemasTest, PublishedSchemas_ReplaceTheShippedOnes) {
   const TemporaryFolder published;
   published.write("openconfig-lacp.yang", R"(module openconfig-lacp {
     namespace "http://openconfig.net/yang/lacp"; prefix l; revision 2030-01-01;

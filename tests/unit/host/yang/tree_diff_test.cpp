@@ -39,21 +39,21 @@ std::string entry(const std::string& name, const std::string& mode) {
   return support::native_entry(name, R"("mode": ")" + mode + "\"");
 }
 
-TEST(EditPlanTest, TheSameConfigurationIsNoChange) {
+TEST(TreeDiff, SameConfiguration_HasNoChange) {
   const std::string before = lacp_of_a(R"("period": 1, "mode": "active")");
   const std::string after = lacp_of_a(R"("mode": "active", "period": 1)");
   EXPECT_EQ(first_change(before, after), "");
   EXPECT_EQ(difference(before, after), "{}\n");
 }
 
-TEST(EditPlanTest, TheOrderOfEntriesIsNoChange) {
+TEST(TreeDiff, OtherOrderOfEntries_HasNoChange) {
   const std::string before = support::native_interfaces(entry("a", "active") + "," + entry("b", "active"));
   const std::string after = support::native_interfaces(entry("b", "active") + "," + entry("a", "active"));
   EXPECT_EQ(first_change(before, after), "");
   EXPECT_EQ(difference(before, after), "{}\n");
 }
 
-TEST(EditPlanTest, TellsTheFirstNodeThatChanges) {
+TEST(TreeDiff, FirstChange_IsTheFirstNodeThatDiffers) {
   const std::string lacp = std::string(kNativeA) + "/Talvo-Brin-QD-bundlemgr-cfg:lacp";
   EXPECT_EQ(first_change(lacp_of_a(R"("period": 1, "mode": "active")"), lacp_of_a(R"("period": 2, "mode": "active")")),
             lacp + "/period");
@@ -70,7 +70,7 @@ TEST(EditPlanTest, TellsTheFirstNodeThatChanges) {
             "/Talvo-Brin-QD-bundlemgr-cfg:lacp");
 }
 
-TEST(EditPlanTest, TellsWhatHappensToEachNode) {
+TEST(TreeDiff, Difference_HasAnOperationForEachNode) {
   const std::string made = difference(lacp_of_a(R"("period": 1)"), lacp_of_a(R"("mode": "active")"));
   EXPECT_THAT(made, HasSubstr(R"("@period": {
             "yang:operation": "delete")"));
@@ -78,7 +78,7 @@ TEST(EditPlanTest, TellsWhatHappensToEachNode) {
             "yang:operation": "create")"));
 }
 
-TEST(EditPlanTest, TellsDifferencesAsLibyangDoes) {
+TEST(TreeDiff, DifferenceOfConfigurations_AsLibyang) {
   const std::string global = R"("Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 5})";
   const std::string four = support::native_interfaces(entry("a", "active") + "," + entry("b", "active") + "," +
                                                       entry("c", "active") + "," + entry("d", "active"));

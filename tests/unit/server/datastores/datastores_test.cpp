@@ -274,7 +274,7 @@ class ConfirmedCommitTest : public DatastoresTest {
   }
 };
 
-TEST_F(ConfirmedCommitTest, ComesBackWhenItsTimeIsOver) {
+TEST_F(ConfirmedCommitTest, NotConfirmedInTime_RestoresTheEarlierConfiguration) {
   commit_confirmed(confirmed(60));
   clock_.pass(std::chrono::seconds(59));
   EXPECT_FALSE(datastores_->expire());
