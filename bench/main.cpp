@@ -341,7 +341,7 @@ int run_process(const std::string& side, const std::string& folder, std::size_t 
 // Prints figures, each beside what is required of it, if something is, and remembers those that are missed.
 class Figures {
  public:
-  // A requirement counts as missed when the figure is more than `slack` times as large.
+  // A requirement is treated as missed when the figure is more than `slack` times as large.
   explicit Figures(double slack) : slack_(slack) {}
 
   [[nodiscard]] bool are_held() const { return missed_ == 0; }

@@ -125,7 +125,7 @@ void warn_omitted_leaves(const host::Answer& answer) {
   }
   constexpr size_t kNamed = 10;
   for (size_t leaf = 0; leaf < std::min(kNamed, answer.valueless.size()); ++leaf) {
-    tell(answer.valueless[leaf] + ": left out, as what the device says has no OpenConfig form");
+    tell(answer.valueless[leaf] + ": omitted: the native value has no OpenConfig equivalent");
   }
   if (answer.valueless.size() > kNamed) {
     tell("left out " + std::to_string(answer.valueless.size() - kNamed) + " more leaves for the same reason");

@@ -88,7 +88,7 @@ class Records {
   std::vector<std::string> trace_;
 };
 
-// Shows a sentence on the standard error, behind the program's name. Nothing in it acts on a terminal.
+// Shows a sentence on the standard error, after the program's name. Nothing in it acts on a terminal.
 void tell(std::string_view sentence);
 
 // Tells, on the standard error, which leaves were left out of an answer.

@@ -24,7 +24,7 @@ struct EditArguments : TranslationArguments {
 void add_edit_options(CLI::App& command, EditArguments& arguments) {
   CLI::Option* dry_run =
       command.add_flag("--dry-run", arguments.plan.is_dry_run,
-                       "Print the native edit and behind it what it would change, and change nothing");
+                       "Print the native edit and after it what it would change, and change nothing");
   command
       .add_flag("--expect-no-change", arguments.expects_no_change,
                 "Change nothing, and fail if the edit would change something")

@@ -30,14 +30,14 @@ struct GetArguments : TranslationArguments {
   double watch_seconds = 0;  // 0: once
 };
 
-// Why a text is no time to wait; empty when it is one. CLI::Range would take nan for one.
+// Why a text is not a time to wait; empty when it is one. CLI::Range would take nan for one.
 std::string check_seconds(const std::string& text) {
   double seconds = 0;
   const char* end = text.data() + text.size();
   const auto [behind, error] = std::from_chars(text.data(), end, seconds);
   return error == std::errc() && behind == end && seconds >= 0.1 && seconds <= 86400
              ? ""
-             : "'" + text + "' is no number from 0.1 to 86400";
+             : "'" + text + "' is not a number from 0.1 to 86400";
 }
 
 host::Answer read(host::Translator& translator, const host::DeviceSnapshot& device, const GetArguments& arguments) {

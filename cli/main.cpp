@@ -52,7 +52,7 @@ int run(int argc, char** argv) {
 }  // namespace oclacp::cli
 
 int main(int argc, char** argv) {
-  // A file that grows beyond the process's limit is a failed write, which is told like any other.
+  // A file that grows beyond the process's limit is a failed write, which is reported like any other.
   static_cast<void>(std::signal(SIGXFSZ, SIG_IGN));
   using namespace oclacp;
   try {

@@ -31,7 +31,7 @@ class RecordsCommand {
 
   CLI::App* app() { return command_; }
 
-  // Does what the parsed command line says, and answers what is to be printed. Throws host::Error.
+  // Does what the parsed command line says, and returns what is to be printed. Throws host::Error.
   [[nodiscard]] std::string run() const;
 
  private:

@@ -31,7 +31,7 @@ class EndSignals {
     sigprocmask(SIG_BLOCK, &signals_, nullptr);
   }
 
-  // Waits, and answers whether one of them came.
+  // Waits, and returns whether one of them came.
   [[nodiscard]] bool come_within(double seconds) const {
     const auto whole = static_cast<std::time_t>(seconds);
     const timespec time = {whole, static_cast<long>((seconds - static_cast<double>(whole)) * 1e9)};
@@ -55,7 +55,7 @@ void show(const host::Translator& translator, const Sample& now, const Sample* b
   warn_omitted_leaves(now.answer);
 }
 
-// Nothing when it is refused, which is told.
+// Nothing when it is refused, which is reported.
 std::optional<Sample> try_again(const std::function<host::Answer()>& read) {
   try {
     return Sample{read(), Clock::now()};

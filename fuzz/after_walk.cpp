@@ -32,7 +32,7 @@ void require_balance(const support::Seen& seen) {
 }  // namespace
 
 void require_left_in_order(cerrno status, const FuzzedTree& tree, support::Platform& platform) {
-  require(status != YFW_SKIP_SUBTREE, "the entry walker answers that it skipped");
+  require(status != YFW_SKIP_SUBTREE, "the entry walker returns that it skipped");
   require_marks_as_found(platform.state());
   require_balance(platform.seen());
   require(tree.disturbed() == nullptr, "a node is not as it was");

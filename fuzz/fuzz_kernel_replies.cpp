@@ -1,4 +1,4 @@
-// Any bytes as what a kernel says of its links: the first byte chooses netlink messages, one behind the other, or the
+// Any bytes as what a kernel says of its links: the first byte chooses netlink messages, one after the other, or the
 // text about a bond.
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
 // Any bytes as a record. The first byte chooses one of the module's bags, and the rest is a record of it; or it says
-// that the rest up to a newline is a full schema, which is read, and what is behind the newline a record of that.
+// that the rest up to a newline is a full schema, which is read, and what is after the newline a record of that.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -45,7 +45,7 @@ void decode_by_own_schema(const std::string& input) {
     oclacp::host::show_bag(bag);
     decode(bag, newline == std::string::npos ? std::string() : input.substr(newline + 1));
   } catch (const Error&) {
-    // Most texts are no schema.
+    // Most texts are not schemas.
   }
 }
 

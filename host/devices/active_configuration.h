@@ -22,7 +22,7 @@ class ActiveConfiguration {
   ActiveConfiguration& operator=(ActiveConfiguration&&) = delete;
 
   // One for each container of an interface's configuration that holds something: the interface's element, a slash, and
-  // the container's path with a slash behind it ("Bundle-Ether1/lacp/"). The longest elements come first: a mapping may
+  // the container's path with a slash after it ("Bundle-Ether1/lacp/"). The longest elements come first: a mapping may
   // look for an interface by a part of its name, and finds Bundle-Ether10 before Bundle-Ether1 then.
   [[nodiscard]] std::vector<std::string> items() const;
 

@@ -18,7 +18,8 @@ bool is_leaf(const EditNode& node) {
   return (node.schema->nodetype & LYD_NODE_TERM) != 0;
 }
 
-// Whether a node stems from no more than the key of an entry of the request, as the mark of a virtual interface does.
+// Whether a node originates from no more than the key of an entry of the request, as the mark of a virtual interface
+// does.
 bool stems_from_key(const EditNode& node) {
   return node.source != nullptr && lysc_is_key(info_of(node.source).schema);
 }

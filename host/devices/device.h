@@ -52,7 +52,7 @@ class OCLACP_HOST_API DeviceSnapshot {
   [[nodiscard]] virtual const lyd_node* operational() const { return nullptr; }
   // The same as a document, which can be read in pieces; null when the device keeps it in another form.
   [[nodiscard]] virtual const NativeDocument* operational_document() const { return nullptr; }
-  // Whether every interface counts as having LACP, because the configuration of the interfaces is not known.
+  // Whether every interface is treated as having LACP, because the configuration of the interfaces is not known.
   [[nodiscard]] virtual bool assumes_lacp() const { return false; }
   // The text that the device keeps when a leaf of its configuration is set to `value`. As written unless the device has
   // a form of its own.

@@ -34,7 +34,7 @@ std::string find_file(const std::string& named) {
       return real;
     }
   }
-  return named;  // reading it tells what is wrong
+  return named;  // reading it reports what is wrong
 }
 
 class FolderLock final : public DeviceLock {

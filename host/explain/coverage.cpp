@@ -35,7 +35,7 @@ std::string reason_of(const CoveredLeaf& leaf) {
   if (!leaf.is_known) {
     return "unknown to the mapping";
   }
-  return std::string(leaf.refusal ? "refused" : "comes to nothing") + (leaf.sources.empty() ? ", has no source" : "");
+  return std::string(leaf.refusal ? "refused" : "has no effect") + (leaf.sources.empty() ? ", has no source" : "");
 }
 
 Coverage find_coverage(const lys_module& model, const LeafTables& tables, Probe& probe, LeafMappingFinder& mappings) {

@@ -33,7 +33,7 @@ std::string conversion_of(const LeafMapping& mapping) {
   return text;
 }
 
-// Where the values of a leaf go, and what becomes of them.
+// Where the values of a leaf go, and how they are mapped.
 std::string targets_of(const LeafMappings& outgoing) {
   std::string text;
   for (const LeafMapping& mapping : outgoing.mappings) {
@@ -136,7 +136,7 @@ std::string Explanation::describe_reads(const lysc_node* leaf) {
 
 std::string Explanation::describe_reports(const lysc_node* leaf) {
   const std::string text = targets_of(mappings_.from(leaf));
-  return text.empty() ? "\nNothing in openconfig-lacp is made of it.\n" : paragraph("It is read as", text);
+  return text.empty() ? "\nNothing in openconfig-lacp is built from it.\n" : paragraph("It is read as", text);
 }
 
 std::string Explanation::describe_incoming(const lysc_node* leaf, const std::string& heading) {

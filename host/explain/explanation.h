@@ -15,7 +15,7 @@ class Explanation {
       : tables_(tables), schemas_(schemas), probe_(probe), mappings_(mappings) {}
 
   // A node of either side. Of a leaf: the functions that serve it, the nodes of the other side in both directions, and
-  // what becomes of its values. Of any other node: for each leaf in it, the nodes of the other side. Ends with a line
+  // how its values are mapped. Of any other node: for each leaf in it, the nodes of the other side. Ends with a line
   // end.
   std::string describe(const lysc_node* node);
 

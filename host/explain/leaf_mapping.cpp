@@ -25,7 +25,7 @@ bool is_kept(const Conversion& conversion) {
   return conversion.to == conversion.from;
 }
 
-// The bit of an 8-bit number that alone decides the result; answers nothing when there is none.
+// The bit of an 8-bit number that alone decides the result; returns nothing when there is none.
 std::optional<size_t> deciding_bit(const LeafMapping& mapping) {
   const std::vector<Conversion>& by_number = mapping.conversions;
   if (!mapping.is_complete || by_number.size() != kNumbersOfEightBits) {

@@ -1,4 +1,4 @@
-// What becomes of the values of a leaf.
+// How the values of a leaf are mapped.
 #pragma once
 
 #include <libyang/libyang.h>
@@ -12,7 +12,7 @@ namespace oclacp::host {
 // One value on its way.
 struct Conversion {
   std::string from;
-  std::optional<std::string> to;       // nothing: nothing is made of it
+  std::optional<std::string> to;       // nothing: nothing is built from it
   std::optional<std::string> refusal;  // why the mapping refuses the value
 };
 
@@ -22,7 +22,7 @@ struct LeafMapping {
   const lysc_node* to;
   std::vector<Conversion> conversions;  // by the values of `from`
   bool is_complete;                     // these are all the values that there are
-  bool needs_lacp = false;              // nothing is made of them unless LACP is configured on the interface
+  bool needs_lacp = false;              // nothing is built from them unless LACP is configured on the interface
 };
 
 // The conversion of a mapping as lines for a person.

@@ -87,7 +87,7 @@ bool LeafMappingFinder::needs_lacp(const LeafMapping& mapping) {
   return made != mapping.conversions.end() && !probe_.native_alone(mapping.from, made->from).value_of(mapping.to);
 }
 
-// What is made of a leaf is what is reported with it and not without it, whatever the tables say.
+// What is built from a leaf is what is reported with it and not without it, whatever the tables say.
 LeafMappings LeafMappingFinder::reports_of(const lysc_node* leaf) {
   LeafMappings outgoing;
   const std::vector<const lysc_node*> without = reported_without(leaf);
@@ -126,10 +126,10 @@ std::vector<LeafMapping> LeafMappingFinder::to(const lysc_node* leaf) {
 
 const lysc_node* LeafMappingFinder::key_referring_to(const lysc_node* leaf) const {
   const lysc_node* list = innermost_list(leaf);
-  const auto is_meant = [&](const LeafRow& row) {
+  const auto is_referring = [&](const LeafRow& row) {
     return row.schema->parent == list && lysc_is_key(row.schema) && leaf_of_key(row.schema) == leaf;
   };
-  const auto found = std::find_if(tables_.openconfig().begin(), tables_.openconfig().end(), is_meant);
+  const auto found = std::find_if(tables_.openconfig().begin(), tables_.openconfig().end(), is_referring);
   return found == tables_.openconfig().end() ? nullptr : found->schema;
 }
 

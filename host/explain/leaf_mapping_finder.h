@@ -1,4 +1,4 @@
-// What becomes of the values of each leaf, found out by running the mapping.
+// How the values of each leaf are mapped, found out by running the mapping.
 #pragma once
 
 #include <optional>

@@ -53,7 +53,7 @@ std::string instance_path(const lysc_node* node, const std::string& value) {
   return instance_path(node, node, value);
 }
 
-// What is behind the node's path.
+// What is after the node's path.
 std::string reason_of(const std::string& refusal) {
   const size_t colon = refusal.find(": ");
   return colon == std::string::npos ? refusal : refusal.substr(colon + 2);

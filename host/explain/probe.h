@@ -10,7 +10,7 @@
 
 namespace oclacp::host {
 
-// What a run comes to.
+// The result of a run.
 struct ProbeResult {
   struct Leaf {
     const lysc_node* schema;

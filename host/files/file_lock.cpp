@@ -67,7 +67,7 @@ pid_t find_holder(const FileId& file) {
   wanted << file.second;
   std::ifstream locks("/proc/locks");
   for (std::string line; std::getline(locks, line);) {
-    // "1: FLOCK  ADVISORY  WRITE 4711 fe:01:1234 0 EOF"; those that wait have "->" behind the number.
+    // "1: FLOCK  ADVISORY  WRITE 4711 fe:01:1234 0 EOF"; those that wait have "->" after the number.
     std::istringstream fields(line);
     std::string number;
     std::string kind;

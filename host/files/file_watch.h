@@ -32,7 +32,7 @@ class FileWatch {
   std::vector<std::string> files_;
   std::vector<std::optional<FileVersion>> versions_;  // beside files_
   FileDescriptor events_;
-  std::map<int, std::vector<std::string>> names_;  // by the folder's watch: the names of the files that are meant
+  std::map<int, std::vector<std::string>> names_;  // by the folder's watch: the names of the watched files
 };
 
 }  // namespace oclacp::host

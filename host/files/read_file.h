@@ -12,7 +12,7 @@ namespace oclacp::host {
 OCLACP_HOST_API std::string read_text_file(const std::string& file, std::size_t limit = std::string::npos);
 
 // The content of a file that a device is kept in. One that is read without end, or whose writer is waited for, cannot
-// be that: what is no regular file, nor a link to one, is refused.
+// be that: what is not a regular file, nor a link to one, is refused.
 std::string read_regular_file(const std::string& file);
 
 // The same for a file that another program may be writing while it is read: the content is that of one moment, the old

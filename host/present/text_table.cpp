@@ -36,7 +36,7 @@ std::string_view colour_of(CellStyle tone) {
   return "";
 }
 
-// Writes one line, cell by cell; nothing stands behind the last one.
+// Writes one line, cell by cell; nothing follows the last one.
 class Line {
  public:
   Line(std::string& text, const TableLayout& layout) : text_(text), layout_(layout), blanks_(layout.indent) {}

@@ -36,10 +36,10 @@ class TextTable {
   // `row` has a cell for each column. Nothing in its texts acts on a terminal (base/printable_text.h).
   void add(std::vector<Cell> row);
 
-  // Takes away the columns behind the first in which every row shows `text`. Answers how many columns are left.
+  // Takes away the columns after the first in which every row shows `text`. Returns how many columns are left.
   size_t drop_columns_showing(const std::string& text);
 
-  // Columns that are too many for the width follow below, behind an empty line, with the first column again. A name
+  // Columns that are too many for the width follow below, after an empty line, with the first column again. A name
   // that leaves no room for the others stands on a line of its own.
   [[nodiscard]] std::string text(const TableLayout& layout) const;
 

@@ -14,7 +14,7 @@ using Form = DecodedField::Form;
 
 using Align = TextTable::Align;
 
-// A table of fields; its last column is what is told of them.
+// A table of fields; its last column describes them.
 TextTable field_table(const char* told) {
   return TextTable({{"OFFSET", Align::kRight}, {"SIZE", Align::kRight}, {"FIELD"}, {told}});
 }

@@ -142,7 +142,7 @@ class SchemaReader {
         break;
     }
     --at_;
-    refuse("this is no type of field");
+    refuse("this is not a type of field");
   }
 
   static FieldType plain(FieldKind kind, std::uint64_t size) {
@@ -186,7 +186,7 @@ class SchemaReader {
     } else if (!is_number && type.size == 16 && skip('s')) {
       type.hint = DisplayHint::kIpv6;
     } else {
-      refuse("this is no hint for the type of field before it");
+      refuse("this is not a hint for the type of field before it");
     }
     return type;
   }

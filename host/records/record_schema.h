@@ -14,7 +14,7 @@ namespace oclacp::host {
 
 enum class FieldKind { kUnsigned, kEnumeration, kIpv4, kText, kBytes, kRecord, kReference, kArray, kUnion };
 
-// How a value is meant to be shown.
+// How a value is shown.
 enum class DisplayHint { kNone, kInterface, kNode, kMac, kIpv6 };
 
 // How schemas call a record type: "$126".
@@ -54,7 +54,7 @@ struct RecordType {
   [[nodiscard]] bool is_bare() const { return fields.size() == 1 && fields.front().name.empty(); }
 };
 
-// A union's discriminator stands in the first 4 of these bytes, its arm behind them.
+// A union's discriminator stands in the first 4 of these bytes, its arm after them.
 inline constexpr std::uint64_t kUnionTagSize = 8;
 
 // No record is larger. A descriptor that claims more is refused, so that no input makes the decoder's work grow.

@@ -8,7 +8,7 @@
 
 extern "C" {
 
-// Stands in front of the C library's for everything that is loaded after the host. The client's library counts as
+// Stands in front of the C library's for everything that is loaded after the host. The client's library is treated as
 // present, since the client is this file; nothing has to be at its path. Every other question goes to the system.
 __attribute__((visibility("default"))) int access(const char* path, int mode) noexcept;
 

@@ -30,7 +30,7 @@ class CurrentDevice {
 
   [[nodiscard]] const DeviceSnapshot& device() const { return device_; }
 
-  // Whether an interface's configuration holds something of LACP, or the device counts it as if.
+  // Whether an interface's configuration holds something of LACP, or the device treats it so.
   bool has_lacp(std::string_view interface) { return device_.assumes_lacp() || configuration().has_lacp(interface); }
 
   // Both are built when they are first asked for.

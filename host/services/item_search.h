@@ -8,7 +8,7 @@
 
 namespace oclacp::host {
 
-// The items' texts one behind the other, each with its terminator, and where each begins: a copy to be cut in place is
+// The items' texts one after the other, each with its terminator, and where each begins: a copy to be cut in place is
 // one piece of memory, however many items there are.
 struct FoundItems {
   std::string texts;

@@ -11,7 +11,7 @@
 
 namespace oclacp::host {
 
-// OpenConfig data made of native data.
+// OpenConfig data built from native data.
 struct Answer {
   AnswerData data;                      // lives no longer than the translator
   std::vector<Error> failures;          // why entries were left out; a sentence each, in the form of an Error

@@ -12,7 +12,7 @@ namespace oclacp::host {
 struct EditPlan {
   TreePtr running;           // the configuration after the edit, for the device to keep
   std::string first_change;  // the path of the first native node that changes; empty for none
-  // Of a dry run only: the native edit, and what it changes as libyang tells a difference.
+  // Of a dry run only: the native edit, and what it changes as libyang writes a difference.
   std::string native_edit;
   std::string difference;
   size_t dropped_entries = 0;  // as in Translation

@@ -41,8 +41,8 @@ EntryFilter make_entry_filter(const yfw_datatree* request) {
   return wanted;
 }
 
-// Whether a native list entry comes to entries of the wanted list, or to leaves of one that it does not name, and to
-// none that is wanted. The module tells by a walk of its keys alone.
+// Whether a native list entry maps to entries of the wanted list, or to leaves of one that it does not name, and to
+// none that is wanted. Found by a walk of its keys alone.
 bool NativeReader::is_unwanted(const NativeParts& parts, size_t branch, yfw_map_walker walker) const {
   if (parts.branches()[branch].data->schema->nodetype != LYS_LIST) {
     return false;

@@ -28,7 +28,7 @@ struct EntryFilter {
 // Those of the first list of a request, when it names each by its key. `request` is the top node and outlives them.
 EntryFilter make_entry_filter(const yfw_datatree* request);
 
-// Walks native trees one after the other and collects what they come to. Used with a device installed.
+// Walks native trees one after the other and collects their results. Used with a device installed.
 //
 // A tree is walked in parts, so that what is made for a walk stays small beside the data.
 class NativeReader {
@@ -41,7 +41,7 @@ class NativeReader {
                OnFailure on_failure = OnFailure::kStop)
       : context_(context), operation_(operation), sinks_(sinks), on_failure_(on_failure), answer_(context) {}
 
-  // What follows is read with this module. Native list entries that come to entries of the OpenConfig list, but to none
+  // What follows is read with this module. Native list entries that map to entries of the OpenConfig list, but to none
   // of `wanted`, are left out. Both outlive this.
   void use(const MappingModule& module, const EntryFilter& wanted) {
     module_ = &module;

@@ -105,7 +105,7 @@ DefaultOperation default_operation(const ParsedRequest& request, const EditOptio
   return request.default_operation == "replace" ? DefaultOperation::kReplace : options.operation;
 }
 
-// An edit from its text to what it comes to natively; the later are made of the earlier.
+// An edit from its text to its native result; the later are built from the earlier.
 struct TranslatedEdit {
   TranslatedEdit(ParsedRequest parsed, LoadedMapping& mapping, const DeviceSnapshot& device, const EditOptions& options)
       : request(std::move(parsed)),

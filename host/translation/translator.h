@@ -54,14 +54,14 @@ struct EditOptions {
 
 // How an edit is planned.
 struct PlanOptions : EditOptions {
-  bool is_dry_run = false;      // the plan tells the native edit and what it changes
+  bool is_dry_run = false;      // the plan has the native edit and what it changes
   bool ignores_absent = false;  // deletes of paths only: what is not there is as good as deleted
 };
 
 // How a device is read.
 struct ReadOptions {
   Content content = Content::kConfig;
-  // An entry that cannot be translated is left out and told, instead of ending the whole.
+  // An entry that cannot be translated is left out and reported, instead of ending the whole.
   bool keeps_going = false;
   RecordSinks records = {};
 };

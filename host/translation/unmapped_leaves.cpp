@@ -19,12 +19,12 @@ unsigned count_keys(const yfw_datatree& node) {
   return count;
 }
 
-// Calls `visit` with each child of `parent` in turn being its only one beside its keys, and puts all of them back.
+// Calls `visit` with each child of `parent` in turn being its only one beside its keys, and restores all of them.
 void for_each_child_alone(yfw_datatree& parent, const std::function<void(yfw_datatree& child)>& visit) {
   const unsigned keys = count_keys(parent);
   const unsigned count = parent.child_count;
   yfw_datatree* const children = parent.children;
-  // Children stand side by side, so each is copied behind the keys.
+  // Children stand side by side, so each is copied after the keys.
   std::vector<yfw_datatree> alone(children, children + keys);
   alone.emplace_back();
   parent.children = alone.data();
@@ -75,7 +75,7 @@ class Search {
   yfw_map_walker walker_;
   SchemaIndex& paths_;
   const yfw_datatree* top_;
-  size_t of_keys_ = 0;  // what the entry's keys come to
+  size_t of_keys_ = 0;  // the result of the entry's keys
   std::vector<std::string> found_;
 };
 

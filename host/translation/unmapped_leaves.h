@@ -10,8 +10,8 @@
 
 namespace oclacp::host {
 
-// Which leaves of the selected list entries of a native top node come to nothing when they are walked, although their
-// entry comes to one of OpenConfig: the path of each, and its value behind " = ". The module tells by walking each leaf
+// Which leaves of the selected list entries of a native top node have no effect when they are walked, although their
+// entry maps to one of OpenConfig: the path of each, and its value after " = ". Found by walking each leaf
 // alone with its entry's keys. Linear in the leaves. `selected` says which entries; `paths` are those of the OpenConfig
 // side.
 std::vector<std::string> find_unmapped(const lyd_node* data, const NativeSelection::Node& selected,

@@ -12,7 +12,7 @@
 namespace oclacp::host {
 namespace {
 
-// Whether the module says with an error tag which child of the marked node is meant.
+// Whether the module says with an error tag which child of the marked node it is about.
 bool comes_with_tag(cerrno status) {
   static constexpr std::array kTagged = {YFW_UNSUPPORTED_NODE, YFW_BAD_LIST_KEY, YFW_LIST_KEY_DELETED,
                                          YFW_UNKNOWN_AUGMENT, YFW_UNSUPPORTED_INTERVAL};

@@ -96,7 +96,7 @@ AnswerData::Index AnswerData::find(Index above, const NodeShape& shape) const {
 AnswerData::Index AnswerData::find_or_add(Index above, const NodeShape& shape) {
   Index before = kRoot;
   Index child = first(above);
-  // Mostly behind all that is there.
+  // Mostly after all that is there.
   if (const Index last_child = last(above);
       last_child != kRoot && shape.parent != NodeShape::kTop && stands_before(this->shape(last_child), shape)) {
     before = last_child;
@@ -129,7 +129,7 @@ AnswerData::StoredValue AnswerData::keep(const CheckedValue& value) {
   if (value.form != ValueForm::kQualified) {
     return {value.form, texts_.add(value.text), static_cast<uint32_t>(value.text.size())};
   }
-  // Its three texts stand one behind the other.
+  // Its three texts stand one after the other.
   std::string all(value.text);
   all.append(1, '\0').append(value.xml_names).append(1, '\0').append(value.xml_text);
   return {value.form, texts_.add(all), static_cast<uint32_t>(value.text.size())};

@@ -12,7 +12,7 @@
 
 namespace oclacp::host {
 
-// Texts one behind the other, each found by a number. Those that fit stand in one chunk with others.
+// Texts one after the other, each found by a number. Those that fit stand in one chunk with others.
 class TextStore {
  public:
   static constexpr size_t kChunkBytes = size_t{1} << 16;
@@ -71,7 +71,7 @@ class OCLACP_HOST_API AnswerData {
   // The only child of `above` with this shape, or a new one in its place. For a list: its group.
   Index find_or_add(Index above, const NodeShape& shape);
   [[nodiscard]] Index find(Index above, const NodeShape& shape) const;
-  // A new node behind the last of a group.
+  // A new node after the last of a group.
   Index append(Index group);
   // What a leaf holds: texts of the store.
   struct StoredValue {
@@ -142,7 +142,7 @@ class OCLACP_HOST_API AnswerNode {
 
   // Of a node that there is.
   [[nodiscard]] const lysc_node* schema() const { return data_->shape(node_).schema; }
-  // Of a leaf, in canonical form and with a terminator behind it.
+  // Of a leaf, in canonical form and with a terminator after it.
   [[nodiscard]] std::string_view value() const { return data_->value(node_).text; }
 
   // Of none: none.

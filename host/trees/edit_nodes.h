@@ -10,10 +10,10 @@
 namespace oclacp::host {
 
 // Makes a node of an edit, with its keys or with `value` but with nothing below it, as the last child of `parent`;
-// without a parent it stands alone. What libyang does not take is told by refuse_native().
+// without a parent it stands alone. What libyang does not take is reported by refuse_native().
 LY_ERR make_native_node(const EditNode& node, const char* value, lyd_node* parent, lyd_node*& made);
 
-// Throws Error: the node of the request that `node` stems from, the native node's path and `reason`.
+// Throws Error: the node of the request that `node` originates from, the native node's path and `reason`.
 [[noreturn]] void refuse_native(ErrorKind kind, const EditNode& node, const std::string& reason);
 
 // The same with what libyang last reported.

@@ -152,7 +152,7 @@ class JsonEdit : EditWriter {
     }
   }
 
-  // The entries of one list; answers where the next member is.
+  // The entries of one list; returns where the next member is.
   size_t write_array(const std::vector<Item>& items, size_t index) {
     const NodeShape* list = items[index].shape;
     sink_.put("[");

@@ -14,7 +14,7 @@ namespace oclacp::host {
 // One node of an edit.
 struct EditNode {
   const lysc_node* schema = nullptr;     // null for the root above the top nodes
-  const yfw_datatree* source = nullptr;  // the node of the request that it stems from, for complaints
+  const yfw_datatree* source = nullptr;  // the node of the request that it originates from, for complaints
   EditNode* parent = nullptr;
   std::vector<EditNode*> children;          // containers and leaves, in order of first mention; null where one went
   std::vector<EditNode*> entries;           // list entries, the same
@@ -25,7 +25,7 @@ struct EditNode {
   bool is_set = false;                      // a leaf that is set, not only named
 };
 
-// The additions of a log in their order, with what they come to:
+// The additions of a log in their order, with their result:
 // - a later entry with the same keys is the same entry;
 // - a set after a delete of the same leaf is a set;
 // - a set inside of what was deleted replaces it by what came after the delete;

@@ -18,7 +18,7 @@ NativeSelection::NativeSelection(const OutputLog& asked) {
     Node* node = &root_;
     auto next_entry = entries.begin();
     for (const lysc_node* schema : addition.target->chain) {
-      // A key only says which entry is meant.
+      // A key only selects the entry.
       if (!lysc_is_key(schema)) {
         node = find_or_add(node, schema, schema->nodetype == LYS_LIST ? *next_entry++ : nullptr);
       }

@@ -26,7 +26,7 @@ class OutputLog {
   // One added node. Texts live as long as the log.
   struct Addition {
     const Target* target;
-    const yfw_datatree* source;  // the node of the request that it stems from; null in reads
+    const yfw_datatree* source;  // the node of the request that it originates from; null in reads
     int entry;                   // the innermost list entry that it is in, or that it is; kNoEntry outside of lists
     bool has_value;
     std::string_view value;
@@ -38,16 +38,16 @@ class OutputLog {
     const lysc_node* list;
     int parent;                          // the entry of the list around it
     std::vector<std::string_view> keys;  // in the schema's order; without data where the key has not come
-    bool only_deletes = true;            // nothing in it stems from a node that adds
+    bool only_deletes = true;            // nothing in it originates from a node that adds
     [[nodiscard]] bool has_keys() const;
   };
 
   // `is_edit`: nodes take the operations of their sources, and leaves that are set need values. A value is judged by
-  // its type only when the edit is made of the log (edit_printer.h), as libyang judges while it makes nodes. Reads
+  // its type only when the edit is built from the log (edit_printer.h), as libyang judges while it makes nodes. Reads
   // keep the request's values as they are.
   OutputLog(SchemaIndex& paths, bool is_edit) : paths_(paths), is_edit_(is_edit) {}
 
-  // What yfw_map_datatree_add_path_flagged() does. Answers 0 or a code of host/status.h, with the reason in
+  // What yfw_map_datatree_add_path_flagged() does. Returns 0 or a code of base/status_text.h, with the reason in
   // complaint().
   cerrno add(std::string_view path, std::string_view ns, const char* value, const yfw_datatree* source,
              bool opens_entry);

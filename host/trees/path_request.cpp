@@ -146,7 +146,7 @@ class PathNodes {
     lyd_node* made = nullptr;
     if (lyd_new_opaq(above, context_, name.c_str(), value == nullptr ? nullptr : value->c_str(), nullptr,
                      module.c_str(), &made) != LY_SUCCESS) {
-      throw Error(ErrorKind::kBadElement, "the path '" + path + "': '" + name + "' is no name of a node");
+      throw Error(ErrorKind::kBadElement, "the path '" + path + "': '" + name + "' is not the name of a node");
     }
     if (value == nullptr) {
       reinterpret_cast<lyd_node_opaq*>(made)->hints = LYD_VALHINT_EMPTY;

@@ -19,7 +19,7 @@ enum class AbsentNode {
 // the one request that names these nodes and nothing beside them (yang/path_parser.h has the forms of a path). A
 // module, by name or prefix, is needed only where a name alone would mean another node. A predicate gives a child its
 // value;
-// "[.='FAST']" behind a leaf is the leaf's own. A list without its keys, or with "*" for them, stands for all its
+// "[.='FAST']" after a leaf is the leaf's own. A list without its keys, or with "*" for them, stands for all its
 // entries. What is named twice, or lies in something that is named too, counts once. All paths are of one top node.
 // Throws Error.
 RequestTree parse_paths(const ly_ctx* context, const std::vector<std::string>& paths);

@@ -7,7 +7,7 @@
 namespace oclacp::host {
 namespace {
 
-// Whether an addition does no more than say which entry is meant.
+// Whether an addition does no more than select the entry.
 bool only_names_entry(const OutputLog::Addition& addition) {
   return addition.target->is_list() || (addition.target->is_key() && addition.has_value);
 }

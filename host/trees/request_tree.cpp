@@ -172,7 +172,7 @@ void RequestTree::fill_leaf(yfw_datatree& node, const NodeInfo& info) {
     throw node_error(ErrorKind::kBadElement, node_path(&node), "a leaf has nothing below it");
   }
   const char* value = opaque == nullptr ? lyd_get_value(info.data) : opaque_value(context_, *opaque, &node);
-  // An empty text counts as none: XML cannot tell the two apart.
+  // An empty text is treated as none: XML cannot tell the two apart.
   if (value == nullptr || value[0] == '\0') {
     return;
   }

@@ -73,7 +73,7 @@ class Selection {
     return true;
   }
 
-  // The value of a key says which entry is meant, and asks for nothing.
+  // The value of a key selects the entry, and asks for nothing.
   bool take_below(Index node, const yfw_datatree& wanted) {
     bool is_asked_for = false;
     for (unsigned index = 0; index < wanted.child_count; ++index) {

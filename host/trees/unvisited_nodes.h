@@ -1,4 +1,4 @@
-// Nodes of a request that a mapping passes over.
+// Nodes of a request that a mapping skips.
 #pragma once
 
 #include "host/trees/request_tree.h"

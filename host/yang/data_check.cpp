@@ -42,7 +42,7 @@ void check_data(const lyd_node* top, DataKind kind, const std::string& file) {
     // libyang adds the empty containers of every model.
     if (is_platform != (kind == DataKind::kPlatform) && is_explicit(top)) {
       refuse(ErrorKind::kBadElement, top, file,
-             is_platform ? "is no configuration or state" : "is no part of the description of a device");
+             is_platform ? "is neither configuration nor state" : "is not part of the description of a device");
     }
     if (kind == DataKind::kState && (top->schema->flags & LYS_CONFIG_W) != 0 && is_explicit(top)) {
       refuse(ErrorKind::kBadElement, top, file, "is configuration, which state does not hold");

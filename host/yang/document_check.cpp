@@ -105,7 +105,7 @@ class JsonScanner : Scanner {
     while (position < text().size()) {
       position = step(position);
       if (done_ && skip_blanks(position) < text().size()) {
-        refuse(skip_blanks(position), "text behind the end of the document");
+        refuse(skip_blanks(position), "text after the end of the document");
       }
     }
     if (depth_ > 0) {
@@ -115,7 +115,7 @@ class JsonScanner : Scanner {
   }
 
  private:
-  // Takes the token at `position` and answers where the next one may begin.
+  // Takes the token at `position` and returns where the next one may begin.
   size_t step(size_t position) {
     switch (text()[position]) {
       case '"':
@@ -362,7 +362,7 @@ class XmlScanner : Scanner {
     return found == modules_.end() || found->second.empty() ? nullptr : found->second.back();
   }
 
-  // `begin`: of the tag; `content`: what is behind it.
+  // `begin`: of the tag; `content`: what is after it.
   void enter_element(std::string_view name, size_t begin, size_t content) {
     const size_t colon = name.find(':');
     const bool has_prefix = colon != std::string_view::npos;
@@ -389,7 +389,7 @@ class XmlScanner : Scanner {
     --depth_;
   }
 
-  // libyang takes comments behind a value, and none in front of it.
+  // libyang takes comments after a value, and none in front of it.
   void take_key(const lysc_node* key, std::string_view content, size_t position) {
     std::string buffer;
     if (!content.starts_with('<') && !nodes_.set_key(key, unescape_xml(content.substr(0, content.find('<')), buffer))) {

@@ -83,7 +83,7 @@ std::string qualified_name(const lysc_node* node) {
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
-// Which characters matter while a value is passed over.
+// Which characters matter while a value is skipped.
 constexpr std::array<bool, 256> kBrackets = [] {
   std::array<bool, 256> brackets{};
   for (const unsigned char character : {'"', '{', '}', '[', ']'}) {
@@ -155,7 +155,7 @@ class Cursor {
   }
 
  private:
-  // Behind the opening quote, to behind the closing one.
+  // After the opening quote, to after the closing one.
   void pass_string() {
     while (position_ < text_.size() && text_[position_] != '"') {
       position_ += text_[position_] == '\\' ? 2 : 1;
@@ -164,7 +164,7 @@ class Cursor {
     position_ = std::min(position_ + 1, text_.size());
   }
 
-  // Behind an opening bracket, to behind the one that closes it.
+  // After an opening bracket, to after the one that closes it.
   void pass_brackets() {
     while (!brackets_.empty() && brackets_.front().open + 1 < position_) {
       brackets_ = brackets_.subspan(1);
@@ -227,7 +227,7 @@ class Cutter {
     }
   }
 
-  // In front of the value of a node of the path: passes over it, and cuts the list in it.
+  // In front of the value of a node of the path: skips it, and cuts the list in it.
   void take_path(const std::vector<const lysc_node*>& path, size_t next) {
     if (next == path.size()) {
       take_entries(path);

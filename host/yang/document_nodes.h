@@ -53,7 +53,7 @@ class DocumentNodes {
   };
 
   const ly_ctx* context_;
-  std::vector<Frame> frames_;  // those behind depth_ are kept for what they have allocated
+  std::vector<Frame> frames_;  // those after depth_ are kept for what they have allocated
   size_t depth_ = 0;
 };
 

@@ -69,7 +69,7 @@ class Envelope {
       refuse(tag, "<" + shortened(tag.name) + "> holds no <config>");
     }
     if (tags_.next(tag)) {
-      refuse(tag, "text behind the end of the document");
+      refuse(tag, "text after the end of the document");
     }
     check_blank(last_end_, text_.size());
     return true;
@@ -154,13 +154,13 @@ class Envelope {
       return;
     }
     XmlTag child = next_in(element);
-    size_t behind = element.end;
+    size_t after = element.end;
     for (; child.kind != XmlTag::Kind::kEnd; child = next_in(element)) {
-      check_blank(behind, child.begin);
+      check_blank(after, child.begin);
       take(child, known, name);
-      behind = last_end_;
+      after = last_end_;
     }
-    check_blank(behind, child.begin);
+    check_blank(after, child.begin);
     check_end(element, child);
   }
 
@@ -171,10 +171,10 @@ class Envelope {
     }
     data_begin_ = data_end_ = element.end;
     for (size_t depth = element.kind == XmlTag::Kind::kStart ? 1 : 0; depth > 0;) {
-      const size_t behind = last_end_;
+      const size_t after = last_end_;
       const XmlTag tag = next_in(element);
       if (depth == 1) {
-        check_blank(behind, tag.begin);
+        check_blank(after, tag.begin);
       }
       if (tag.kind == XmlTag::Kind::kEnd) {
         data_end_ = tag.begin;

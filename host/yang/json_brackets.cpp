@@ -110,7 +110,7 @@ class Scanner {
     const uint64_t string_begins = ((quotes & strings) << 1) | (string_begins_next_ ? 1 : 0);
     string_begins_next_ = ((quotes & strings) >> (kBlock - 1)) != 0;
     is_in_string_ = (strings >> (kBlock - 1)) != 0;
-    // What a backslash outside of strings does to a quote behind it is not for this to say.
+    // What a backslash outside of strings does to a quote after it is not for this to say.
     if ((string_begins & block.ats) != 0 || (block.backslashes & ~strings) != 0) {
       return false;
     }
@@ -125,7 +125,7 @@ class Scanner {
     return true;
   }
 
-  // The characters behind a backslash that is not itself behind one.
+  // The characters after a backslash that is not itself after one.
   uint64_t escaped(uint64_t backslashes) {
     uint64_t escaped = is_next_escaped_ ? 1 : 0;
     is_next_escaped_ = false;

@@ -5,7 +5,7 @@
 
 namespace oclacp::host {
 
-// The leaf inside of the entry that a list key refers to; null for a key that is no leafref, or refers elsewhere.
+// The leaf inside of the entry that a list key refers to; null for a key that is not a leafref, or refers elsewhere.
 const lysc_node* leaf_of_key(const lysc_node* key);
 
 }  // namespace oclacp::host

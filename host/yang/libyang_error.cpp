@@ -11,7 +11,7 @@ namespace {
 // How libyang begins to tell of a value that its enumeration lacks.
 constexpr std::string_view kNoName = "Invalid enumeration value \"";
 
-// The part of `where` in quotes behind `label`; empty when there is none.
+// The part of `where` in quotes after `label`; empty when there is none.
 std::string_view quoted_after(std::string_view where, std::string_view label) {
   const size_t found = where.find(label);
   if (found == std::string_view::npos) {

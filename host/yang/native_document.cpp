@@ -64,7 +64,7 @@ void append_key_hashes(const lyd_node* tops, const CutList& list, std::vector<si
 NativeDocument::NativeDocument(const ly_ctx* context, std::string text, std::string subject, uint32_t validation,
                                DataKind kind)
     : context_(context), text_(std::move(text)), subject_(std::move(subject)), validation_(validation), kind_(kind) {
-  // libyang takes an empty file for an empty configuration and does not look behind the end of a document.
+  // libyang takes an empty file for an empty configuration and does not look after the end of a document.
   brackets_ = check_json_document(text_, subject_);
 }
 

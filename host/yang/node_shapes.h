@@ -21,7 +21,7 @@ struct NodeShape {
   bool is_list;           // a list or leaf-list
   bool is_leaf;           // a leaf or leaf-list
   bool is_printed_empty;  // a container with presence, or a list entry
-  std::string json_name;  // "name": or "module:name": with a blank behind it
+  std::string json_name;  // "name": or "module:name": with a blank after it
   std::string xml_start;  // <name or <name xmlns="..."
   std::string xml_end;    // </name> and the end of the line
 };

@@ -40,7 +40,7 @@ class PathParser {
 
   void expect(char character) {
     if (at_ == path_.size() || path_[at_] != character) {
-      refuse(std::string("'") + character + "' is missing behind '" + shortened(path_.substr(0, at_)) + "'");
+      refuse(std::string("'") + character + "' is missing after '" + shortened(path_.substr(0, at_)) + "'");
     }
     ++at_;
   }
@@ -51,7 +51,7 @@ class PathParser {
     const size_t begin = at_;
     at_ = std::min(path_.find_first_of("/[]=: \t\r\n", at_), path_.size());
     if (at_ == begin) {
-      refuse("the name of a node is missing behind '" + shortened(path_.substr(0, at_)) + "'");
+      refuse("the name of a node is missing after '" + shortened(path_.substr(0, at_)) + "'");
     }
     return std::string(path_.substr(begin, at_ - begin));
   }

@@ -24,8 +24,8 @@ struct PathStep {
 
 // Takes apart a path of at least one step, such as "/lacp/interfaces/interface[name='Bundle-Ether1']/config". The slash
 // at the front may be missing; slashes at the end are skipped. A value stands in quotes of either kind, as in XPath, or
-// without them up to the bracket, where a backslash takes away the meaning of the character behind it, as in the paths
-// of gNMI tools. Linear in the path. Throws Error for what is no path.
+// without them up to the bracket, where a backslash takes away the meaning of the character after it, as in the paths
+// of gNMI tools. Linear in the path. Throws Error for what is not a path.
 std::vector<PathStep> parse_path_steps(const std::string& path);
 
 }  // namespace oclacp::host

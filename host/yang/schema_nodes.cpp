@@ -42,7 +42,7 @@ const lysc_node* find_node(const ly_ctx* context, const std::vector<PathStep>& s
   return nodes.back();
 }
 
-// The node above in data: choices and their cases are passed over.
+// The node above in data: choices and their cases are skipped.
 const lysc_node* data_parent(const lysc_node* node) {
   do {
     node = node->parent;

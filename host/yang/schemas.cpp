@@ -41,7 +41,7 @@ void search_in(ly_ctx* context, const std::vector<std::string>& directories) {
   }
 }
 
-// The text in quotes behind `begin`, with which a message begins; empty for another message.
+// The text in quotes after `begin`, with which a message begins; empty for another message.
 std::string quoted_in(std::string_view message, std::string_view begin) {
   if (!message.starts_with(begin)) {
     return {};

@@ -39,7 +39,7 @@ class Schemas {
 
   // What a request is read against: the published models.
   [[nodiscard]] const ly_ctx* request() const { return request_.get(); }
-  // What native edits and a device's files are made of: the native models and the device's own description.
+  // What native edits and a device's files consist of: the native models and the device's own description.
   [[nodiscard]] const ly_ctx* native() const { return native_.get(); }
 
  private:

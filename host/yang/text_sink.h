@@ -68,7 +68,7 @@ class FileSink final : public TextSink {
   std::FILE* file_;
 };
 
-// Writes behind the end of a text.
+// Writes after the end of a text.
 class StringSink final : public TextSink {
  public:
   // `text` outlives this.

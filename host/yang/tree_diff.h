@@ -13,7 +13,7 @@ namespace oclacp::host {
 // The path of the first node that differs; empty when none does.
 std::string find_first_change(const ly_ctx* native, const lyd_node* before, const lyd_node* after);
 
-// All that differs, as libyang tells it: each node with a yang:operation; null for nothing.
+// All that differs, as libyang writes it: each node with a yang:operation; null for nothing.
 TreePtr find_difference(const ly_ctx* native, const lyd_node* before, const lyd_node* after);
 
 }  // namespace oclacp::host

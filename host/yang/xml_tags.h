@@ -16,7 +16,7 @@ struct XmlTag {
   std::string_view name;                                                  // with its prefix
   std::vector<std::pair<std::string_view, std::string_view>> attributes;  // names with prefixes, values as written
   std::size_t begin;                                                      // of '<'
-  std::size_t end;                                                        // behind '>'
+  std::size_t end;                                                        // after '>'
 };
 
 // Goes through a text whose markup is complete; whether its tags fit each other is not looked at. Comments, CDATA

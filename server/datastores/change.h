@@ -27,7 +27,7 @@ struct Change {
 using Changes = std::vector<Change>;
 
 // What changes a configuration into another one, each with its first top node or null. Linear in their nodes. Any
-// thread that may use the trees. Defaults count as absent.
+// thread that may use the trees. Defaults are treated as absent.
 Changes find_changes(const lyd_node* before, const lyd_node* after);
 
 // What takes changes back.

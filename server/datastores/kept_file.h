@@ -15,7 +15,7 @@ namespace oclacp::server {
 //   user: admin                fields, one a line; a backslash and a line break in a value are "\\" and "\n"
 //   sections: 120 4533         how many bytes each section has
 //   checksum: 8c5f...          of all other bytes (64-bit FNV-1a)
-//                              an empty line, and the sections one behind the other
+//                              an empty line, and the sections one after the other
 struct KeptFile {
   std::vector<std::pair<std::string, std::string>> fields;
   std::vector<std::string> sections;

@@ -117,7 +117,7 @@ TEST(BadInput, RequestCutOrExtended_IsRefused) {
     EXPECT_EQ(cut.status, 1) << length;
     EXPECT_EQ(cut.out, "") << length;
   }
-  expect_refusal(translate(request + "}"), "text behind the end of the document");
+  expect_refusal(translate(request + "}"), "text after the end of the document");
 }
 
 TEST(BadFiles, RequestThatCannotBeRead_IsRefused) {
@@ -144,7 +144,7 @@ TEST(BadFiles, UnusableModule_IsRefused) {
   expect_refusal(translate("{}", {"--module", location::kHostLibrary}), "has no manifest beside it");
 }
 
-// As it is while it is being copied. A page behind the end of a file that was mapped ends a process.
+// As it is while it is being copied. A page after the end of a file that was mapped ends a process.
 TEST(BadFiles, AModuleThatIsCutOff_IsRefused) {
   const CopiedDevice folder;
   std::ostringstream whole;

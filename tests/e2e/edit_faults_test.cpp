@@ -246,7 +246,7 @@ TEST_F(Faults, InvalidConfiguration_IsRefusedAndKept) {
   for (const auto& [content, part] : {
            Broken{"", "/running.json: empty"},
            Broken{"{", "/running.json (line 1): the document ends early"},
-           Broken{"{}\n{}", "/running.json (line 2): text behind the end"},
+           Broken{"{}\n{}", "/running.json (line 2): text after the end"},
            Broken{"nonsense", "/running.json: "},
            Broken{"{\n\"no-such-module:lacp\": {}}", "no-such-module"},
            Broken{R"({"Talvo-Brin-QD-bundlemgr-cfg:lacp": {

@@ -206,7 +206,7 @@ TEST_F(Device, CreateOfAPresentNode_IsRefused) {
   expect_unchanged(edit(lacp(R"("interfaces": {)" + create + "}")), "/interfaces" + there, kDataExists);
   expect_unchanged(edit(entry("Bundle-Ether1")), "/interface[name='Bundle-Ether1']" + there, kDataExists);
   expect_unchanged(edit(config("Bundle-Ether1")), "/interface[name='Bundle-Ether1']/config" + there, kDataExists);
-  // An interface without LACP is no entry.
+  // An interface without LACP is not an entry.
   expect_success(edit(entry("GigabitEthernet0/0/0/4")));
   expect_success(edit(config("Bundle-Ether9")));
   before_ = read();

@@ -191,8 +191,8 @@ TEST_F(GetAllFrom, ModeWithoutAnOpenConfigForm_IsLeftOutAndReported) {
   const Outcome result = get({kBundle1 + "/state"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.err,
-            "oclacp: /openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether1']/state/lacp-mode: left "
-            "out, as what the device says has no OpenConfig form\n");
+            "oclacp: /openconfig-lacp:lacp/interfaces/interface[name='Bundle-Ether1']/state/lacp-mode: omitted: "
+            "the native value has no OpenConfig equivalent\n");
   EXPECT_EQ(squeezed(result.out), interfaces(R"({"name":"Bundle-Ether1","state":{"name":"Bundle-Ether1"}})"));
 }
 

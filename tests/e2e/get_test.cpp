@@ -89,7 +89,7 @@ TEST(Get, InvalidPath_IsRefused) {
   expect_refusal(get({"/lacp/colour"}), "oclacp: /openconfig-lacp:lacp/colour: no such node\n");
   expect_refusal(get({"/interfaces"}), "oclacp: /interfaces: no such node\n");
   expect_refusal(get({"colour"}), "oclacp: /colour: no such node\n");
-  expect_refusal(get({"/lacp/interfaces/interface[name=Bundle-Ether1"}), "']' is missing behind");
+  expect_refusal(get({"/lacp/interfaces/interface[name=Bundle-Ether1"}), "']' is missing after");
   expect_refusal(get({"/lacp/interfaces/interface[name='a'][name='b']"}),
                  "the list entry must name its key exactly once");
   expect_refusal(get({"/lacp/interfaces/interface[name='" + std::string(300, 'x') + "']"}),

@@ -110,7 +110,7 @@ std::string quoted(const std::string& text) {
   return "\"" + text + "\"";
 }
 
-// The members of an object, each with a comma behind it.
+// The members of an object, each with a comma after it.
 std::string object(const char* name, const std::string& members) {
   return members.empty() ? "" : quoted(name) + ":{" + members.substr(0, members.size() - 1) + "},";
 }

@@ -150,8 +150,8 @@ TEST_F(ScalingOnADevice, RemoveOfConfig_IsLinear) {
   expect_linear_edit(R"(, "config": {"@": {"ietf-netconf:operation": "remove"}})");
 }
 
-// The module compares each name with those of the data store one after the other, which is no more than a look at each.
-// What the store does for each search must not grow with the interfaces.
+// The module compares each name with those of the data store one after the other, which is no more than one comparison
+// each. What the store does for each search must not grow with the interfaces.
 TEST_F(ScalingOnADevice, DeletesOfEntries_AreNearlyLinear) {
   const std::string content = R"(, "@": {"ietf-netconf:operation": "delete"})";
   const double one = time_of_edit(300, content);

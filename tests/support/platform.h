@@ -51,7 +51,7 @@ struct Record {
 
   Sink sink;
   std::string level;                            // "ERR" or "TRC"
-  std::string text;                             // behind the prefix
+  std::string text;                             // after the prefix
   std::size_t length = 0;                       // of the whole record
   const std::uint32_t* call_site_id = nullptr;  // debug log
   const yfw_log_stream* stream = nullptr;       // debug log: where it went

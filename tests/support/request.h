@@ -40,7 +40,7 @@ struct NodeFields {
   std::uint32_t operation;
   const yfw_datatree* children;
   unsigned int child_count;
-  std::uint32_t flags;  // those that are put back
+  std::uint32_t flags;  // those that are restored
 
   bool operator==(const NodeFields& other) const = default;
   [[nodiscard]] std::string text() const;

@@ -100,7 +100,7 @@ struct TreeLine {
   Node node;
 };
 
-// Takes the node at `next` and, as its children, the deeper ones behind it.
+// Takes the node at `next` and, as its children, the deeper ones after it.
 Node take_tree(std::vector<TreeLine>& lines, std::size_t& next) {
   const std::size_t depth = lines[next].depth;
   Node node = std::move(lines[next++].node);

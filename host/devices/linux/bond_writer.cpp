@@ -169,7 +169,7 @@ std::string BondWriter::roll_back(const std::vector<BondChange>& changes, std::s
       failure = "out of memory";
     }
     if (failure) {
-      text += "; " + change.name + " could not be put back: " + *failure;
+      text += "; " + change.name + " could not be restored: " + *failure;
     }
   }
   for (const std::string& warning : warnings) {
@@ -178,7 +178,7 @@ std::string BondWriter::roll_back(const std::vector<BondChange>& changes, std::s
   return text;
 }
 
-// Whether there is nothing to put back on the bond whose change failed: it is as it was, or gone.
+// Whether there is nothing to restore on the bond whose change failed: it is as it was, or gone.
 bool BondWriter::is_as_before(const BondChange& change) {
   try {
     const std::vector<Link> links = dump_links(socket_);
@@ -186,7 +186,7 @@ bool BondWriter::is_as_before(const BondChange& change) {
         std::find_if(links.begin(), links.end(), [&](const Link& link) { return link.index == change.index; });
     return found == links.end() || !found->bond || settings_of(*found->bond) == change.before;
   } catch (const Error&) {
-    return false;  // To put it back fails for the same reason, and is reported then.
+    return false;  // To restore it fails for the same reason, and is reported then.
   }
 }
 

@@ -23,11 +23,11 @@ class BondWriter {
       : socket_(socket), member_wait_(member_wait) {}
 
   // Carries out the changes in their order. Before one that interrupts, the addresses, routes and neighbours of the
-  // bond and of what is stacked on it are read; the bond goes down and comes up again, they are put back, and the
+  // bond and of what is stacked on it are read; the bond goes down and comes up again, they are restored, and the
   // members that carried frames are waited for.
   //
   // Returns what a person has to know although all changes are made: what did not come back in time. When one fails,
-  // what was changed is put back in reverse order, and Error is thrown; it tells what could not be put back, too.
+  // what was changed is restored in reverse order, and Error is thrown; it tells what could not be restored, too.
   std::vector<std::string> apply(const std::vector<BondChange>& changes);
 
  private:

@@ -32,7 +32,7 @@ struct BondingText {
 };
 
 // The text is made for people: lines may be missing, new, or in another order within their block. What is not
-// understood is skipped, and a value that is no number or address of the right size is treated as absent.
+// understood is skipped, and a value that is not a number or address of the right size is treated as absent.
 BondingText parse_bonding_text(std::string_view text);
 
 }  // namespace oclacp::host

@@ -81,7 +81,7 @@ void for_each_nexthop(const nlattr& multipath, Visit visit) {
   }
 }
 
-// What the kernel says of a path's state is no part of its configuration.
+// What the kernel says of a path's state is not part of its configuration.
 constexpr unsigned kConfiguredNexthopFlags = RTNH_F_ONLINK | RTNH_F_PERVASIVE;
 
 NetlinkRequest copy_of_route(const nlmsghdr& message) {

@@ -10,7 +10,7 @@
 
 namespace oclacp::host {
 
-// The addresses, routes, permanent neighbours and proxies of interfaces as they were read, to be put back. What the
+// The addresses, routes, permanent neighbours and proxies of interfaces as they were read, to be restored. What the
 // kernel makes itself, or learns again, is not kept: its own routes, those of router advertisements, temporary
 // addresses.
 class IpConfiguration {
@@ -24,7 +24,7 @@ class IpConfiguration {
   // not answer.
   void put_back(NetlinkSocket& socket);
 
-  // What has not been put back so far, and why: "the route 10.0.0.0/8: Network is unreachable".
+  // What has not been restored so far, and why: "the route 10.0.0.0/8: Network is unreachable".
   [[nodiscard]] std::vector<std::string> missing() const;
 
  private:
@@ -34,14 +34,14 @@ class IpConfiguration {
     std::string reason;  // why it was refused the last time
   };
 
-  // Drops the items behind the first `count`.
+  // Drops the items after the first `count`.
   void drop_from(std::size_t count);
   void read_addresses(NetlinkSocket& socket);
   void read_routes(NetlinkSocket& socket, unsigned char family);
   void read_neighbours(NetlinkSocket& socket, unsigned char flags);
 
   std::unordered_set<int> interfaces_;
-  std::vector<Item> items_;  // in the order in which they are put back
+  std::vector<Item> items_;  // in the order in which they are restored
 };
 
 }  // namespace oclacp::host

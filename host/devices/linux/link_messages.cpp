@@ -54,7 +54,7 @@ BondPortAttributes read_bond_port(const nlattr& data) {
   return port;
 }
 
-// The data of a kind mean nothing without the kind, which may stand behind them.
+// The data of a kind mean nothing without the kind, which may stand after them.
 void read_link_info(const nlattr& info, Link& link) {
   std::string port_kind;
   const nlattr* data = nullptr;

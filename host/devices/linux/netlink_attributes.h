@@ -26,7 +26,7 @@ inline const nlmsghdr* take_message(std::string_view& bytes) {
   return message;
 }
 
-// Calls `visit` with each attribute of a message behind its header of `header_size` bytes; stops at one that does not
+// Calls `visit` with each attribute of a message after its header of `header_size` bytes; stops at one that does not
 // fit into the message.
 template <typename Visit>
 void for_each_attribute(const nlmsghdr& message, std::size_t header_size, Visit visit) {

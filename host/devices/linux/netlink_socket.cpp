@@ -25,7 +25,7 @@ constexpr std::size_t kReceiveBuffer = 65536;
   fail(what + ": " + std::strerror(error));
 }
 
-// The payload of NLMSG_ERROR, whose attributes follow behind the header of the request (NETLINK_CAP_ACK).
+// The payload of NLMSG_ERROR, whose attributes follow after the header of the request (NETLINK_CAP_ACK).
 std::optional<KernelRefusal> read_outcome(const nlmsghdr& message) {
   const auto* outcome = static_cast<const nlmsgerr*>(mnl_nlmsg_get_payload(&message));
   if (mnl_nlmsg_get_payload_len(&message) < sizeof(*outcome)) {

@@ -65,7 +65,7 @@ class NetlinkSocket {
 
   // Sends a request for a dump and calls `visit` with each message of the answer, once it has been checked. Returns
   // whether the answer is of one moment: when what is dumped changes meanwhile, the kernel says that something may be
-  // missing or there twice (NLM_F_DUMP_INTR). Throws Error when the answer does not come, or is no answer.
+  // missing or there twice (NLM_F_DUMP_INTR). Throws Error when the answer does not come, or is not an answer.
   [[nodiscard]] bool dump(NetlinkRequest& request, const Visitor& visit);
 
   // Sends a request and waits until the kernel has carried it out. Nothing when it has; otherwise why it has not.

@@ -92,7 +92,7 @@ TEST(Layers, ProgramAndDaemon_AreUnknownToTheHost) {
   EXPECT_THAT(upwards, testing::IsEmpty());
 }
 
-// The contract's operations are for the module: the host below and above the services uses what they are made of.
+// The contract's operations are for the module: the host below and above the services uses what they are built on.
 TEST(Layers, ContractOperation_IsNotUsedByTheHost) {
   const std::regex call(
       "\\b(yfw_\\w+|cerr_strerror|named_free|platform_get_\\w+|_?sysdb_\\w+|imc_\\w+|bag_register\\w*)\\(");

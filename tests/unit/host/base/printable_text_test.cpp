@@ -40,7 +40,7 @@ TEST(PrintableText, OfBytesThatAreNoUtf8_IsEscapedByteByByte) {
       {"\xc0\x80", "\\xc0\\x80"},                    // longer than needed
       {"\xe0\x80\x9b", "\\xe0\\x80\\x9b"},           // the same
       {"\xed\xa0\x80", "\\xed\\xa0\\x80"},           // half of a pair of UTF-16
-      {"\xf4\x90\x80\x80", "\\xf4\\x90\\x80\\x80"},  // behind the last character
+      {"\xf4\x90\x80\x80", "\\xf4\\x90\\x80\\x80"},  // after the last character
       {"\xe2\x80", "\\xe2\\x80"}};                   // cut off
   for (const auto& [text, shown] : cases) {
     EXPECT_EQ(printable(text), shown);

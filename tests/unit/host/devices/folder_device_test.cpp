@@ -177,7 +177,7 @@ TEST_F(FolderDeviceTest, Period_IsNormalizedOnlyByACanonicalDevice) {
 TEST_F(FolderDeviceTest, FileThatIsNotOneDocument_IsRefused) {
   for (const auto& [content, reason] : std::initializer_list<std::pair<std::string, std::string>>{
            {"", ": empty"},
-           {"{}\n{}", " (line 2): text behind the end of the document"},
+           {"{}\n{}", " (line 2): text after the end of the document"},
            {"{\n\"a\": {", " (line 2): the document ends early"},
            {std::string(200, '['), " (line 1): nested deeper than 100 levels"}}) {
     folder_.write("running.json", content);

@@ -60,9 +60,9 @@ TEST_F(CoverageTest, ReasonOf_FollowsWhatIsKnownOfTheLeaf) {
   CoveredLeaf leaf = at(entry_ + "state/interval");
   ASSERT_TRUE(leaf.refusal);
   leaf.refusal.reset();
-  EXPECT_EQ(reason_of(leaf), "comes to nothing, has no source");
+  EXPECT_EQ(reason_of(leaf), "has no effect, has no source");
   leaf.sources = at(entry_ + "name").sources;
-  EXPECT_EQ(reason_of(leaf), "comes to nothing");
+  EXPECT_EQ(reason_of(leaf), "has no effect");
   leaf.is_known = false;
   EXPECT_EQ(reason_of(leaf), "unknown to the mapping");
 }

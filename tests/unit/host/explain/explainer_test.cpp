@@ -68,11 +68,11 @@ TEST_F(ExplainerTest, NativeLeaf_IsExplainedInBothDirections) {
                     HasSubstr("\nAn edit sets it from\n  /openconfig-lacp:lacp/interfaces/interface/name\n"),
                     HasSubstr("\nIt is asked for by a read of\n  /openconfig-lacp:lacp/interfaces/interface/name\n")));
   EXPECT_THAT(explainer_.explain("/interface-configurations/interface-configuration/active"),
-              AllOf(HasSubstr("\nNo handler serves it.\n\nNothing in openconfig-lacp is made of it.\n"),
+              AllOf(HasSubstr("\nNo handler serves it.\n\nNothing in openconfig-lacp is built from it.\n"),
                     HasSubstr("\n    \"Bundle-Ether1\" -> \"act\"\n")));
   EXPECT_THAT(explainer_.explain("/bundle/lacp-delay"),
               AllOf(HasSubstr("ymap_qo_oclacp_talvobrinqdbundlemgrcfg_leaf_lvla_bundle_lacpdelay\n"),
-                    HasSubstr("\nNothing in openconfig-lacp is made of it.\n")));
+                    HasSubstr("\nNothing in openconfig-lacp is built from it.\n")));
 }
 
 TEST_F(ExplainerTest, List_ExplainsItsEntriesAndEachLeaf) {

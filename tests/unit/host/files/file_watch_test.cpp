@@ -28,7 +28,7 @@ class FileWatchTest : public testing::Test {
     EXPECT_TRUE(is_signalled());
     EXPECT_TRUE(watch_->take_changes());
     EXPECT_FALSE(is_signalled(0)) << "a change is still signalled after it was taken";
-    EXPECT_FALSE(watch_->take_changes()) << "a change is told twice";
+    EXPECT_FALSE(watch_->take_changes()) << "a change is reported twice";
   }
 
   TemporaryFolder folder_;

@@ -14,7 +14,7 @@ TEST(SharedLibrary, ThatIsCut_IsRefusedWithItsLength) {
   const TemporaryFolder folder;
   const std::string file = folder.path() + "/cut.so";
   const std::string whole = read_text_file(location::kModule);
-  // From behind the header, which dlopen() itself asks for, to the last byte.
+  // From after the header, which dlopen() itself asks for, to the last byte.
   for (const size_t length : {size_t{64}, size_t{100}, size_t{4096}, whole.size() / 2, whole.size() - 1}) {
     folder.write("cut.so", whole.substr(0, length));
     EXPECT_THAT(refusal_of([&] { check_shared_library_is_whole(file); }),

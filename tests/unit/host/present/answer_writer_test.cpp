@@ -54,12 +54,11 @@ TEST(AnswerWriter, Nothing_AsLibyang) {
 
 TEST(AnswerWriter, EmptyContainers_AsLibyang) {
   NodeShapes shapes;
-  for (const char* text :
-       {R"({"every-type:all": {}})", R"({"every-type:all": {"hollow": {"inner": {}, "other": {}}}})",
-        R"({"every-type:all": {"here": {}}})", R"({"every-type:all": {"here": {"hollow": {}}}})",
-        R"({"every-type:all": {"hollow": {"inner": {}}, "at-the-end": "x"}})",
-        R"({"every-type:all": {"hollow": {"inner": {}, "other": {"text": ""}}}})",
-        R"({"every-type:all": {"entry": [{"major": "", "minor": 1, "inner": {}, "behind": {}}]}})"}) {
+  for (const char* text : {R"({"every-type:all": {}})", R"({"every-type:all": {"hollow": {"inner": {}, "other": {}}}})",
+                           R"({"every-type:all": {"here": {}}})", R"({"every-type:all": {"here": {"hollow": {}}}})",
+                           R"({"every-type:all": {"hollow": {"inner": {}}, "at-the-end": "x"}})",
+                           R"({"every-type:all": {"hollow": {"inner": {}, "other": {"text": ""}}}})",
+                           R"({"every-type:all": {"entry": [{"major": "", "minor": 1, "inner": {}, "after": {}}]}})"}) {
     expect_same_documents(parse_answer(text, every_type()), shapes, every_type(), text);
   }
 }

@@ -133,8 +133,9 @@ TEST_F(Registry, IncompleteOrUnsupportedDescriptor_IsRefused) {
 }
 
 TEST_F(Registry, InvalidSchema_IsRefused) {
-  EXPECT_EQ(judge_schemas("$9={a}Q;", kCompact), "bag: full schema: character 7: this is no type of field");
-  EXPECT_EQ(judge_schemas(kFull, "$9=De$4.;$4=16x%s"), "bag: compact schema: character 18: this is no type of field");
+  EXPECT_EQ(judge_schemas("$9={a}Q;", kCompact), "bag: full schema: character 7: this is not a type of field");
+  EXPECT_EQ(judge_schemas(kFull, "$9=De$4.;$4=16x%s"),
+            "bag: compact schema: character 18: this is not a type of field");
   EXPECT_EQ(judge_schemas(kFull, "$9=De$4.;"), "bag: compact schema: $4 is used and not defined");
 }
 

@@ -109,11 +109,11 @@ TEST(RecordSchema, InvalidText_IsRefusedWithItsPosition) {
   EXPECT_EQ(refusal_of_full("$1={a}DI;"), "character 8: '{' is missing");
   EXPECT_EQ(refusal_of_full("$1={}D;"), "character 5: a name is missing");
   EXPECT_EQ(refusal_of_full("$1={a-b}D;"), "character 6: '}' is missing");
-  EXPECT_EQ(refusal_of_full("$1={a}Q;"), "character 7: this is no type of field");
-  EXPECT_EQ(refusal_of_full("$1={a}e;"), "character 7: this is no type of field");
+  EXPECT_EQ(refusal_of_full("$1={a}Q;"), "character 7: this is not a type of field");
+  EXPECT_EQ(refusal_of_full("$1={a}e;"), "character 7: this is not a type of field");
   EXPECT_EQ(refusal_of_full("$1={a}[hue]D;"), "character 12: 'e' is missing");
-  EXPECT_EQ(refusal_of_full("$1={a}D%m;"), "character 9: this is no hint for the type of field before it");
-  EXPECT_EQ(refusal_of_full("$1={a}5x%m;"), "character 10: this is no hint for the type of field before it");
+  EXPECT_EQ(refusal_of_full("$1={a}D%m;"), "character 9: this is not a hint for the type of field before it");
+  EXPECT_EQ(refusal_of_full("$1={a}5x%m;"), "character 10: this is not a hint for the type of field before it");
   EXPECT_EQ(refusal_of_full("$1={a}0x;"), "character 8: raw bytes of this length are not supported");
   EXPECT_EQ(refusal_of_full("$1={a}65537x;"), "character 12: raw bytes of this length are not supported");
   EXPECT_EQ(refusal_of_full("$1={a}4294967296x;"), "character 16: the number is too large");
@@ -121,10 +121,10 @@ TEST(RecordSchema, InvalidText_IsRefusedWithItsPosition) {
   EXPECT_EQ(refusal_of_full("$1=?(<t,e>);"), "character 11: ',' is missing");
   EXPECT_EQ(refusal_of_full("$1=?(,0:{a}D);"), "character 6: '<' is missing");
   EXPECT_EQ(refusal_of_full("$1={a}D;garbage"), "character 9: '$' is missing");
-  EXPECT_EQ(refusal_of_compact("$1={a}D;"), "character 4: this is no type of field");
+  EXPECT_EQ(refusal_of_compact("$1={a}D;"), "character 4: this is not a type of field");
   EXPECT_EQ(refusal_of_compact("$1=$2;$2=D;"), "character 6: '.' is missing");
-  EXPECT_EQ(refusal_of_compact("$1=[hue]e;"), "character 4: this is no type of field");
-  EXPECT_EQ(refusal_of_compact("$1=D"), "character 5: this is no type of field");
+  EXPECT_EQ(refusal_of_compact("$1=[hue]e;"), "character 4: this is not a type of field");
+  EXPECT_EQ(refusal_of_compact("$1=D"), "character 5: this is not a type of field");
 }
 
 TEST(RecordSchema, InconsistentTypes_AreRefused) {

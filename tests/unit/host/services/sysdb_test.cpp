@@ -109,12 +109,12 @@ TEST_F(DeviceFolder, AttributeInData_IsRefused) {
 
 TEST_F(DeviceFolder, DataOfAnotherFile_IsRefused) {
   write(kPlatform, kPlatform);
-  EXPECT_EQ(opened(), folder_.path() + "/running.json: /oclacp-platform:platform: is no configuration or state");
+  EXPECT_EQ(opened(), folder_.path() + "/running.json: /oclacp-platform:platform: is neither configuration nor state");
   write(R"({"oclacp-platform:platform": {"router-type": 3},
             "Talvo-Brin-QD-bundlemgr-cfg:lacp": {"system-priority": 5}})",
         "{}");
   EXPECT_EQ(opened(), folder_.path() +
-                          "/platform.json: /Talvo-Brin-QD-bundlemgr-cfg:lacp: is no part of the "
+                          "/platform.json: /Talvo-Brin-QD-bundlemgr-cfg:lacp: is not part of the "
                           "description of a device");
 }
 

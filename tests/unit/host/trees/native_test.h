@@ -1,4 +1,4 @@
-// Native data and what is made of it.
+// Native data and what is built from it.
 #pragma once
 
 #include <string>

@@ -61,7 +61,7 @@ TEST(RequestPath, PathThatNamesNoNode_IsRefused) {
   EXPECT_EQ(refused(""), "the path '': names no node");
   EXPECT_EQ(refused("//"), "the path '//': names no node");
   EXPECT_EQ(refused("colour"), "/colour: no such node");
-  EXPECT_EQ(refused("/lacp//config"), "the path '/lacp//config': the name of a node is missing behind '/lacp/'");
+  EXPECT_EQ(refused("/lacp//config"), "the path '/lacp//config': the name of a node is missing after '/lacp/'");
   EXPECT_EQ(refused("/lacp/colour"), "/openconfig-lacp:lacp/colour: no such node");
   EXPECT_EQ(refused("/lacp/other:config"), "/openconfig-lacp:lacp/other:config: unknown module 'other'");
   EXPECT_EQ(refused("/lacp/config/system-priority/more"),
@@ -70,13 +70,13 @@ TEST(RequestPath, PathThatNamesNoNode_IsRefused) {
 
 TEST(RequestPath, InvalidPredicate_IsRefused) {
   const std::string list = "/lacp/interfaces/interface";
-  EXPECT_EQ(refused(list + "[name"), "the path '" + list + "[name': '=' is missing behind '" + list + "[name'");
+  EXPECT_EQ(refused(list + "[name"), "the path '" + list + "[name': '=' is missing after '" + list + "[name'");
   EXPECT_EQ(refused(list + "[name='x"), "the path '" + list + "[name='x': a text in quotes has no end");
   EXPECT_EQ(refused(list + "[name='x'"),
-            "the path '" + list + "[name='x'': ']' is missing behind '" + list + "[name='x''");
+            "the path '" + list + "[name='x'': ']' is missing after '" + list + "[name='x''");
   EXPECT_EQ(refused(list + "[name='']"), "the path '" + list + "[name='']': 'name' is given no value");
   EXPECT_EQ(refused(list + "[name='x']y"),
-            "the path '" + list + "[name='x']y': '/' is missing behind '" + list + "[name='x']'");
+            "the path '" + list + "[name='x']y': '/' is missing after '" + list + "[name='x']'");
   EXPECT_EQ(refused(list + "[colour='x']"), "/openconfig-lacp:lacp/interfaces/interface/colour: no such node");
   EXPECT_EQ(refused("/lacp[.='x']"), "/openconfig-lacp:lacp: takes no value");
   EXPECT_EQ(refused(list + "/config/interval[.='MEDIUM']"),

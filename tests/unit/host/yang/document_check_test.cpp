@@ -30,7 +30,7 @@ TEST(DocumentInfo, NulCharacter_IsRefused) {
   EXPECT_EQ(inspected(std::string("{ \0}", 4)), "the request: holds a NUL character");
 }
 
-TEST(DocumentInfo, RefusesOtherEncodings) {
+TEST(DocumentInfo, OtherEncoding_IsRefused) {
   for (const std::string& text : {std::string("\xff\xfe{\0}\0", 6), std::string("\xfe\xff\0<", 4),
                                   std::string("<\0a\0", 4), std::string("\0{\0}", 4)}) {
     EXPECT_EQ(inspected(text), "the request: is encoded in UTF-16, not in UTF-8");
@@ -38,12 +38,12 @@ TEST(DocumentInfo, RefusesOtherEncodings) {
   EXPECT_EQ(inspected("\xef\xbb\xbf{}"), "the request: starts with a byte order mark");
 }
 
-TEST(DocumentInfo, RefusesDocumentTypes) {
+TEST(DocumentInfo, DocumentType_IsRefused) {
   EXPECT_EQ(inspected("<?xml version='1.0'?>\n<!DOCTYPE a [<!ENTITY b 'c'>]>\n<a/>"),
             "the request (line 2): holds a document type declaration, which is not accepted");
 }
 
-TEST(DocumentInfo, CutsLongNamesInMessages) {
+TEST(DocumentInfo, LongNameInAMessage_IsCut) {
   EXPECT_EQ(inspected("<a " + std::string(300, 'b') + "='c'/>"),
             "the request (line 1): attribute '" + std::string(200, 'b') +
                 "... (300 characters)' is not understood, only 'operation' of the NETCONF base namespace is");
@@ -91,7 +91,7 @@ TEST(DocumentInfo, UnfinishedJson_IsRefused) {
 }
 
 TEST(DocumentInfo, TextAfterTheJsonDocument_IsRefused) {
-  EXPECT_EQ(inspected("{}\n{}"), "the request (line 2): text behind the end of the document");
+  EXPECT_EQ(inspected("{}\n{}"), "the request (line 2): text after the end of the document");
   EXPECT_EQ(inspected("{} \n"), "accepted");
 }
 

@@ -72,7 +72,7 @@ TEST(EditEnvelope, WhatIsNotCarriedOut_IsRefusedWithItsLine) {
            {"<edit-config><config/><config/></edit-config>", " (line 1): <config> stands there twice"},
            {"<config>\n<a>", " (line 1): <config> has no end"},
            {"<config></konfig>", " (line 1): </konfig> stands where <config> should end"},
-           {"<config/><config/>", " (line 1): text behind the end of the document"}}) {
+           {"<config/><config/>", " (line 1): text after the end of the document"}}) {
     EXPECT_EQ(refused(text), "the request" + reason) << text;
   }
 }

@@ -29,7 +29,7 @@ TEST(PathSteps, QuotedValueWithSeparators_IsTakenWhole) {
 
 TEST(PathSteps, InvalidPath_IsRefusedWithThePath) {
   EXPECT_EQ(refusal_of([] { parse_path_steps("/a:/b"); }),
-            "the path '/a:/b': the name of a node is missing behind '/a:'");
+            "the path '/a:/b': the name of a node is missing after '/a:'");
 }
 
 TEST(PathSteps, WithoutTheFirstSlash_IsTheSamePath) {
@@ -55,7 +55,7 @@ TEST(PathSteps, ModuleInAPredicate_IsSkipped) {
 }
 
 TEST(PathSteps, BareValueWithoutAnEnd_IsRefused) {
-  EXPECT_EQ(refusal_of([] { parse_path_steps("/a[b=c"); }), "the path '/a[b=c': ']' is missing behind '/a[b=c'");
+  EXPECT_EQ(refusal_of([] { parse_path_steps("/a[b=c"); }), "the path '/a[b=c': ']' is missing after '/a[b=c'");
   EXPECT_EQ(refusal_of([] { parse_path_steps("/a[b=]"); }), "the path '/a[b=]': 'b' is given no value");
 }
 

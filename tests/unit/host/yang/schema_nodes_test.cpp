@@ -47,7 +47,7 @@ TEST(SchemaPath, UnknownNodeOrPredicate_IsRefused) {
             "/lacp/config/system-priority/more: neither openconfig-lacp nor a native model has such a node");
   EXPECT_EQ(
       refused("/lacp/interfaces/interface[name='a'"),
-      "the path '/lacp/interfaces/interface[name='a'': ']' is missing behind '/lacp/interfaces/interface[name='a''");
+      "the path '/lacp/interfaces/interface[name='a'': ']' is missing after '/lacp/interfaces/interface[name='a''");
   EXPECT_EQ(refused("/lacp/interfaces/interface[colour='a']"),
             "/openconfig-lacp:lacp/interfaces/interface: the predicate 'colour' names no leaf of it");
   EXPECT_EQ(refused("/lacp/config[.='5']"), "/openconfig-lacp:lacp/config: the predicate '.' names no leaf of it");

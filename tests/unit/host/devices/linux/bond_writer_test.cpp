@@ -239,7 +239,7 @@ TEST(BondWriter, UndoFailsToo_BothAreTold) {
   Kernel kernel = five_bonds();
   kernel.errors = {{3, EINVAL}, {4, EBUSY}};
   EXPECT_EQ(write(kernel, five_changes()),
-            "bond3: Invalid argument; bond2 could not be put back: Device or resource busy");
+            "bond3: Invalid argument; bond2 could not be restored: Device or resource busy");
   EXPECT_EQ(kernel.bonds[1].settings, BondSettings());
 }
 

@@ -29,7 +29,7 @@ inline std::string recorded(const std::string& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-// The messages that stand one behind the other in some bytes. libmnl reads numbers where they stand, so that the bytes
+// The messages that stand one after the other in some bytes. libmnl reads numbers where they stand, so that the bytes
 // have to be aligned, as those of a std::string on the heap are.
 inline std::vector<std::string> messages_of(const std::string& bytes) {
   std::vector<std::string> messages;

@@ -55,7 +55,7 @@ struct Kernel {
   std::vector<Datagram> addresses;
   std::vector<Datagram> routes;
   std::vector<Datagram> neighbours;
-  std::vector<int> outcomes;          // of the requests to make something, in their order; 0 behind the last
+  std::vector<int> outcomes;          // of the requests to make something, in their order; 0 after the last
   std::vector<std::string> requests;  // to make something
 
   std::vector<Datagram> answer(const nlmsghdr& request) {
