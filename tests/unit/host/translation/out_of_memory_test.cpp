@@ -85,7 +85,19 @@ class OutOfMemory : public testing::Test {
   Translator translator_{{location::kSchemas, ""}, location::kModule};
 };
 
+// Tools such as valgrind put an operator new of their own in the place of this one.
+bool is_counting() {
+  allocations_left = 1;
+  const std::unique_ptr<int> any(static_cast<int*>(operator new(sizeof(int))));
+  const bool has_counted = allocations_left == 0;
+  allocations_left = -1;
+  return has_counted;
+}
+
 TEST_F(OutOfMemory, AtAnyAllocation_LeavesTheDeviceAsItWas) {
+  if (!is_counting()) {
+    GTEST_SKIP() << "another operator new is in the place of the test's";
+  }
   constexpr long kMost = 20'000;
   long failing = 0;
   bool is_done = false;
