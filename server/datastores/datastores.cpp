@@ -30,7 +30,14 @@ class Datastores::DeviceUse {
       lock_ = held->device.get();
       return;
     }
-    own_ = datastores.device_.lock({.longest_wait = datastores.limits_.longest_wait, .owner = owner.name});
+    try {
+      own_ = datastores.device_.lock({.longest_wait = datastores.limits_.longest_wait, .owner = owner.name});
+    } catch (const Error& error) {
+      if (error.kind() != ErrorKind::kLockDenied) {
+        throw;
+      }
+      throw LockDenied(ErrorKind::kInUse, error.what(), 0);  // who changes something asked for no lock
+    }
     lock_ = own_.get();
   }
 
@@ -128,17 +135,21 @@ CommitResult Datastores::carry_out(const Owner& owner, const CommitRequest& requ
   const bool is_expected_back = request.confirmation || (pending_ && !commit.changes.empty());
   std::optional<PendingCommit> previous;
   if (is_expected_back) {
-    PendingCommit next = make_pending(owner, request, commit);
-    confirmed_.write(next);
-    previous = std::exchange(pending_, std::move(next));
+    previous = std::exchange(pending_, make_pending(owner, request, commit));
   }
   const Changes changes = commit.changes;
   CommitResult result;
   try {
+    if (is_expected_back) {
+      confirmed_.write(*pending_);
+    }
     const JournalEntry entry = make_entry(owner, changes, note);
     result = apply(entry, lock, std::move(commit), {.may_interrupt = request.may_interrupt});
   } catch (const Error&) {
-    if (!settle_failed_commit(changes) && is_expected_back) {
+    const bool is_in_place = settle_failed_commit(changes);
+    if (is_in_place && request.confirmation) {
+      set_deadline();
+    } else if (!is_in_place && is_expected_back) {
       replace_pending(std::move(previous));
     }
     throw;

@@ -183,7 +183,7 @@ TEST_F(DatastoresTest, LockOnRunning_IsThatOfTheDevice) {
   } catch (const LockDenied& denied) {
     EXPECT_EQ(denied.holder(), 0U);
   }
-  EXPECT_EQ(kind_of_refusal([&] { datastores_->edit(alice(), kRunning, setting(0, 9, 3)); }), ErrorKind::kLockDenied);
+  EXPECT_EQ(kind_of_refusal([&] { datastores_->edit(alice(), kRunning, setting(0, 9, 3)); }), ErrorKind::kInUse);
 }
 
 TEST_F(DatastoresTest, LockOnAChangedCandidate_IsDenied) {
@@ -396,7 +396,7 @@ TEST_F(ConfirmedCommitTest, ThatCannotComeBack_IsTriedAgain) {
   clock_.pass(std::chrono::seconds(60));
   {
     const std::unique_ptr<host::DeviceLock> held = device_.lock({});
-    EXPECT_EQ(kind_of_refusal([&] { datastores_->expire(); }), ErrorKind::kLockDenied);
+    EXPECT_EQ(kind_of_refusal([&] { datastores_->expire(); }), ErrorKind::kInUse);
     EXPECT_FALSE(datastores_->expire());
   }
   clock_.pass(std::chrono::seconds(10));
