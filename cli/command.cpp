@@ -56,6 +56,7 @@ void add_modules(CLI::App& command, std::vector<std::string>& modules) {
           "given several times")
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->allow_extra_args(false)  // what follows a file is a path of the command
       ->type_name("FILE");
 }
 
@@ -120,8 +121,8 @@ void warn_unkeyed_entries(size_t entries) {
 
 void warn_omitted_leaves(const host::Answer& answer) {
   if (answer.dropped_leaves != 0) {
-    tell("left out " + std::to_string(answer.dropped_leaves) + (answer.dropped_leaves == 1 ? " leaf" : " leaves") +
-         " of native entries that come to no OpenConfig entry, as bundles that are sub-interfaces");
+    tell("omitted " + std::to_string(answer.dropped_leaves) + (answer.dropped_leaves == 1 ? " leaf" : " leaves") +
+         ": the native entry has no OpenConfig list entry (e.g. sub-interface bundles)");
   }
   constexpr size_t kNamed = 10;
   for (size_t leaf = 0; leaf < std::min(kNamed, answer.valueless.size()); ++leaf) {

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "cli/command.h"
+#include "host/base/printable_text.h"
 #include "host/devices/open_device.h"
 #include "host/files/read_file.h"
 #include "host/yang/document_check.h"
@@ -49,7 +50,7 @@ void translate_read(host::Translator& translator, const host::DeviceSnapshot& de
   {
     Records records(arguments);
     for (const std::string& path : translator.translate_read(request, device, *arguments.read, records.sinks())) {
-      text.append(path).append("\n");
+      text.append(host::printable(path)).append("\n");
     }
   }
   print(text);

@@ -178,8 +178,7 @@ TEST_F(GetAllFrom, SubInterface_IsLeftOutWithItsMembers) {
   const Outcome result = get({"/lacp/interfaces/interface/members"});
   EXPECT_EQ(result.status, 0);
   EXPECT_EQ(result.err,
-            "oclacp: left out 4 leaves of native entries that come to no OpenConfig entry, as bundles that are "
-            "sub-interfaces\n");
+            "oclacp: omitted 4 leaves: the native entry has no OpenConfig list entry (e.g. sub-interface bundles)\n");
   EXPECT_EQ(squeezed(result.out),
             interfaces(R"({"name":"Bundle-Ether1","members":{"member":[{"interface":"p1","state":{"interface":"p1",)"
                        R"("port-num":1}}]}},{"name":"Bundle-Ether2","members":{"member":[{"interface":"p2",)"

@@ -86,6 +86,10 @@ TEST_F(ModulesTest, ExplanationsCoverageAndRecords_AreThoseOfBoth) {
               testing::AllOf(HasSubstr("\nclock "), HasSubstr("\nlacp_system_id ")));
 }
 
+TEST_F(ModulesTest, PathAfterAModule_IsNotAModule) {
+  expect_success(run({"get", "-d", folder(), "--module", location::kModule, "/lacp/config"}));
+}
+
 TEST_F(ModulesTest, NodeThatNoModuleServes_IsRefused) {
   expect_refusal(run({"get", "/clock", "-d", folder()}), "clock");
   expect_refusal(translate(R"({"openconfig-lacp:lacp": {"config": {"system-priority": 5}}})",
