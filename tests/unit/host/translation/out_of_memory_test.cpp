@@ -26,9 +26,15 @@ void* allocate(size_t size) {
 
 }  // namespace
 
-// In the place of the library's.
+// In the place of the library's: all of them, since a sanitizer's own are not freed by these.
 void* operator new(size_t size) {
   return allocate(size);
+}
+void* operator new(size_t size, const std::nothrow_t& /*nothrow*/) noexcept {
+  return std::malloc(size == 0 ? 1 : size);
+}
+void* operator new[](size_t size, const std::nothrow_t& /*nothrow*/) noexcept {
+  return std::malloc(size == 0 ? 1 : size);
 }
 void* operator new[](size_t size) {
   return allocate(size);
