@@ -86,8 +86,8 @@ class Scanner {
 // Which characters of a JSON text matter outside of strings.
 constexpr std::array<bool, 256> kMatters = [] {
   std::array<bool, 256> matters{};
-  for (const unsigned char character : {'"', '{', '}', '[', ']'}) {
-    matters[character] = true;
+  for (const char character : {'"', '{', '}', '[', ']'}) {
+    matters[static_cast<unsigned char>(character)] = true;
   }
   return matters;
 }();

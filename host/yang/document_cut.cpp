@@ -86,8 +86,8 @@ constexpr std::string_view kBlanks = " \t\r\n";
 // Which characters matter while a value is skipped.
 constexpr std::array<bool, 256> kBrackets = [] {
   std::array<bool, 256> brackets{};
-  for (const unsigned char character : {'"', '{', '}', '[', ']'}) {
-    brackets[character] = true;
+  for (const char character : {'"', '{', '}', '[', ']'}) {
+    brackets[static_cast<unsigned char>(character)] = true;
   }
   return brackets;
 }();
